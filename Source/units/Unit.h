@@ -1,0 +1,75 @@
+#pragma once
+
+#include "units/BinaryDataType.h"
+
+class BaseUnit;
+class DataValue;
+
+// A unit of measure: its name and abbreviation (both part of the log format), the base unit in which values of its
+// dimension are held, and the way there: base = value * multiplier + addend.
+// Units are constants of the process. Each registers itself in the UnitRegistry as it is built.
+class Unit {
+public:
+    Unit(const char* name, const char* abbreviation, BinaryDataType type);   // its own base; the texts are borrowed
+    Unit(const char* name, const char* abbreviation, const BaseUnit& base, double multiplier, double addend);
+    virtual ~Unit() {}
+    Unit(const Unit&) = delete;
+    Unit& operator=(const Unit&) = delete;
+
+    const char* getName() const { return name_; }
+    const char* getAbbreviation() const { return abbreviation_; }
+    const Unit& getBaseUnit() const { return baseUnit_; }
+    BinaryDataType getDefaultDataType() const { return defaultDataType_; }
+
+    // From this unit to its base unit; the float forms round to float after each step, the int forms truncate.
+    void toSI(double& value) const;
+    void toSI(float& value) const;
+    void toSI(int& value) const;
+    double getSI(const double& value) const;
+    float getSI(const float& value) const;
+    int getSI(int value) const;
+
+    // From the base unit to this unit.
+    void toScaled(double& value) const;
+    void toScaled(float& value) const;
+    void toScaled(int& value) const;
+    double getScaled(const double& value) const;
+    float getScaled(const float& value) const;
+    int getScaled(int value) const;
+
+    // The same base unit object, addend and multiplier.
+    bool operator==(const Unit& other) const;
+    bool operator!=(const Unit& other) const { return !(*this == other); }
+
+    // A new value of this unit, owned by the caller; NO_TYPE takes the unit's default type. Without an initial value
+    // it is empty (NaN, 0, ""); with one, the string types and unknown codes give null.
+    DataValue* dataValue(BinaryDataType type = NO_TYPE) const;
+    DataValue* dataValue(const bool& value, BinaryDataType type = NO_TYPE) const;
+    DataValue* dataValue(const unsigned char& value, BinaryDataType type = NO_TYPE) const;
+    DataValue* dataValue(const int& value, BinaryDataType type = NO_TYPE) const;
+    DataValue* dataValue(const float& value, BinaryDataType type = NO_TYPE) const;
+    DataValue* dataValue(const double& value, BinaryDataType type = NO_TYPE) const;
+    template <typename... Args>
+    DataValue* operator()(const Args&... args) const {
+        return dataValue(args...);
+    }
+
+private:
+    const char* const name_;
+    const char* const abbreviation_;
+    const Unit& baseUnit_;
+    const BinaryDataType defaultDataType_;
+    const double toSiAddend_;
+    const double toSiMultiplier_;
+    const double fromSiAddend_;
+    const double fromSiMultiplier_;
+    const bool needSiAddend_;
+    const bool needSiMultiplier_;
+};
+
+// A unit in which values are held.
+class BaseUnit : public Unit {
+public:
+    BaseUnit(const char* name, const char* abbreviation, BinaryDataType type = NO_TYPE)
+        : Unit(name, abbreviation, type) {}
+};

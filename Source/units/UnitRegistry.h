@@ -1,0 +1,32 @@
+#pragma once
+
+#include "utils/FastMap.h"
+#include "utils/Str.h"
+
+class Unit;
+
+// Finds a unit by its name or its abbreviation, both keys of one sorted map. It does not own the units.
+// Threads: filled while the process starts, on one thread; read without a lock afterwards.
+class UnitRegistry {
+public:
+    // Called by every unit. A key that is taken already is reported on standard error and skipped, except an
+    // abbreviation of an equal unit, which is skipped silently.
+    static void AddUnit(const Unit* unit);
+    static const Unit* FindUnit(const Str& key);   // exact and case-sensitive; null when there is none
+    static unsigned int Size();                    // number of keys
+    static Str GetIndexedKey(unsigned int index);  // in byte order; empty when out of range
+    static const Unit* GetIndexedUnit(unsigned int index);
+
+private:
+    typedef FastMap<Str, const Unit*> UnitMap;
+
+    UnitRegistry() = default;
+
+    UnitMap unitMap_;
+
+    static UnitRegistry* Instance_;   // owned; made on the first AddUnit
+    struct StaticDestructor {
+        ~StaticDestructor();
+    };
+    static StaticDestructor StaticDestructor_;
+};

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "utils/FlexArray.h"
+
+// One key and its item in a FastMap.
+template <typename K, typename V>
+class MapEntry {
+public:
+    MapEntry(const K& key, V item, bool deleteOnCleanup) : key_(key), item_(item), deleteOnCleanup_(deleteOnCleanup) {}
+    virtual ~MapEntry() {
+        if (deleteOnCleanup_) delete item_;
+    }
+    MapEntry(const MapEntry&) = delete;
+    MapEntry& operator=(const MapEntry&) = delete;
+
+    virtual const K& getKey() const { return key_; }
+    virtual V getItem() const { return item_; }
+    virtual void setItem(V item) { item_ = item; }
+
+private:
+    K key_;
+    V item_;                 // owned when deleteOnCleanup_
+    bool deleteOnCleanup_;
+};
+
+// A map over a sorted array with binary search: K has compare(const K&), V is a pointer type.
+// It holds at most 16384 entries; one more pushes the entry with the highest key out, silently.
+// Threads: not synchronised; users lock.
+template <typename K, typename V>
+class FastMap {
+public:
+    static const unsigned int INITIAL_CAPACITY = 32;
+    static const unsigned int MAX_CAPACITY = 16384;
+
+    explicit FastMap(bool allowDups = false) : array_(true, INITIAL_CAPACITY, MAX_CAPACITY), allowDups_(allowDups) {}
+    virtual ~FastMap() {}
+
+    // False, with nothing stored, for a key that is present while duplicates are not allowed.
+    // deleteOnCleanup: the map owns the item from now on.
+    bool put(const K& key, V item, bool deleteOnCleanup);
+    V get(const K& key, bool = false) const;   // null when absent
+    V pop(const K& key);                       // taken out; null when absent
+    V getIndexed(unsigned int index) const;    // in key order; null past the end
+    MapEntry<K, V>* getIndexedEntry(unsigned int index, bool = false) const { return array_.at(index); }
+    V popIndexed(unsigned int index);
+    const K& findKey(V item, const K& defaultKey) const;
+    // The index of an equal key, or the one's complement of the place where the key belongs.
+    int findIndex(const K& key, int first = 0, int last = -1) const;
+    unsigned int size() const { return static_cast<unsigned int>(array_.getMaxIndex() + 1); }
+    FlexArray<MapEntry<K, V>*>& getArray() { return array_; }
+    void clear(bool = false) { array_.clear(); }
+
+private:
+    FlexArray<MapEntry<K, V>*> array_;   // owned entries, ascending by key
+    const bool allowDups_;
+};
+
+template <typename K, typename V>
+bool FastMap<K, V>::put(const K& key, V item, bool deleteOnCleanup) {
+    int index = findIndex(key);
+    if (index >= 0 && !allowDups_) return false;
+    if (index < 0) {
+        index = ~index;
+    } else {
+        while (index <= array_.getMaxIndex() && array_.at(index)->getKey().compare(key) == 0) ++index;
+    }
+    if (array_.size() == MAX_CAPACITY) {
+        delete array_.pop(static_cast<int>(MAX_CAPACITY) - 1);
+        if (index == static_cast<int>(MAX_CAPACITY)) return true;
+    }
+    array_.insert(static_cast<unsigned int>(index), new MapEntry<K, V>(key, item, deleteOnCleanup));
+    return true;
+}
+
+template <typename K, typename V>
+V FastMap<K, V>::get(const K& key, bool) const {
+    const int index = findIndex(key);
+    return index < 0 ? nullptr : array_.at(static_cast<unsigned int>(index))->getItem();
+}
+
+template <typename K, typename V>
+V FastMap<K, V>::pop(const K& key) {
+    const int index = findIndex(key);
+    return index < 0 ? nullptr : popIndexed(static_cast<unsigned int>(index));
+}
+
+template <typename K, typename V>
+V FastMap<K, V>::getIndexed(unsigned int index) const {
+    const MapEntry<K, V>* entry = array_.at(index);
+    return entry == nullptr ? nullptr : entry->getItem();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+
+#include "utils/Mutex.h"
+#include "utils/RingBuffer.h"
+
+// Recycles the blocks of one class, so that creating and deleting its objects at the data rate calls the heap only
+// while the number of live objects grows. Used by a class's own operator new and operator delete.
+// Lifetime: pools are never destroyed, since objects may be deleted after the last destructor of static objects ran;
+// drain() gives the free blocks back, and from then on release() frees.
+// Threads: allocate and release lock.
+class RecyclingPool {
+public:
+    // className ends the message of a wrong-size request: "Double DataValue".
+    constexpr RecyclingPool(const char* className, size_t blockSize) : className_(className), blockSize_(blockSize) {}
+
+    // A block of the class's size. A request of another size ends the process with status 1 after
+    // "Aborting: Requested %zu bytes for a %zu byte " and the class name on standard output.
+    void* allocate(size_t size);
+    void release(void* block);   // null is ignored
+    void drain();
+
+private:
+    [[noreturn]] void abortRequest(size_t size) const;
+
+    const char* const className_;
+    const size_t blockSize_;
+    RingBufferVoid* mallocRing_ = nullptr;   // owned free blocks; made on first use, null again after drain
+};

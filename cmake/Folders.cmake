@@ -1,0 +1,30 @@
+# How a folder of sources becomes a target. Warnings are errors in all of them.
+
+add_library(slate_options INTERFACE)
+target_include_directories(slate_options INTERFACE ${PROJECT_SOURCE_DIR}/Source)
+target_compile_options(slate_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wno-sign-conversion -Werror)
+if(SLATE_SANITIZE)
+  target_compile_options(slate_options INTERFACE -fsanitize=${SLATE_SANITIZE} -fno-omit-frame-pointer
+                                                 -fno-sanitize-recover=all)
+  target_link_options(slate_options INTERFACE -fsanitize=${SLATE_SANITIZE})
+endif()
+if(SLATE_COVERAGE)
+  target_compile_options(slate_options INTERFACE --coverage)
+  target_link_options(slate_options INTERFACE --coverage)
+endif()
+
+# slate_folder(name SOURCES file... LINKS target...): one static library for one folder; LINKS names the floors below.
+function(slate_folder name)
+  cmake_parse_arguments(FOLDER "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${FOLDER_SOURCES})
+  target_link_libraries(${name} PUBLIC slate_options ${FOLDER_LINKS})
+endfunction()
+
+# slate_test(name SOURCES file... LINKS target...): one GoogleTest program, its cases listed for CTest.
+function(slate_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${TEST_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/Tests)
+  target_link_libraries(${name} PRIVATE ${TEST_LINKS} GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+endfunction()
