@@ -1,0 +1,77 @@
+#pragma once
+
+#include <memory>
+
+#include "data/DataAccessor.h"
+#include "data/ElementURI.h"
+#include "data/Logger.h"
+#include "units/BinaryDataType.h"
+
+class InStream;
+class OutStream;
+class UniversalDataElement;
+
+// The coded record of one attachment: which component reads or writes which element, under which universal name, in
+// which unit, type and size. Data entries refer to it by code.
+class DataAccess {
+public:
+    static const unsigned short NO_CODE = 16383;
+
+    // From a log record; the unit is found by name when it is first asked for.
+    DataAccess(unsigned short ownerCode, unsigned short elementCode, unsigned short universalCode, const char* unitName,
+               BinaryDataType binaryType, unsigned short typeSize, unsigned short code = NO_CODE,
+               DataAccessor::AccessorType accessorType = DataAccessor::DATA_WRITER);
+    // For an output of our own, in a known unit.
+    DataAccess(unsigned short ownerCode, unsigned short elementCode, unsigned short universalCode, const Unit& unit,
+               BinaryDataType binaryType, unsigned short typeSize, unsigned short code,
+               DataAccessor::AccessorType accessorType);
+    // For a live accessor.
+    DataAccess(const DataAccessor& accessor, UniversalDataElement* universal, unsigned short code);
+    DataAccess(const DataAccess&) = delete;
+    DataAccess& operator=(const DataAccess&) = delete;
+
+    unsigned short getCode() const { return code_; }
+    void setCode(unsigned short code) { code_ = code; }
+    unsigned short getOwnerCode() const { return ownerCode_; }
+    unsigned short getElementCode() const { return elementCode_; }
+    unsigned short getUniversalCode() const { return universalCode_; }
+    // The code under which a best value also counts: SELF_CODE stands for the element itself. NUM_CODES or above: none.
+    unsigned short getEffectiveUniversalCode() const {
+        return universalCode_ == ElementURI::SELF_CODE ? elementCode_ : universalCode_;
+    }
+    const Unit* getUnit() const;                 // null when the log's unit name names no unit
+    Str getUnitName() const;                     // the name as the log gave it; "none" without a unit
+    BinaryDataType getBinaryType() const { return binaryType_; }
+    unsigned short getTypeSize() const { return typeSize_; }
+    bool isTyped() const { return binaryType_ >= STRVALUE && typeSize_ != 0; }
+    bool isUntyped() const { return binaryType_ == NO_TYPE && typeSize_ == 0; }
+    DataAccessor::AccessorType getAccessorType() const { return accessorType_; }
+    bool isWriter() const { return accessorType_ == DataAccessor::DATA_WRITER; }
+    bool getNoInterpFlag() const { return noInterpFlag_; }   // values must not be interpolated between samples
+    void setNoInterpFlag(bool noInterp) { noInterpFlag_ = noInterp; }
+    Logger::TimePrecisionType getTimePrecision() const { return timePrecision_; }
+    void setTimePrecision(Logger::TimePrecisionType precision) { timePrecision_ = precision; }
+    void copyUnitsTypeAndSizeFrom(const DataAccess* other);
+
+    // ` code=0001 owner=0000 element=0002 universal=3FFF unitName="meter" type=0B size=0003 fl=01` and a line feed; the
+    // number of bytes written.
+    size_t write(OutStream& out) const;
+    // A new access, owned by the caller; null when the record is malformed.
+    static DataAccess* Read(InStream& in);
+    // One line for people, at most 1023 characters; with markup it starts with the code and names the unit.
+    Str asString(bool markup) const;
+
+private:
+    unsigned short ownerCode_;
+    unsigned short elementCode_;
+    unsigned short universalCode_;
+    mutable const Unit* unit_ = nullptr;         // a constant of the process; null until resolved
+    BinaryDataType binaryType_;
+    unsigned short typeSize_;
+    DataAccessor::AccessorType accessorType_;
+    unsigned short code_;
+    std::unique_ptr<Str> tempUnitName_;          // the unit name of a log record; null when the unit was given
+    mutable bool unitLookedUp_ = false;          // the name was looked up, found or not
+    bool noInterpFlag_ = false;
+    Logger::TimePrecisionType timePrecision_ = Logger::TIME_PRECISION_MICROS;
+};

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "data/ElementURI.h"
+#include "data/Logger.h"
+
+class Component;
+class DataAccess;
+class DataElement;
+
+// A component's live attachment to an element.
+class DataAccessor {
+public:
+    enum AccessorType { DATA_READER = 0, DATA_WRITER = 1 };
+    enum RequestStrategy {
+        NO_STRATEGY = -1,
+        MIN_POWER = 0,
+        MIN_ERROR = 1,
+        MIN_LATENCY = 2,
+        MAX_FREQUENCY = 3,
+        ALL_DEVICES = 4,
+        STRATEGY_COUNT = 5,
+    };
+    static const char* const REQUEST_STRATEGY_STRS[STRATEGY_COUNT];
+
+    DataAccessor(Component* owner, DataElement* element, AccessorType accessorType,
+                 Logger::TimePrecisionType timePrecision = Logger::TIME_PRECISION_MICROS);
+    virtual ~DataAccessor() {}
+    DataAccessor(const DataAccessor&) = delete;
+    DataAccessor& operator=(const DataAccessor&) = delete;
+
+    virtual DataElement* getElement() const { return element_; }
+    virtual Component* getOwner() const { return owner_; }
+    virtual const ElementURI& getUri() const;
+
+    AccessorType getAccessorType() const { return accessorType_; }
+    Logger::TimePrecisionType getTimePrecision() const { return timePrecision_; }
+    DataAccess* getDataAccess() const { return dataAccess_; }
+    void setDataAccess(DataAccess* dataAccess) { dataAccess_ = dataAccess; }
+
+    static int Str2RequestStrategy(const char* text);           // -1 when the text is none of the words
+    static const char* RequestStrategy2Str(int strategy);       // "none." when out of range
+
+protected:
+    Component* const owner_;              // borrowed; may be null
+    DataElement* const element_;          // owned by the Slate
+    const AccessorType accessorType_;
+    const Logger::TimePrecisionType timePrecision_;
+    DataAccess* dataAccess_ = nullptr;    // owned by the Slate
+};

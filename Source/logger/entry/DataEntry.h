@@ -1,0 +1,59 @@
+#pragma once
+
+#include "data/DataValue.h"
+#include "logger/entry/LogEntry.h"
+#include "utils/RecyclingPool.h"
+
+class DataAccess;
+class DataAccessor;
+
+// A component read or wrote one datum.
+class DataEntry final : public LogEntry {
+public:
+    static const unsigned short BEST_MASK = 4;      // bit 2 of the header word
+    static const unsigned short CODE_SHIFT = 3;     // bits 3-15: the data access code
+    static const unsigned short MAX_CODE = 8191;
+
+    // Takes the value over; it may be null. changed: the entry carries the value's bytes.
+    DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed);
+    DataEntry(DataAccessor* accessor, bool best, bool changed);   // borrows the element's value; stamped now
+    DataEntry(const DataEntry& other);                            // with a copy of the value, which it owns
+    DataEntry& operator=(const DataEntry&) = delete;
+    ~DataEntry() override;
+
+    unsigned int write(Timestamp& timeBase, OutStream& out) const override;
+    Str toString(const Unit* unit) const override;
+    // The value's text in the unit given, failing that in the access's, failing that in its own; "NULL" without a value.
+    virtual Str getDataValueString(const Unit* unit, bool hideUnit) const;
+
+    DataAccess* getDataAccess() const { return dataAccess_; }
+    DataValue* getDataValue() const { return dataValue_; }        // null when there is none
+    bool isBest() const { return best_; }
+    void setBest(bool best) { best_ = best; }
+    bool isChanged() const { return changed_; }
+    bool isDataWrite() const;
+    unsigned short getElementCode() const;
+    // The universal code under which a best value also counts; ElementURI::NUM_CODES or above: none.
+    unsigned short getUniversalCode() const;
+    // The value as a number in the unit; NaN without a value or where it is no number of such a unit.
+    double getNumber(const Unit& unit) const;
+    // The unit in which the value is shown when `unit` is asked for (null: none is).
+    const Unit& displayUnit(const Unit* unit) const;
+    void setDataAccess(DataAccess* dataAccess) { dataAccess_ = dataAccess; }
+    // Gives the entry a value of its own that holds the number; an integer or text value becomes a double where it must.
+    void setNumber(const Unit& unit, double number);
+
+    static DataEntry* Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error);
+
+    static void* operator new(size_t size) { return Pool_.allocate(size); }
+    static void operator delete(void* block) { Pool_.release(block); }
+
+private:
+    DataAccess* dataAccess_;   // owned by the Slate
+    DataValue* dataValue_;     // owned when ownsValue_, else the element's current value
+    bool best_;
+    bool changed_;
+    bool ownsValue_;
+
+    static RecyclingPool Pool_;
+};

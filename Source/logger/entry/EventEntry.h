@@ -1,0 +1,87 @@
+#pragma once
+
+#include "logger/entry/FailureMode.h"
+#include "logger/entry/LogEntry.h"
+#include "utils/RecyclingPool.h"
+
+class Component;
+class DataElement;
+
+// What a component did: a control cycle began, a datum's accuracy or state changed, a component acted.
+class EventEntry final : public LogEntry {
+public:
+    enum EventType : int { START_CYCLE = 0, SET_DATA_ACCURACY = 4, SET_DATA_STATE = 8, COMPONENT_ACTION = 12 };
+    static const unsigned short EVENT_MASK = 12;    // bits 2-3 of the header word
+    static const unsigned short ACTOR_SHIFT = 4;    // bits 4-15: the actor code
+    static const unsigned short MAX_ACTOR = 4095;
+
+    enum ComponentAction : int { COMPONENT_LOAD = 0, COMPONENT_MISSION_RUN = 4, COMPONENT_FAIL = 8 };
+    enum DataStateChange : int {
+        NO_DATA_STATE_CHANGE = 0,
+        DATA_STATE_CHANGE_UNAVAILABLE = 2,
+        DATA_STATE_CHANGE_AVAILABLE = 4,
+        DATA_STATE_CHANGE_ORPHANED = 8,
+        DATA_STATE_CHANGE_UNORPHANED = 16,
+        DATA_STATE_CHANGE_SET_BEST = 32,
+        DATA_STATE_CHANGE_INVALID = 64,
+        DATA_STATE_CHANGE_VALID = 128,
+    };
+    static const int PREEMPTED = -1;                // as a running value; 0 is stopped, else the loop number
+
+    explicit EventEntry(const Timestamp& t);        // START_CYCLE
+    EventEntry(const Timestamp& t, unsigned short actor, FailureMode::FailType failType, int count);
+    EventEntry(const Timestamp& t, unsigned short actor, int running);
+    EventEntry(const Timestamp& t, unsigned short actor, bool loaded);
+    EventEntry(const Timestamp& t, unsigned short actor, unsigned short element, DataStateChange state);
+    EventEntry(const Timestamp& t, unsigned short actor, unsigned short element, EventType type, double accuracy);
+    // The same for live components; stamped now.
+    EventEntry(const Component* actor, FailureMode::FailType failType, int count);
+    EventEntry(const Component* actor, int running);
+    EventEntry(const Component* actor, bool loaded);
+    EventEntry(const Component* actor, const DataElement* element, DataStateChange state);
+    EventEntry(const Component* actor, const DataElement* element, EventType type, double accuracy);
+
+    unsigned int write(Timestamp& timeBase, OutStream& out) const override;
+    Str toString(const Unit* unit) const override;
+    virtual Str makeComponentActionString() const;
+    Str makeDataValueString() const;
+
+    EventType getEventType() const { return eventType_; }
+    unsigned short getActorCode() const { return actorCode_; }
+    unsigned short getElementCode() const { return elementCode_; }
+    ComponentAction getComponentAction() const { return action_; }
+    DataStateChange getDataStateChange() const { return state_; }
+    int getRunning() const { return running_; }
+    bool isLoaded() const { return loaded_; }
+    FailureMode::FailType getFailType() const { return failType_; }
+    int getFailCount() const { return failCount_; }
+    double getAccuracy() const { return accuracy_; }
+
+    static const char* EventTypeToString(EventType type);
+    static Str StateChangeToString(DataStateChange state);
+    static EventEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,
+                            const Logger& logger, bool& error);
+
+    static void* operator new(size_t size) { return Pool_.allocate(size); }
+    static void operator delete(void* block) { Pool_.release(block); }
+
+private:
+    unsigned short actorCode_;
+    union {                       // by event type and action
+        unsigned short elementCode_;
+        bool loaded_;
+        int running_;
+        FailureMode::FailType failType_;
+    };
+    EventType eventType_;
+    union {
+        DataStateChange state_;
+        ComponentAction action_;
+    };
+    union {
+        double accuracy_;
+        int failCount_;
+    };
+
+    static RecyclingPool Pool_;
+};

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "data/Logger.h"
+#include "units/Unit.h"
+#include "utils/Str.h"
+#include "utils/Timespan.h"
+#include "utils/Timestamp.h"
+
+class InStream;
+class OutStream;
+
+// One entry of a log: what every kind shares. An entry in the log is a header word, its time relative to a running
+// time base, and a body by kind; there is no length.
+class LogEntry {
+public:
+    enum Type : int {
+        NOT_LOG_ENTRY = -1,
+        EVENT_LOG_ENTRY = 0,
+        DIRECTORY_LOG_ENTRY = 1,
+        DATA_LOG_ENTRY = 2,
+        SYSLOG_LOG_ENTRY = 3,
+    };
+    static const unsigned short TYPE_MASK = 3;   // bits 0-1 of the header word
+    static const Str UNKNOWN;                    // stands for a name that the log does not give
+
+    LogEntry(Type type, const Timestamp& t);     // NOT_SET_TIME stands for now
+    virtual ~LogEntry() {}
+
+    // Appends the entry in the log's form, timed against timeBase (a cycle start sets it); the number of bytes written,
+    // 0 for an entry that the log cannot hold.
+    virtual unsigned int write(Timestamp& timeBase, OutStream& out) const = 0;
+    // The entry's line of text, a value in the unit given (null: its own); empty for an entry that is not shown.
+    virtual Str toString(const Unit* unit) const = 0;
+
+    Type getType() const { return type_; }
+    const Timestamp& getTimestamp() const { return timestamp_; }
+    void setTimestamp(const Timestamp& t) { timestamp_ = t; }
+    void setTimestamp(double seconds) { timestamp_ = Timestamp(seconds); }
+
+    // The next entry of the stream, owned by the caller; null at the end of data or for bytes that hold no entry (then
+    // error may be set). A cycle start sets timeBase; a GPS fix moves timeBase and adds to timeAdjust.
+    static LogEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, const Logger& logger, bool& error);
+    static const char* TypeToString(Type type);
+
+    // Reads the entry time and adds it to t; flag is the bit stored with it. False at the end of data.
+    static bool ReadTimestamp(Timestamp& t, bool& flag, InStream& in, const Logger& logger,
+                              Logger::TimePrecisionType precision);
+    // The inverse, for the log version in force; the number of bytes written.
+    unsigned int writeTimestamp(const Timestamp& base, bool flag, OutStream& out,
+                                Logger::TimePrecisionType precision) const;
+
+protected:
+    LogEntry(const LogEntry&) = default;
+    LogEntry& operator=(const LogEntry&) = default;
+
+    Type type_;
+    Timestamp timestamp_;
+};

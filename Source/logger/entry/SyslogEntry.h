@@ -1,0 +1,41 @@
+#pragma once
+
+#include "data/CodedStr.h"
+#include "data/Syslog.h"
+#include "logger/entry/LogEntry.h"
+#include "utils/RecyclingPool.h"
+
+// A message that a component logged, with its severity and the facility that issued it.
+class SyslogEntry final : public LogEntry {
+public:
+    static const unsigned short SEVERITY_MASK = 28;          // bits 2-4 of the header word: the severity as it stands
+    static const unsigned short FACILITY_SHIFT = 5;          // bits 5-15: the facility code
+    static const unsigned short MAX_FACILITY = 2047;
+    static const unsigned short MAX_MESSAGE_LENGTH = 65535;  // bytes; a longer message is cut
+
+    // The facility is borrowed (from the Slate or a logger) and outlives the entry. NOT_SET_TIME stands for now.
+    SyslogEntry(const Str& message, Syslog::Severity severity, const CodedStr& facility,
+                const Timestamp& t = Timestamp::NOT_SET_TIME);
+    SyslogEntry(const SyslogEntry& other) = default;
+
+    unsigned int write(Timestamp& timeBase, OutStream& out) const override;
+    Str toString(const Unit* unit) const override;
+    virtual Str toKmlString(const Unit* unit) const;
+
+    const Str& getMessage() const { return message_; }
+    Syslog::Severity getSeverity() const { return severity_; }
+    const CodedStr& getLoggerFacility() const { return loggerFacility_; }
+
+    static SyslogEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,
+                             const Logger& logger, bool& error);
+
+    static void* operator new(size_t size) { return Pool_.allocate(size); }
+    static void operator delete(void* block) { Pool_.release(block); }
+
+private:
+    Str message_;
+    Syslog::Severity severity_;
+    const CodedStr& loggerFacility_;   // borrowed
+
+    static RecyclingPool Pool_;
+};

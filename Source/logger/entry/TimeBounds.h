@@ -1,0 +1,12 @@
+#pragma once
+
+#include "utils/Timestamp.h"
+
+// What an entry time can be: not before 1970 and not more than about a month ahead of the clock.
+class TimeBounds {
+public:
+    static const int MAX_AHEAD = 2628000;   // seconds
+
+    // The clock is read only for a time that lies past what an earlier look allowed.
+    static bool Holds(const Timestamp& t);
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "logger/writer/LogWriter.h"
+#include "logger/writer/VariableSelection.h"
+#include "utils/Timestamp.h"
+
+class DataEntry;
+class EventEntry;
+
+// Lets through to another writer only the data entries of a chosen list of variables and of a second list of
+// attribute variables, and, if asked, cycle starts from the second on. Array writers derive from it and override the
+// three operations that receive what was selected.
+class FilterLogWriter : public LogWriter {
+public:
+    // outputTo may be null (nothing is forwarded); it is shared. The lists are borrowed and outlive the writer.
+    FilterLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList, bool passCycleStarts,
+                    int attCount, char** attList);
+    ~FilterLogWriter() override;
+
+    unsigned int writeHeader() override;
+    unsigned int write(const LogEntry* entry, const Unit* unit) override;
+    void endCycle() override;
+    unsigned int writeFooter() override;
+    void config(Logger& logger) override;
+    void resetInputs() override;
+
+    // Each returns the number of bytes written.
+    virtual unsigned int writeCycleStart(const EventEntry* entry);
+    virtual unsigned int writeData(const DataEntry* entry, int varIndex, const Unit* unit);
+    virtual unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit);
+
+protected:
+    // Resolves names against the Slate; true when no name is open any more.
+    bool initializeFilterLogWriter();
+    // Looks names up again when the Slate has changed since the last try; true when no name is open any more.
+    bool refreshFilterLogWriter();
+
+    LogWriter* const outputTo_;      // shared; may be null
+    VariableSelection variables_;
+    VariableSelection attributes_;
+    const bool passCycleStarts_;
+    Timestamp lastTime_;             // of the last cycle start seen
+
+private:
+    unsigned int writeSelected(const DataEntry& entry, const Unit* unit);
+    unsigned int writeEvent(const LogEntry& entry);
+};

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "io/OutStream.h"
+#include "logger/entry/LogEntry.h"
+#include "units/Unit.h"
+#include "utils/Mutex.h"
+
+// Turns log entries, handed over one by one, into bytes on a stream. It knows nothing of files: a FileLogWriter gives
+// it one. Calls come in this order: setOutStream, writeHeader, any number of write, writeFooter; a writer that is given
+// a new file gets a footer for the old one and a header for the new one.
+// Ownership: wrappers and associations count themselves with addParent; the last holder deletes the writer.
+// Threads: write holds the writer's own mutex for the length of one entry.
+class LogWriter {
+public:
+    enum ServiceType : int {
+        NO_SERVICE = -1,
+        SERVICE_DIRECT = 0,
+        SERVICE_COURIER = 1,
+        SERVICE_EXPRESS = 2,
+        SERVICE_PRIORITY = 3,
+        SERVICE_NORMAL = 4,
+        SERVICE_BULK = 5,
+        SERVICE_COUNT = 6,
+        SERVICE_MULTI = 7,
+    };
+    static const char* const SERVICE_TYPE_STRS[SERVICE_COUNT];
+    static const size_t SERVICE_TYPE_STRLEN[SERVICE_COUNT];
+
+    LogWriter() = default;
+    explicit LogWriter(OutStream& out) : logStream_(&out) {}
+    virtual ~LogWriter() {}
+    LogWriter(const LogWriter&) = delete;
+    LogWriter& operator=(const LogWriter&) = delete;
+
+    virtual unsigned int writeHeader() { return 0; }                      // bytes written
+    virtual void setOutStream(OutStream& out) { logStream_ = &out; }      // borrowed, outlives the writer's use
+    virtual bool isValid() { return logStream_ != nullptr && logStream_->isWritable(); }
+    // One entry; unit: what its value is to be shown in, or null. The result is the number of bytes written.
+    virtual unsigned int write(const LogEntry* entry, const Unit* unit) = 0;
+    virtual void endCycle() {}
+    virtual unsigned int writeFooter() { return 0; }
+    virtual void config(Logger&) {}
+    virtual void resetInputs() {}                                         // forget what one input was about
+    virtual void activate() { active_ = true; }
+    virtual void deactivate() { active_ = false; }
+    virtual bool isActive() { return active_; }
+    virtual void lockWrites() { writeMutex_.lock(); }
+    virtual void unlockWrites() { writeMutex_.unlock(); }
+
+    void addParent() { ++parentCount_; }
+    void removeParent() { --parentCount_; }
+    int getParentCount() const { return parentCount_; }
+    // Takes the parent's count back and deletes the writer when nobody holds it any more; null is ignored.
+    static void Release(LogWriter* writer);
+
+    static const char* ServiceType2Str(ServiceType type);                 // "none." when out of range
+    static size_t ServiceType2Strlen(ServiceType type);                   // 0 when out of range
+    static ServiceType Str2ServiceType(const char* text, int length);     // NO_SERVICE when no word is equal
+
+protected:
+    OutStream* logStream_ = nullptr;   // borrowed
+    bool wroteHeader_ = false;
+    bool wroteFooter_ = false;
+    Mutex writeMutex_;
+    int parentCount_ = 0;
+    bool active_ = true;
+};
