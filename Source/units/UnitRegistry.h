@@ -18,13 +18,15 @@ public:
     static const Unit* GetIndexedUnit(unsigned int index);
 
 private:
-    typedef FastMap<Str, const Unit*> UnitMap;
+    typedef FastMap<const Str, const Unit*> UnitMap;
 
     UnitRegistry() = default;
+    void addName(const Unit* unit);
+    void addAbbreviation(const Unit* unit);
 
     UnitMap unitMap_;
 
-    static UnitRegistry* Instance_;   // owned; made on the first AddUnit
+    static UnitRegistry* Instance_;  // owned; made on the first AddUnit
     struct StaticDestructor {
         ~StaticDestructor();
     };
