@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdio>
+#include <memory>
 
 #include "io/InStream.h"
 #include "utils/Mutex.h"
@@ -10,8 +11,8 @@
 // Threads: locks each single read; a primitive made of several reads is not atomic.
 class FileInStream : public InStream {
 public:
-    explicit FileInStream(const char* path);       // a failed open leaves the stream without a file, silently
-    FileInStream(FILE* file, bool autoClose);      // file may be null; named "unknown"; owned when autoClose
+    explicit FileInStream(const char* path);   // a failed open leaves the stream without a file, silently
+    FileInStream(FILE* file, bool autoClose);  // may be null; "unknown"; owned, and not read from yet, when autoClose
     ~FileInStream() override;
     FileInStream(const FileInStream&) = delete;
     FileInStream& operator=(const FileInStream&) = delete;
@@ -19,19 +20,22 @@ public:
     InStream& read(char* buf, size_t n) override;
     const char* getName() override { return filename_.cStr(); }
     bool isReadable() override { return file_ != nullptr; }
-    bool eof() override;                           // also true without a file
+    bool eof() override;  // also true without a file
     virtual void clearErr();
 
-    bool seek(unsigned int offset);                // from the start; false with no file or on failure
-    bool seekTo(long long offset);                 // the same for any 64-bit position
-    long long tell();                              // position from the start; 0 with no file
-    int readError();                               // errno of a failed read since the file was set, else 0
-    void close();                                  // closes and forgets the file
-    void setFile(FILE* file, const Str& name, bool autoClose);   // forgets any file held before, closing it if owned
+    bool seek(unsigned int offset);                             // from the start; false with no file or on failure
+    bool seekTo(long long offset);                              // the same for any 64-bit position
+    long long tell();                                           // position from the start; 0 with no file
+    int readError();                                            // errno of a failed read since the file was set, else 0
+    void close();                                               // closes and forgets the file
+    void setFile(FILE* file, const Str& name, bool autoClose);  // forgets any file held before, closing it if owned
 
 private:
-    FILE* file_;
-    bool autoClose_;       // the file is owned
+    void hold(FILE* file, bool autoClose);
+
+    FILE* file_ = nullptr;
+    bool autoClose_ = false;          // the file is owned
+    std::unique_ptr<char[]> buffer_;  // what standard I/O reads an owned file into
     Mutex fileMutex_;
     Str filename_;
     int readError_ = 0;

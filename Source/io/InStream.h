@@ -10,7 +10,7 @@
 class InStream {
 public:
     virtual ~InStream() {}
-    virtual InStream& read(char* buf, size_t n) = 0;   // at most n bytes into the caller's buf
+    virtual InStream& read(char* buf, size_t n) = 0;  // at most n bytes into the caller's buf
     virtual const char* getName() = 0;
     virtual bool isReadable() = 0;
     // A text line without its CR or LF, NUL-terminated, of at most size - 1 bytes; a line feed that comes first is the
@@ -23,12 +23,12 @@ public:
     InStream& readChar(signed char& value);
     InStream& readShort(short& value);
     InStream& readShort(unsigned short& value);
-    InStream& readInt24(int& value);                     // sign-extended
+    InStream& readInt24(int& value);  // sign-extended
     InStream& readInt(int& value);
     InStream& readLongLong(long long& value);
     InStream& readFloat(float& value);
-    InStream& readFloat2(float& value);                  // the two most significant bytes
-    InStream& readFloat3(float& value);                  // the three most significant bytes
+    InStream& readFloat2(float& value);  // the two most significant bytes
+    InStream& readFloat3(float& value);  // the three most significant bytes
     InStream& readDouble(double& value);
     InStream& readUShortCompact(unsigned short& value);  // 1 to 3 bytes
     InStream& readLongLongCompact(long long& value);     // 1 to 9 bytes
@@ -47,6 +47,9 @@ public:
     void zeroTotalBytesRead() { totalBytesRead_ = 0; }
 
 protected:
-    size_t lastRead_ = 0;         // bytes moved by the most recent primitive
-    size_t totalBytesRead_ = 0;   // advanced by read alone
+    size_t lastRead_ = 0;        // bytes moved by the most recent primitive
+    size_t totalBytesRead_ = 0;  // advanced by read alone
+
+private:
+    bool fetch(char* buf, size_t n);  // one read; true when it delivered all n bytes
 };

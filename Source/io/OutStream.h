@@ -12,7 +12,7 @@ public:
     static const char HEX_CHARS[17];
 
     virtual ~OutStream() {}
-    virtual OutStream& write(const char* buf, size_t n) = 0;   // buf is not kept
+    virtual OutStream& write(const char* buf, size_t n) = 0;  // buf is not kept
     virtual OutStream& writeHex(const char* buf, size_t n);
     virtual bool isWritable() = 0;
     virtual OutStream& write(const char* s);
@@ -20,14 +20,14 @@ public:
 
     OutStream& writeChar(signed char value);
     OutStream& writeShort(short value);
-    OutStream& writeInt24(int value);                    // the three low bytes
+    OutStream& writeInt24(int value);  // the three low bytes
     OutStream& writeInt(int value);
     OutStream& writeLongLong(long long value);
     OutStream& writeFloat(float value);
-    OutStream& writeFloat2(float value);                 // the two most significant bytes, not rounded
-    OutStream& writeFloat3(float value);                 // the three most significant bytes, not rounded
+    OutStream& writeFloat2(float value);  // the two most significant bytes, not rounded
+    OutStream& writeFloat3(float value);  // the three most significant bytes, not rounded
     OutStream& writeDouble(double value);
-    OutStream& writeDouble6(double value);               // the six most significant bytes, not rounded
+    OutStream& writeDouble6(double value);  // the six most significant bytes, not rounded
     OutStream& writeUShortCompact(const unsigned short& value);
     // The three-byte form, which every reader accepts, for values that the compact writer would not bring back.
     OutStream& writeUShortWide(unsigned short value);
@@ -37,7 +37,7 @@ public:
     OutStream& writeShortHex(short value);
     OutStream& writeUShortHex(unsigned short value);
     OutStream& writeInteger(int value, unsigned int base);
-    OutStream& writeNumber(double value, unsigned int base);   // the value plus 0.5, truncated, always in base 10
+    OutStream& writeNumber(double value, unsigned int base);  // the value plus 0.5, truncated, always in base 10
 
     OutStream& operator<<(const Str& s) { return write(s.data(), s.length()); }
     OutStream& operator<<(const char* s) { return write(s); }
@@ -49,5 +49,8 @@ public:
     size_t bytesWritten() const { return lastWritten_; }
 
 protected:
-    size_t lastWritten_ = 0;   // bytes written by the most recent primitive
+    size_t lastWritten_ = 0;  // bytes written by the most recent primitive
+
+private:
+    OutStream& writeHexDigits(unsigned int value, unsigned int digits);
 };

@@ -16,15 +16,17 @@ public:
     virtual const K& getKey() const { return key_; }
     virtual V getItem() const { return item_; }
     virtual void setItem(V item) { item_ = item; }
+    void disown() { deleteOnCleanup_ = false; }
 
 private:
     K key_;
-    V item_;                 // owned when deleteOnCleanup_
+    V item_;  // owned when deleteOnCleanup_
     bool deleteOnCleanup_;
 };
 
 // A map over a sorted array with binary search: K has compare(const K&), V is a pointer type.
-// It holds at most 16384 entries; one more pushes the entry with the highest key out, silently.
+// It holds at most 16384 entries; one more pushes the entry with the highest key out, silently. The item of that entry
+// is not deleted: whoever registered it may still hold it.
 // Threads: not synchronised; users lock.
 template <typename K, typename V>
 class FastMap {
@@ -38,9 +40,9 @@ public:
     // False, with nothing stored, for a key that is present while duplicates are not allowed.
     // deleteOnCleanup: the map owns the item from now on.
     bool put(const K& key, V item, bool deleteOnCleanup);
-    V get(const K& key, bool = false) const;   // null when absent
-    V pop(const K& key);                       // taken out; null when absent
-    V getIndexed(unsigned int index) const;    // in key order; null past the end
+    V get(const K& key, bool = false) const;  // null when absent
+    V pop(const K& key);                      // taken out; null when absent
+    V getIndexed(unsigned int index) const;   // in key order; null past the end
     MapEntry<K, V>* getIndexedEntry(unsigned int index, bool = false) const { return array_.at(index); }
     V popIndexed(unsigned int index);
     const K& findKey(V item, const K& defaultKey) const;
@@ -51,8 +53,11 @@ public:
     void clear(bool = false) { array_.clear(); }
 
 private:
-    FlexArray<MapEntry<K, V>*> array_;   // owned entries, ascending by key
+    V takeOut(unsigned int index);
+
+    FlexArray<MapEntry<K, V>*> array_;  // owned entries, ascending by key
     const bool allowDups_;
+    V const nullItem_ = nullptr;  // the answer for a missing key
 };
 
 template <typename K, typename V>
@@ -62,12 +67,11 @@ bool FastMap<K, V>::put(const K& key, V item, bool deleteOnCleanup) {
     if (index < 0) {
         index = ~index;
     } else {
-        while (index <= array_.getMaxIndex() && array_.at(index)->getKey().compare(key) == 0) ++index;
+        while (index <= array_.getMaxIndex() && array_.at(static_cast<unsigned int>(index))->getKey().compare(key) == 0)
+            ++index;
     }
-    if (array_.size() == MAX_CAPACITY) {
-        delete array_.pop(static_cast<int>(MAX_CAPACITY) - 1);
-        if (index == static_cast<int>(MAX_CAPACITY)) return true;
-    }
+    if (index == static_cast<int>(MAX_CAPACITY)) return true;
+    if (size() == MAX_CAPACITY) takeOut(MAX_CAPACITY - 1);
     array_.insert(static_cast<unsigned int>(index), new MapEntry<K, V>(key, item, deleteOnCleanup));
     return true;
 }
@@ -75,17 +79,56 @@ bool FastMap<K, V>::put(const K& key, V item, bool deleteOnCleanup) {
 template <typename K, typename V>
 V FastMap<K, V>::get(const K& key, bool) const {
     const int index = findIndex(key);
-    return index < 0 ? nullptr : array_.at(static_cast<unsigned int>(index))->getItem();
+    return index < 0 ? nullItem_ : getIndexed(static_cast<unsigned int>(index));
 }
 
 template <typename K, typename V>
 V FastMap<K, V>::pop(const K& key) {
     const int index = findIndex(key);
-    return index < 0 ? nullptr : popIndexed(static_cast<unsigned int>(index));
+    return index < 0 ? nullItem_ : takeOut(static_cast<unsigned int>(index));
 }
 
 template <typename K, typename V>
 V FastMap<K, V>::getIndexed(unsigned int index) const {
-    const MapEntry<K, V>* entry = array_.at(index);
-    return entry == nullptr ? nullptr : entry->getItem();
+    return index < size() ? array_.at(index)->getItem() : nullItem_;
+}
+
+template <typename K, typename V>
+V FastMap<K, V>::popIndexed(unsigned int index) {
+    return index < size() ? takeOut(index) : nullItem_;
+}
+
+// The entry goes, its item stays alive.
+template <typename K, typename V>
+V FastMap<K, V>::takeOut(unsigned int index) {
+    MapEntry<K, V>* const entry = array_.pop(static_cast<int>(index));
+    const V item = entry->getItem();
+    entry->disown();
+    delete entry;
+    return item;
+}
+
+template <typename K, typename V>
+const K& FastMap<K, V>::findKey(V item, const K& defaultKey) const {
+    for (unsigned int i = 0; i < size(); ++i) {
+        if (array_.at(i)->getItem() == item) return array_.at(i)->getKey();
+    }
+    return defaultKey;
+}
+
+template <typename K, typename V>
+int FastMap<K, V>::findIndex(const K& key, int first, int last) const {
+    if (last < 0 || last > array_.getMaxIndex()) last = array_.getMaxIndex();
+    if (first < 0) first = 0;
+    while (first <= last) {
+        const int middle = first + (last - first) / 2;
+        const int order = array_.at(static_cast<unsigned int>(middle))->getKey().compare(key);
+        if (order == 0) return middle;
+        if (order < 0) {
+            first = middle + 1;
+        } else {
+            last = middle - 1;
+        }
+    }
+    return ~first;
 }

@@ -11,33 +11,33 @@ public:
     FlexArrayBase(const FlexArrayBase&) = delete;
     FlexArrayBase& operator=(const FlexArrayBase&) = delete;
 
-    virtual void freeItem(void* item);   // C free of a non-null item
+    virtual void freeItem(void* item);  // C free of a non-null item
     virtual void setArraySize(unsigned int size);
 
-    void clear();   // releases the items when the array owns them; afterwards as constructed
+    void clear();  // releases the items when the array owns them; afterwards as constructed
     int getMinIndex() const { return isEmpty() ? 0 : minIndex_; }
-    int getMaxIndex() const { return maxIndex_; }   // -1 when empty
+    int getMaxIndex() const { return maxIndex_; }  // -1 when empty
     bool isEmpty() const { return maxIndex_ < 0; }
     unsigned int size() const { return isEmpty() ? 0 : static_cast<unsigned int>(maxIndex_ + 1 - minIndex_); }
-    void set(unsigned int index, void* item);      // past the ceiling: dropped without a message
-    int find(const void* item) const;              // first index, -1 when absent
+    void set(unsigned int index, void* item);  // past the ceiling: dropped without a message
+    int find(const void* item) const;          // first index, -1 when absent
     void insert(unsigned int index, void* item);
     void push(void* item) { insert(static_cast<unsigned int>(maxIndex_ + 1), item); }
-    void* peek(int index);                         // null when there is no such item
-    void* pop(int index);                          // taken out; later items move down
-    int getIndex(int index);                       // resolved index, -1 when there is none
-    int resolveIndex(unsigned int index);          // makes the index part of the array; -1 past the ceiling
+    void* peek(int index);                 // null when there is no such item
+    void* pop(int index);                  // taken out; later items move down
+    int getIndex(int index);               // resolved index, -1 when there is none
+    int resolveIndex(unsigned int index);  // makes the index part of the array; -1 past the ceiling
 
 protected:
     void setArraySizeBase(unsigned int size);
 
     const unsigned int initialCapacity_;
-    unsigned int size_ = 0;                 // slots allocated
-    const bool deleteOnCleanup_;            // clear and the destructor release the items
-    const unsigned int maxCapacity_;        // ceiling of size_
-    int minIndex_;
-    int maxIndex_ = -1;                     // highest used index
-    void** array_ = nullptr;                // owned slots; absent while size_ is 0
+    unsigned int size_ = 0;           // slots allocated
+    const bool deleteOnCleanup_;      // clear and the destructor release the items
+    const unsigned int maxCapacity_;  // ceiling of size_
+    int minIndex_;                    // lowest used index; maxCapacity_ when there is none
+    int maxIndex_ = -1;               // highest used index
+    void** array_ = nullptr;          // owned slots; absent while size_ is 0
 };
 
 // The typed form: T is a pointer type. Items are released with delete, or delete[] after setDoArrayDelete.
@@ -45,30 +45,35 @@ template <typename T>
 class FlexArray : public FlexArrayBase {
 public:
     static const unsigned int DEFAULT_CAPACITY = 32;
-    static const unsigned int NO_CEILING = 1073741824;   // for lists whose length nothing bounds
+    static const unsigned int NO_CEILING = 1073741824;  // for lists whose length nothing bounds
 
-    explicit FlexArray(bool deleteOnCleanup = false, unsigned int initialCapacity = DEFAULT_CAPACITY,
+    // A list of borrowed items, whose class may be incomplete here.
+    FlexArray() : FlexArrayBase(false, DEFAULT_CAPACITY, NO_CEILING) { setArraySize(initialCapacity_); }
+
+    explicit FlexArray(bool deleteOnCleanup, unsigned int initialCapacity = DEFAULT_CAPACITY,
                        unsigned int maxCapacity = NO_CEILING)
-        : FlexArrayBase(deleteOnCleanup, initialCapacity, maxCapacity) {
-        FlexArray::setArraySize(initialCapacity);
+        : FlexArrayBase(deleteOnCleanup, initialCapacity, maxCapacity), release_(&Release) {
+        setArraySize(initialCapacity_);
     }
-    ~FlexArray() override { clear(); }
+    ~FlexArray() override { clear(); }  // while freeItem still is this class's
 
-    void freeItem(void* item) override {
-        if (item == nullptr) return;
-        if (doArrayDelete_) {
-            delete[] static_cast<T>(item);
-        } else {
-            delete static_cast<T>(item);
-        }
+    void freeItem(void* item) final {
+        if (item != nullptr && release_ != nullptr) release_(item, doArrayDelete_);
     }
-    void setArraySize(unsigned int size) override { setArraySizeBase(size); }
+    void setArraySize(unsigned int size) final {
+        setArraySizeBase(size);
+        tArray_ = reinterpret_cast<T*>(array_);
+    }
 
     void set(unsigned int index, T item) { FlexArrayBase::set(index, Untyped(item)); }
     T get(int index) { return peek(index); }
+    T& operator[](unsigned int index) {  // a null item past the ceiling
+        const int resolved = resolveIndex(index);
+        return resolved < 0 ? nullItem_ = nullptr : tArray_[resolved];
+    }
     T peek(int index) { return static_cast<T>(FlexArrayBase::peek(index)); }
     T pop(int index) { return static_cast<T>(FlexArrayBase::pop(index)); }
-    T pop(T item) {   // taken out by identity; null when absent
+    T pop(T item) {  // taken out by identity; null when absent
         const int index = find(item);
         return index < 0 ? nullptr : pop(index);
     }
@@ -76,13 +81,23 @@ public:
     void insert(unsigned int index, T item) { FlexArrayBase::insert(index, Untyped(item)); }
     void push(T item) { FlexArrayBase::push(Untyped(item)); }
     // The item at a used index, null for any other: unlike get it never grows the array.
-    T at(unsigned int index) const {
-        return index < size_ ? static_cast<T>(array_[index]) : nullptr;
-    }
+    T at(unsigned int index) const { return index < size_ ? tArray_[index] : nullptr; }
+    T* getArray() { return tArray_; }  // the slots from index 0, until the array grows
     void setDoArrayDelete(bool doArrayDelete) { doArrayDelete_ = doArrayDelete; }
 
 private:
     static void* Untyped(T item) { return const_cast<void*>(static_cast<const void*>(item)); }
 
+    static void Release(void* item, bool isArray) {
+        if (isArray) {
+            delete[] static_cast<T>(item);
+        } else {
+            delete static_cast<T>(item);
+        }
+    }
+
+    T nullItem_ = nullptr;  // what stands for an index that cannot be resolved
+    T* tArray_ = nullptr;   // array_, typed
     bool doArrayDelete_ = false;
+    void (*const release_)(void*, bool) = nullptr;  // null when no item is ever owned
 };

@@ -36,7 +36,7 @@ public:
     MutexLocker& operator=(const MutexLocker&) = delete;
 
 private:
-    Mutex* const mutex_;   // borrowed; null when nothing had to be locked
+    Mutex* const mutex_;  // borrowed; null when nothing had to be locked
 };
 
 // A condition variable on a mutex that the caller keeps and holds while waiting.
@@ -53,6 +53,6 @@ public:
     int broadcast();
 
 private:
-    Mutex& mutex_;   // borrowed
+    Mutex& mutex_;  // borrowed
     pthread_cond_t condition_;
 };

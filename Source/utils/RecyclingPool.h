@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 
 #include "utils/Mutex.h"
@@ -18,13 +19,16 @@ public:
     // A block of the class's size. A request of another size ends the process with status 1 after
     // "Aborting: Requested %zu bytes for a %zu byte " and the class name on standard output.
     void* allocate(size_t size);
-    void release(void* block);   // null is ignored
+    void release(void* block);  // null is ignored
     void drain();
 
 private:
     [[noreturn]] void abortRequest(size_t size) const;
+    Mutex& mutex();  // made on first use
 
     const char* const className_;
     const size_t blockSize_;
-    RingBufferVoid* mallocRing_ = nullptr;   // owned free blocks; made on first use, null again after drain
+    RingBufferVoid* mallocRing_ = nullptr;  // owned free blocks; made on first use, null again after drain
+    bool drained_ = false;
+    std::atomic<Mutex*> mutex_{nullptr};  // guards the two above; never destroyed
 };

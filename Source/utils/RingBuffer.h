@@ -26,23 +26,25 @@ private:
 // Threads: push, pop and peek lock, so a producer and a consumer may share it.
 class RingBufferVoid {
 public:
-    explicit RingBufferVoid(bool freeOnCleanup);   // true: what is left at destruction is released with C free
+    explicit RingBufferVoid(bool freeOnCleanup);  // true: what is left at destruction is released with C free
     virtual ~RingBufferVoid();
     RingBufferVoid(const RingBufferVoid&) = delete;
     RingBufferVoid& operator=(const RingBufferVoid&) = delete;
 
     void push(void* item);
-    void* pop();    // null when empty
-    void* peek();   // null when empty
-    unsigned int nodeCount() const;   // nodes of the ring, used or free
+    void* pop();                     // null when empty
+    void* peek();                    // null when empty
+    unsigned int nodeCount() const;  // nodes of the ring, used or free
 
 private:
     typedef ListEntry<void*> Node;
 
-    Node* start_ = nullptr;      // first occupied node, null when empty
-    Node* end_ = nullptr;        // last occupied node; the ring's nodes are owned
+    void appendNode(void* item);
+
+    Node* start_ = nullptr;  // first occupied node, null when empty
+    Node* end_ = nullptr;    // last occupied node; the ring's nodes are owned
     const bool freeOnCleanup_;
-    Mutex mutex_;
+    mutable Mutex mutex_;
 };
 
 // The typed form: T is a pointer type.
@@ -50,7 +52,7 @@ template <typename T>
 class RingBuffer : public RingBufferVoid {
 public:
     explicit RingBuffer(bool freeOnCleanup = false) : RingBufferVoid(freeOnCleanup) {}
-    void push(T item) { RingBufferVoid::push(item); }
+    void push(T item) { RingBufferVoid::push(const_cast<void*>(static_cast<const void*>(item))); }
     T pop() { return static_cast<T>(RingBufferVoid::pop()); }
     T peek() { return static_cast<T>(RingBufferVoid::peek()); }
     void deleteAll() {

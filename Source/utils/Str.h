@@ -7,19 +7,19 @@
 // Threads: not synchronised; users lock.
 class Str {
 public:
-    static const size_t NO_POS = 0xFFFFFFFF;   // not found; as a length argument: take the C string length
-    static const size_t MAX_LEN = 1048576;     // bytes; a guide for users, nothing is cut here
+    static const size_t NO_POS = 0xFFFFFFFF;  // not found; as a length argument: take the C string length
+    static const size_t MAX_LEN = 1048576;    // bytes; a guide for users, nothing is cut here
     static const Str EMPTY_STR;
 
-    Str() noexcept;
-    Str(const char* s, size_t len = NO_POS);     // a null s with a length gives that many zero bytes
+    constexpr Str() noexcept : length_(0), chars_(NoChars_) {}  // usable before any static object is built
+    Str(const char* s, size_t len = NO_POS);                    // a null s with a length gives that many zero bytes
     Str(const Str& s);
     Str(Str&& s) noexcept;
-    Str(const Str& s, size_t pos, size_t len);   // as s.substr(pos, len)
-    explicit Str(bool value);                    // "1" or "0"
+    Str(const Str& s, size_t pos, size_t len);  // as s.substr(pos, len)
+    explicit Str(bool value);                   // "1" or "0"
     explicit Str(double value, unsigned int precision = 6);
     Str(int value, unsigned int base, unsigned int digitOffset);
-    Str(size_t value, unsigned int base);        // base 10 or 16, upper-case digits
+    Str(size_t value, unsigned int base);  // base 10 or 16, upper-case digits
     virtual ~Str();
 
     Str& operator=(const Str& s);
@@ -48,9 +48,9 @@ public:
     size_t length() const { return length_; }
     size_t size() const { return length_; }
     bool isEmpty() const { return length_ == 0; }
-    char operator[](size_t index) const;         // NUL at or past the length
+    char operator[](size_t index) const { return index < length_ ? chars_[index] : '\0'; }  // NUL at or past the length
 
-    int compare(const Str& other) const;         // below, equal to or above 0; bytes compare unsigned
+    int compare(const Str& other) const;  // below, equal to or above 0; bytes compare unsigned
     int compare(const char* s) const;
     bool operator==(const Str& other) const { return compare(other) == 0; }
     bool operator!=(const Str& other) const { return compare(other) != 0; }
@@ -73,14 +73,14 @@ public:
     size_t findLastOf(const char* s) const;
     size_t findLastOf(const Str& s) const;
 
-    Str substr(size_t pos, size_t len = NO_POS) const;   // clipped to what is there
+    Str substr(size_t pos, size_t len = NO_POS) const;  // clipped to what is there
     // count + new array of count strings; the caller releases it with delete[]. An empty string gives one empty piece.
     Str* split(int& count, const char* sep, size_t sepLen = NO_POS) const;
-    Str asHex() const;                                   // two upper-case digits a byte
+    Str asHex() const;  // two upper-case digits a byte
 
     void set(const char* s, size_t len = NO_POS, size_t copyLen = NO_POS);
-    void setInside(size_t pos, const char* s, size_t len);   // overwrites what lies inside; never grows
-    bool setChar(size_t index, char c);                      // false at or past the length
+    void setInside(size_t pos, const char* s, size_t len);  // overwrites what lies inside; never grows
+    bool setChar(size_t index, char c);                     // false at or past the length
     void replaceChar(char from, char to);
     void toUpper();
     void toLower();
@@ -103,10 +103,15 @@ public:
     bool nmeaValidate() const { return NmeaValidate(chars_, length_); }
 
 private:
-    static char NoChars_[1];   // the one empty text
+    void release();  // gives the block back, if there is one
+    void swap(Str& s) noexcept;
+    size_t findText(const char* s, size_t len, size_t from) const;
+    size_t findLastText(const char* s, size_t len) const;
 
-    size_t length_;   // bytes, without the terminating NUL
-    char* chars_;     // owned unless it is NoChars_
+    static char NoChars_[1];  // the one empty text
+
+    size_t length_;  // bytes, without the terminating NUL
+    char* chars_;    // owned unless it is NoChars_
 };
 
 Str operator+(const Str& a, const Str& b);

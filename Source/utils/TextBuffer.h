@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "utils/NumberText.h"
 #include "utils/Str.h"
 
 // Builds one text piece by piece without touching the heap until the text outgrows the buffer's own room.
@@ -22,30 +23,24 @@ public:
     TextBuffer& append(const char* text);
     TextBuffer& append(const Str& text) { return append(text.data(), text.length()); }
     TextBuffer& append(char c) { return append(&c, 1); }
-    TextBuffer& appendInt(long long value);                          // decimal
-    TextBuffer& appendHex(unsigned long long value);                 // upper-case, without leading zeros
-    TextBuffer& appendHexDigits(unsigned long long value, int digits);   // upper-case, exactly so many digits
+    TextBuffer& appendInt(long long value);                             // decimal
+    TextBuffer& appendHex(unsigned long long value);                    // upper-case, without leading zeros
+    TextBuffer& appendHexDigits(unsigned long long value, int digits);  // upper-case, exactly so many digits
     // The value as "%.*f"; NaN of either sign is "nan". Longer than 30 characters: cut there, as every number text is.
     TextBuffer& appendFixed(double value, unsigned int decimals);
 
     void clear() { length_ = 0; }
-    const char* data() const { return chars_; }   // not NUL-terminated
+    const char* data() const { return chars_; }  // not NUL-terminated
     size_t length() const { return length_; }
     Str toStr() const { return Str(chars_, length_); }
 
 private:
     void grow(size_t more);
+    char* roomFor(size_t more);  // where the next piece goes, with so many bytes free behind it
 
     static const size_t OWN_ROOM = 512;
     char own_[OWN_ROOM];
-    char* chars_ = own_;       // own_, or a heap block owned by the buffer
+    char* chars_ = own_;  // own_, or a heap block owned by the buffer
     size_t length_ = 0;
     size_t room_ = OWN_ROOM;
 };
-
-namespace NumberText {
-static const unsigned int MAX_LENGTH = 30;   // characters of a number's text; what is longer is cut there
-
-// "%.*f" of value into buf, which has MAX_LENGTH + 1 bytes; NUL-terminated. The result is the text's length.
-size_t Fixed(double value, unsigned int decimals, char* buf);
-}  // namespace NumberText

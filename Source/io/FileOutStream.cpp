@@ -1,0 +1,85 @@
+#include "io/FileOutStream.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstring>
+
+static const size_t BUFFER_BYTES = 1048576;
+
+static bool IsStandard(const FILE* file) {
+    return file == stdout || file == stderr;
+}
+
+static const char* OpenMode(bool append, bool update) {
+    if (append) return "ab";
+    return update ? "r+b" : "wb";
+}
+
+FileOutStream::FileOutStream(const char* path, bool append, bool update) : FileOutStream(nullptr, true) {
+    open(path, append, update);
+}
+
+FileOutStream::FileOutStream(FILE* file, bool autoClose) : file_(file), autoClose_(autoClose), filename_("unknown") {}
+
+FileOutStream::~FileOutStream() {
+    if (autoClose_) close();
+}
+
+OutStream& FileOutStream::write(const char* buf, size_t n) {
+    MutexLocker lock(fileMutex_);
+    if (file_ == nullptr) return *this;
+    lastWritten_ = fwrite_unlocked(buf, 1, n, file_);
+    if (lastWritten_ < n) noteError();
+    return *this;
+}
+
+OutStream& FileOutStream::write(const char* s) {
+    return write(s, strlen(s));
+}
+
+bool FileOutStream::open(const char* path, bool append, bool update) {
+    MutexLocker lock(fileMutex_);
+    close();
+    firstError_ = 0;
+    filename_ = path;
+    autoClose_ = true;
+    file_ = fopen(path, OpenMode(append, update));
+    if (file_ == nullptr) {
+        noteError();
+        return false;
+    }
+    if (buffer_ == nullptr) buffer_.reset(new char[BUFFER_BYTES]);
+    setvbuf(file_, buffer_.get(), _IOFBF, BUFFER_BYTES);
+    return true;
+}
+
+void FileOutStream::close() {
+    MutexLocker lock(fileMutex_);
+    flush();
+    if (file_ == nullptr || IsStandard(file_)) return;
+    if (fclose(file_) != 0) noteError();
+    file_ = nullptr;
+}
+
+void FileOutStream::flush() {
+    MutexLocker lock(fileMutex_);
+    if (file_ != nullptr && fflush(file_) != 0) noteError();
+}
+
+bool FileOutStream::seek(unsigned int offset) {
+    MutexLocker lock(fileMutex_);
+    if (file_ == nullptr) return false;
+    const bool done = fseeko(file_, offset, SEEK_SET) == 0;
+    if (!done && ferror(file_)) noteError();  // it could not write out what was gathered
+    return done;
+}
+
+int FileOutStream::tell() {
+    MutexLocker lock(fileMutex_);
+    return file_ == nullptr ? 0 : static_cast<int>(std::min<off_t>(ftello(file_), INT_MAX));
+}
+
+void FileOutStream::noteError() {
+    if (firstError_ == 0) firstError_ = errno;
+}

@@ -1,0 +1,156 @@
+#include "io/InStream.h"
+
+#include <cstdlib>
+
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "the primitives copy the log's bytes into the host's numbers");
+
+static const char CARRIAGE_RETURN = '\r';
+static const char LINE_FEED = '\n';
+
+// The bytes of value from firstByte on.
+template <typename T>
+static char* BytesOf(T& value, size_t firstByte = 0) {
+    return reinterpret_cast<char*>(&value) + firstByte;
+}
+
+// Counted by the running total: a stream without a file leaves lastRead_ as it was.
+bool InStream::fetch(char* buf, size_t n) {
+    const size_t before = totalBytesRead_;
+    read(buf, n);
+    return totalBytesRead_ - before == n;
+}
+
+// ---- Numbers of a fixed width
+
+InStream& InStream::readChar(signed char& value) {
+    return read(BytesOf(value), 1);
+}
+InStream& InStream::readShort(short& value) {
+    return read(BytesOf(value), 2);
+}
+InStream& InStream::readShort(unsigned short& value) {
+    return read(BytesOf(value), 2);
+}
+InStream& InStream::readInt(int& value) {
+    return read(BytesOf(value), 4);
+}
+InStream& InStream::readLongLong(long long& value) {
+    return read(BytesOf(value), 8);
+}
+InStream& InStream::readFloat(float& value) {
+    return read(BytesOf(value), 4);
+}
+InStream& InStream::readDouble(double& value) {
+    return read(BytesOf(value), 8);
+}
+
+InStream& InStream::readInt24(int& value) {
+    unsigned int upperBytes = 0;
+    read(BytesOf(upperBytes, 1), 3);
+    value = static_cast<int>(upperBytes) >> 8;  // brings the sign down from bit 23
+    return *this;
+}
+
+InStream& InStream::readFloat2(float& value) {
+    value = 0.0f;
+    return read(BytesOf(value, 2), 2);
+}
+
+InStream& InStream::readFloat3(float& value) {
+    value = 0.0f;
+    return read(BytesOf(value, 1), 3);
+}
+
+// ---- Compact codes: the low 1-bits of the first byte, up to the first 0-bit, count the bytes that follow it.
+
+InStream& InStream::readUShortCompact(unsigned short& value) {
+    unsigned char first;
+    if (!fetch(BytesOf(first), 1)) return *this;
+    value = first;
+    if ((first & 1) == 0) {
+        value = static_cast<unsigned short>(value >> 1);
+        incBytesRead(1);
+    } else if ((first & 2) == 0) {
+        if (!fetch(BytesOf(value, 1), 1)) return *this;
+        value = static_cast<unsigned short>(value >> 2);
+        incBytesRead(2);
+    } else {
+        if (!fetch(BytesOf(value), 2)) return *this;
+        incBytesRead(3);
+    }
+    return *this;
+}
+
+InStream& InStream::readLongLongCompact(long long& value) {
+    unsigned char first;
+    if (!fetch(BytesOf(first), 1)) return *this;
+    const int following = first == 0xFF ? 8 : __builtin_ctz(~static_cast<unsigned int>(first));
+    const int length = 1 + following;
+    value = first;
+    if (length == 9) {
+        if (!fetch(BytesOf(value), 8)) return *this;
+    } else {
+        if (following > 0 && !fetch(BytesOf(value, 1), static_cast<size_t>(following))) return *this;
+        // Seven bits of every byte are the number; its top bit is the sign.
+        const int unusedBits = 64 - 8 * length;
+        value = static_cast<long long>(static_cast<unsigned long long>(value) << unusedBits) >> (unusedBits + length);
+    }
+    incBytesRead(static_cast<size_t>(length));
+    return *this;
+}
+
+// ---- Hexadecimal digits; strtol ends the number at the first character that is none.
+
+template <size_t DIGITS, typename T>
+static InStream& ReadHex(InStream& in, T& value) {
+    char digits[DIGITS + 1] = {};
+    in.read(digits, DIGITS);
+    value = static_cast<T>(strtol(digits, nullptr, 16));
+    return in;
+}
+
+InStream& InStream::readCharHex(signed char& value) {
+    return ReadHex<2>(*this, value);
+}
+InStream& InStream::readUCharHex(unsigned char& value) {
+    return ReadHex<2>(*this, value);
+}
+InStream& InStream::readShortHex(short& value) {
+    return ReadHex<4>(*this, value);
+}
+InStream& InStream::readUShortHex(unsigned short& value) {
+    return ReadHex<4>(*this, value);
+}
+
+// ---- Text
+
+InStream& InStream::readLine(char* buf, unsigned int size) {
+    if (size == 0) return *this;
+    unsigned int counted = 0;
+    char* at = buf;
+    while (counted + 1 < size && !eof() && fetch(at, 1)) {
+        const bool isSecondHalf = *at == LINE_FEED && counted == 0;  // of a CR LF that ended the line before
+        if (!isSecondHalf) {
+            if (*at == LINE_FEED || *at == CARRIAGE_RETURN) break;
+            ++at;
+        }
+        ++counted;
+    }
+    *at = '\0';
+    lastRead_ = counted;
+    return *this;
+}
+
+// The place of a byte that never came counts as read, so that a caller sees the end as it sees the delimiter.
+InStream& InStream::readUntil(char* buf, unsigned int max, unsigned char delim) {
+    unsigned int counted = 0;
+    bool ended = false;
+    while (!ended && counted < max) {
+        char& next = buf[counted++];
+        next = '\0';
+        ended = !fetch(&next, 1) || static_cast<signed char>(next) == delim;
+    }
+    buf[counted] = '\0';
+    lastRead_ = counted;
+    return *this;
+}

@@ -1,0 +1,55 @@
+#include "utils/TextBuffer.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+
+static const size_t LONGEST_INTEGER = 20;  // characters of the least long long
+static const char HEX_DIGITS[] = "0123456789ABCDEF";
+
+TextBuffer::~TextBuffer() {
+    if (chars_ != own_) delete[] chars_;
+}
+
+TextBuffer& TextBuffer::append(const char* text) {
+    return append(text, strlen(text));
+}
+
+TextBuffer& TextBuffer::appendInt(long long value) {
+    char* const at = roomFor(LONGEST_INTEGER);
+    length_ += static_cast<size_t>(std::to_chars(at, at + LONGEST_INTEGER, value).ptr - at);
+    return *this;
+}
+
+TextBuffer& TextBuffer::appendHex(unsigned long long value) {
+    int digits = 1;
+    for (unsigned long long rest = value >> 4; rest != 0; rest >>= 4) ++digits;
+    return appendHexDigits(value, digits);
+}
+
+TextBuffer& TextBuffer::appendHexDigits(unsigned long long value, int digits) {
+    const size_t count = static_cast<size_t>(std::max(digits, 0));
+    char* const at = roomFor(count);
+    for (size_t i = count; i-- > 0; value >>= 4) at[i] = HEX_DIGITS[value & 15];
+    length_ += count;
+    return *this;
+}
+
+TextBuffer& TextBuffer::appendFixed(double value, unsigned int decimals) {
+    length_ += NumberText::Fixed(value, decimals, roomFor(NumberText::MAX_LENGTH + 1));
+    return *this;
+}
+
+char* TextBuffer::roomFor(size_t more) {
+    if (more > room_ - length_) grow(more);
+    return chars_ + length_;
+}
+
+void TextBuffer::grow(size_t more) {
+    const size_t room = std::max(2 * room_, length_ + more);
+    char* const chars = new char[room];
+    memcpy(chars, chars_, length_);
+    if (chars_ != own_) delete[] chars_;
+    chars_ = chars;
+    room_ = room;
+}
