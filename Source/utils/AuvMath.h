@@ -145,7 +145,8 @@ void UnitVectorToAzimuthAndElevation(const Vector& vector, float& azimuth, float
 // Metres of standard ocean below the surface, from pascals and radians.
 // N. P. Fofonoff and R. C. Millard, UNESCO technical papers in marine science 44 (1983).
 double OceanDepth(double pressure, double latitude);
-// Pascals of standard ocean, from metres and radians. C. C. Leroy and F. Parthiot, J. Acoust. Soc. Am. 103 (1998).
+// Pascals in the common oceans at mid latitudes, from metres and radians. C. C. Leroy and F. Parthiot, J. Acoust. Soc.
+// Am. 103 (1998).
 double OceanPressure(double depth, double latitude);
 // Metres per second. C.-T. Chen and F. J. Millero (1977), in UNESCO technical papers in marine science 44 (1983).
 double SoundSpeed(double salinity, double temperature, double pressure);
