@@ -1,0 +1,24 @@
+#include "logger/rule/DataNameRule.h"
+
+#include "data/Slate.h"
+#include "logger/entry/DataEntry.h"
+
+bool DataNameRule::check(const LogEntry* entry) {
+    if (!resolve() || !DataWriteRule::check(entry)) return false;
+    const DataEntry& data = *static_cast<const DataEntry*>(entry);
+    return data.getElementCode() == code_ || (data.isBest() && data.getUniversalCode() == code_);
+}
+
+Str DataNameRule::toString() const {
+    return Str("dataName=") + dataName_ + ", " + DataWriteRule::toString();
+}
+
+// A name that is not known yet is looked up again only when the log has named more elements.
+bool DataNameRule::resolve() {
+    if (code_ != ElementURI::NO_CODE) return true;
+    const unsigned int count = Slate::GetElementURICount();
+    if (count == slateElementURICount_) return false;
+    slateElementURICount_ = count;
+    code_ = Slate::GetElementURICode(dataName_.cStr());
+    return code_ != ElementURI::NO_CODE;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "data/Syslog.h"
+#include "logger/rule/Rule.h"
+
+// Admits the messages that begin with a text.
+class SyslogStartRule final : public Rule {
+public:
+    explicit SyslogStartRule(const Str& start) : start_(start) {}
+    bool check(const LogEntry* entry) override;
+    Str toString() const override;
+
+private:
+    const Str start_;
+};
+
+// Admits the messages of a severity, or of at least that severity.
+class SyslogSeverityRule final : public Rule {
+public:
+    SyslogSeverityRule(Syslog::Severity severity, bool orGreater) : severity_(severity), orGreater_(orGreater) {}
+    bool check(const LogEntry* entry) override;
+    Str toString() const override;
+
+private:
+    bool admits(Syslog::Severity severity) const;
+
+    const Syslog::Severity severity_;
+    const bool orGreater_;
+};
