@@ -30,18 +30,17 @@ public:
     virtual unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit);
 
 protected:
-    // Resolves names against the Slate; true when no name is open any more.
+    // Looks open names up, when the Slate has changed since the last try; true when no name is open any more.
     bool initializeFilterLogWriter();
-    // Looks names up again when the Slate has changed since the last try; true when no name is open any more.
-    bool refreshFilterLogWriter();
 
-    LogWriter* const outputTo_;      // shared; may be null
+    LogWriter* const outputTo_;  // shared; may be null
     VariableSelection variables_;
     VariableSelection attributes_;
     const bool passCycleStarts_;
-    Timestamp lastTime_;             // of the last cycle start seen
+    Timestamp lastTime_;  // of the last cycle start seen
 
 private:
+    unsigned int writeEvent(const EventEntry& event);
     unsigned int writeSelected(const DataEntry& entry, const Unit* unit);
-    unsigned int writeEvent(const LogEntry& entry);
+    unsigned int writeVariable(const DataEntry& entry, int index, const Unit* unit);
 };

@@ -13,20 +13,20 @@ public:
     // The lists are borrowed; units may be null, and so may each unit.
     VariableSelection(int count, char** names, char** unitNames);
 
-    void reset();          // forget all codes and units; look everything up again
+    void reset();  // forget all codes and units; look everything up again
     // Looks up what is not resolved yet, when the Slate has changed since the last try. True when every name is
     // resolved or, the directory having been read, can no longer be.
-    bool resolve();
+    bool resolve() { return resolved_ || (isStale() && lookUpAll()); }
     bool isResolved() const { return resolved_; }
     // The Slate has grown, or its directory was read, since the last resolve.
     bool isStale() const;
 
     int count() const { return count_; }
     const char* name(int index) const { return names_[index]; }
-    unsigned short code(int index) const { return variables_[index].code_; }   // ElementURI::NO_CODE until found
+    unsigned short code(int index) const { return variables_[index].code_; }  // ElementURI::NO_CODE until found
     bool isFound(int index) const { return code(index) < ElementURI::NUM_CODES; }
     bool isUniversal(int index) const { return variables_[index].isUniversal_; }
-    const Unit* unit(int index) const { return variables_[index].unit_; }      // the unit asked for; null when none
+    const Unit* unit(int index) const { return variables_[index].unit_; }  // the unit asked for; null when none
     // The index of the variable with that code (the last of equal names), -1 when none was asked for.
     int indexOf(unsigned short code) const { return code < ElementURI::NUM_CODES ? codeLookup_[code] : -1; }
     // The first index of the same name.
@@ -41,15 +41,17 @@ private:
         bool isUniversal_ = false;
         const Unit* unit_ = nullptr;
     };
-    bool resolveOne(int index);
+    bool lookUpAll();
+    bool lookUpCode(int index);  // true when the log knows the name
+    void lookUpUnit(int index);
 
     const int count_;
-    char** const names_;       // borrowed
-    char** const unitNames_;   // borrowed; may be null
+    char** const names_;      // borrowed
+    char** const unitNames_;  // borrowed; may be null
     std::unique_ptr<Variable[]> variables_;
-    std::unique_ptr<int[]> codeLookup_;   // by code, NUM_CODES of them: the index or -1
+    std::unique_ptr<int[]> codeLookup_;  // by code, NUM_CODES of them: the index or -1
     bool resolved_ = false;
-    unsigned int seenElementCount_ = 0;   // of the Slate at the last try
+    unsigned int seenElementCount_ = 0;  // of the Slate at the last try
     unsigned int seenAccessCount_ = 0;
     bool seenDirectoryRead_ = false;
     bool tried_ = false;

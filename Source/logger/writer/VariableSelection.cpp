@@ -1,0 +1,72 @@
+#include "logger/writer/VariableSelection.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "data/Slate.h"
+#include "units/UnitRegistry.h"
+
+VariableSelection::VariableSelection(int count, char** names, char** unitNames)
+    : count_(count),
+      names_(names),
+      unitNames_(unitNames),
+      variables_(new Variable[count]),
+      codeLookup_(new int[ElementURI::NUM_CODES]) {
+    reset();
+}
+
+void VariableSelection::reset() {
+    std::fill_n(variables_.get(), count_, Variable());
+    std::fill_n(codeLookup_.get(), ElementURI::NUM_CODES, -1);
+    resolved_ = false;
+    tried_ = false;
+}
+
+bool VariableSelection::isStale() const {
+    return !tried_ || seenElementCount_ != Slate::GetElementURICount() ||
+           seenAccessCount_ != Slate::GetDataAccessCount() || seenDirectoryRead_ != Slate::IsDirectoryRead();
+}
+
+bool VariableSelection::lookUpAll() {
+    seenElementCount_ = Slate::GetElementURICount();
+    seenAccessCount_ = Slate::GetDataAccessCount();
+    seenDirectoryRead_ = Slate::IsDirectoryRead();
+    tried_ = true;
+    resolved_ = true;
+    for (int index = 0; index < count_; ++index) {
+        lookUpUnit(index);
+        if (!isFound(index) && !lookUpCode(index) && !seenDirectoryRead_) resolved_ = false;
+    }
+    return resolved_;
+}
+
+// A universal is registered before any log names it; only a code tells that the log knows the name.
+bool VariableSelection::lookUpCode(int index) {
+    const ElementURI* uri = Slate::FindElementURI(names_[index]);
+    if (uri == nullptr || !uri->hasCode()) return false;
+    variables_[index].code_ = uri->getCode();
+    variables_[index].isUniversal_ = uri->isUniversal();
+    codeLookup_[uri->getCode()] = index;
+    return true;
+}
+
+void VariableSelection::lookUpUnit(int index) {
+    const char* unitName = unitNames_ == nullptr ? nullptr : unitNames_[index];
+    if (unitName != nullptr && unit(index) == nullptr) variables_[index].unit_ = UnitRegistry::FindUnit(unitName);
+}
+
+int VariableSelection::firstIndexOfName(int index) const {
+    int first = 0;
+    while (first < index && strcmp(names_[first], names_[index]) != 0) ++first;
+    return first;
+}
+
+const DataAccess* VariableSelection::access(int index) const {
+    return isFound(index) ? Slate::FindDescribingAccess(code(index), isUniversal(index)) : nullptr;
+}
+
+const Unit* VariableSelection::shownUnit(int index) const {
+    if (unit(index) != nullptr) return unit(index);
+    const DataAccess* describing = access(index);
+    return describing == nullptr ? nullptr : describing->getUnit();
+}
