@@ -7,6 +7,7 @@
 #include "utils/Timestamp.h"
 
 class DataEntry;
+class EventEntry;
 class PendingRows;
 class SyslogEntry;
 
@@ -28,10 +29,10 @@ public:
     void resetInputs() override;
 
     // Each returns the number of bytes written.
-    virtual unsigned int writeAllInterpolated();                   // emits every pending row
-    virtual void clearRow() {}                                     // after each emitted row without interpolation
-    virtual unsigned int writeRow();                               // base: a cycle start at lastTime_ to the output
-    virtual unsigned int writeSyslog(const SyslogEntry* entry);    // base: forwards
+    virtual unsigned int writeAllInterpolated();                 // emits every pending row
+    virtual void clearRow() {}                                   // after each emitted row without interpolation
+    virtual unsigned int writeRow();                             // base: a cycle start at lastTime_ to the output
+    virtual unsigned int writeSyslog(const SyslogEntry* entry);  // base: forwards
     // Puts a value into a cell of the current row; null: an empty cell. Base: forwards an entry.
     virtual unsigned int writeToColumn(const DataEntry* entry, int column);
 
@@ -41,11 +42,18 @@ protected:
     // Looks names up again when the Slate has changed since the last try; true when no name is open any more.
     bool refreshTableLogWriter();
 
-    LogWriter* const outputTo_;    // shared; may be null
+    LogWriter* const outputTo_;  // shared; may be null
     VariableSelection columns_;
     const bool interpolate_;
-    Timestamp lastTime_;           // of the current row
+    Timestamp lastTime_;  // of the current row
 
 private:
-    std::unique_ptr<PendingRows> pendingRows_;   // with interpolation only
+    unsigned int writeSample(const DataEntry& entry);
+    unsigned int writeCell(const DataEntry& entry, int column);
+    unsigned int writeEvent(const EventEntry& entry);
+    unsigned int writeMessage(const SyslogEntry& entry);
+    unsigned int writeReadyRows();
+    unsigned int writeFrontRow();
+
+    std::unique_ptr<PendingRows> pendingRows_;  // with interpolation only
 };

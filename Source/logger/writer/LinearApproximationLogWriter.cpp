@@ -1,0 +1,89 @@
+#include "logger/writer/LinearApproximationLogWriter.h"
+
+#include "data/DataAccess.h"
+
+LinearApproximationLogWriter::LinearApproximationLogWriter(LogWriter* outputTo, int varCount, char** varList,
+                                                           char** unitList, const float* approxErrors,
+                                                           bool sendAtStartCycle, bool makeDirEntries)
+    : TableLogWriter(outputTo, varCount, varList, unitList, false),
+      approxErrors_(approxErrors),
+      sendAtStartCycle_(sendAtStartCycle),
+      makeDirEntries_(makeDirEntries),
+      varData_(new std::unique_ptr<VarData>[varCount]),
+      directory_(varCount),
+      cycleStartEntry_(Timestamp::EPOCH_START_TIME) {}
+
+unsigned int LinearApproximationLogWriter::writeHeader() {
+    resetDirectoryEntries();
+    return outputTo_->writeHeader();
+}
+
+void LinearApproximationLogWriter::endCycle() {
+    outputTo_->endCycle();
+}
+
+void LinearApproximationLogWriter::config(Logger& logger) {
+    outputTo_->config(logger);
+}
+
+unsigned int LinearApproximationLogWriter::writeToColumn(const DataEntry* entry, int column) {
+    if (entry != nullptr && !VarData::HasNumber(*entry)) {
+        DataEntry copy(*entry);
+        return copy.getDataValue() == nullptr ? 0 : forceWrite(&copy, column);
+    }
+    VarData* series = varData_[column].get();
+    if (series == nullptr) return entry == nullptr ? 0 : startSeries(*entry, column);
+    if (entry == nullptr) return passPoint(column);
+    if (!series->checkNextEntry(entry)) return 0;
+    unsigned int bytes = passPoint(column);
+    if (series->wasNaN()) bytes += passPoint(column);  // the gap itself shows in the output
+    return bytes;
+}
+
+unsigned int LinearApproximationLogWriter::writeRow() {
+    if (!recentOutput_ || !sendAtStartCycle_) return 0;
+    unsigned int bytes = 0;
+    for (int column = 0; column < columns_.count(); ++column) bytes += writeToColumn(nullptr, column);
+    cycleStartEntry_.setTimestamp(lastTime_);
+    bytes += outputTo_->write(&cycleStartEntry_, nullptr);
+    recentOutput_ = false;
+    return bytes;
+}
+
+unsigned int LinearApproximationLogWriter::writeFooter() {
+    return forceWriteRow();
+}
+
+unsigned int LinearApproximationLogWriter::forceWriteRow() {
+    unsigned int bytes = 0;
+    for (int column = 0; column < columns_.count(); ++column) {
+        if (varData_[column] != nullptr) bytes += passPoint(column);
+    }
+    return bytes + writeRow();
+}
+
+unsigned int LinearApproximationLogWriter::forceWrite(DataEntry* entry, int column) {
+    recentOutput_ = true;
+    return sendOutput(entry, column);
+}
+
+unsigned int LinearApproximationLogWriter::startSeries(const DataEntry& entry, int column) {
+    varData_[column].reset(new VarData(entry, approxErrors_[column]));
+    return forceWrite(varData_[column]->getDataEntry(), column);
+}
+
+unsigned int LinearApproximationLogWriter::passPoint(int column) {
+    varData_[column]->advance();
+    return forceWrite(varData_[column]->getDataEntry(), column);
+}
+
+unsigned int LinearApproximationLogWriter::sendOutput(DataEntry* entry, int column) {
+    const Unit* unit = columns_.unit(column);
+    if (!makeDirEntries_) return outputTo_->write(entry, unit);
+    unsigned int bytes = 0;
+    DataAccess* const logged = entry->getDataAccess();
+    entry->setDataAccess(directory_.describe(columns_.name(column), column, *entry, unit, *outputTo_, bytes));
+    bytes += outputTo_->write(entry, unit);
+    entry->setDataAccess(logged);
+    return bytes;
+}

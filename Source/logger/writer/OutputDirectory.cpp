@@ -1,0 +1,68 @@
+#include "logger/writer/OutputDirectory.h"
+
+#include "data/DataValue.h"
+#include "data/Slate.h"
+#include "logger/entry/DataEntry.h"
+#include "logger/entry/DirectoryEntry.h"
+#include "logger/writer/LogWriter.h"
+
+OutputDirectory::OutputDirectory(int columnCount)
+    : columnCount_(columnCount), columns_(new Column[columnCount]), components_(true) {}
+
+OutputDirectory::~OutputDirectory() = default;
+
+DataAccess* OutputDirectory::describe(const Str& name, int column, const DataEntry& entry, const Unit* unit,
+                                      LogWriter& output, unsigned int& bytes) {
+    Column& described = columns_[column];
+    if (described.written_) return described.access_.get();
+    const auto write = [&](const DirectoryEntry& directoryEntry) { bytes += output.write(&directoryEntry, nullptr); };
+    if (!wroteVersion_) write(DirectoryEntry(static_cast<short>(0)));
+    wroteVersion_ = true;
+    Component* component = componentOf(name);
+    if (component != nullptr && !component->written_) {
+        write(DirectoryEntry(&component->name_));
+        component->written_ = true;
+    }
+    if (described.access_ == nullptr) make(described, column, name, component, entry, unit);
+    write(DirectoryEntry(described.element_.get()));
+    write(DirectoryEntry(described.access_.get()));
+    described.written_ = true;
+    return described.access_.get();
+}
+
+void OutputDirectory::reset() {
+    wroteVersion_ = false;
+    for (int i = 0; i < columnCount_; ++i) columns_[i].written_ = false;
+    for (int i = 0; i <= components_.getMaxIndex(); ++i) components_.at(static_cast<unsigned int>(i))->written_ = false;
+}
+
+// The part of the name before its first '.'; null for a name without component.
+OutputDirectory::Component* OutputDirectory::componentOf(const Str& name) {
+    const size_t end = name.find('.');
+    if (end == Str::NO_POS) return nullptr;
+    const Str text = name.substr(0, end);
+    const int count = components_.getMaxIndex() + 1;
+    for (int i = 0; i < count; ++i) {
+        Component* component = components_.at(static_cast<unsigned int>(i));
+        if (component->name_ == text) return component;
+    }
+    components_.push(new Component(text, static_cast<unsigned short>(count)));
+    return components_.at(static_cast<unsigned int>(count));
+}
+
+void OutputDirectory::make(Column& column, int index, const Str& name, const Component* component,
+                           const DataEntry& entry, const Unit* unit) {
+    const unsigned short code = static_cast<unsigned short>(index);
+    const ElementURI* source = Slate::GetElementURI(entry.getElementCode());
+    const DataValue& value = *entry.getDataValue();
+    const Unit& shown = entry.displayUnit(unit);
+    column.element_.reset(source == nullptr
+                              ? new ElementURI(code, name, ElementURI::DATA_ELEMENT, shown)
+                              : new ElementURI(code, name, source->getElementType(), shown, source->getBinaryType(),
+                                               source->getBlobType(), source->getDimension1(), source->getDimension2(),
+                                               source->getDimension3()));
+    column.access_.reset(new DataAccess(
+        component == nullptr ? CodedStr::NO_CODE : component->name_.getCode(), code, DataAccess::NO_CODE, shown,
+        value.getBinaryType(), static_cast<unsigned short>(value.getTypeSize()), code, DataAccessor::DATA_WRITER));
+    column.access_->setNoInterpFlag(entry.getDataAccess()->getNoInterpFlag());
+}
