@@ -39,23 +39,43 @@ unsigned long long ScaledAndRounded(double magnitude, unsigned int decimals) {
     return scaled + (up ? 1 : 0);
 }
 
-// Exactly count digits of number, the last one just before end.
-void WriteDigits(unsigned long long number, unsigned int count, char* end) {
-    for (; count > 0; --count, number /= 10) *--end = static_cast<char>('0' + number % 10);
+// "00" to "99", one after the other.
+constexpr std::array<char, 200> DIGIT_PAIRS = [] {
+    std::array<char, 200> pairs{};
+    for (size_t i = 0; i < 100; ++i) {
+        pairs[2 * i] = static_cast<char>('0' + i / 10);
+        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+}();
+
+// The last count digits of number go just before at, which moves in front of them; number loses them.
+void PrependDigits(unsigned long long& number, unsigned int count, char*& at) {
+    for (; count >= 2; count -= 2, number /= 100) {
+        at -= 2;
+        memcpy(at, &DIGIT_PAIRS[2 * (number % 100)], 2);
+    }
+    if (count == 0) return;
+    *--at = static_cast<char>('0' + number % 10);
+    number /= 10;
 }
 
 size_t QuickFixed(double value, unsigned int decimals, char* buf) {
-    const unsigned long long scaled = ScaledAndRounded(std::fabs(value), decimals);
-    char* at = buf;
-    if (std::signbit(value)) *at++ = '-';
-    at = std::to_chars(at, buf + NumberText::MAX_LENGTH, scaled / POWERS_OF_TEN[decimals]).ptr;
+    unsigned long long rest = ScaledAndRounded(std::fabs(value), decimals);
+    char text[NumberText::MAX_LENGTH];
+    char* const end = text + sizeof(text);
+    char* at = end;
     if (decimals > 0) {
-        *at++ = '.';
-        at += decimals;
-        WriteDigits(scaled % POWERS_OF_TEN[decimals], decimals, at);
+        PrependDigits(rest, decimals, at);
+        *--at = '.';
     }
-    *at = '\0';
-    return static_cast<size_t>(at - buf);
+    while (rest >= 10) PrependDigits(rest, 2, at);
+    if (rest > 0 || at == end || *at == '.') PrependDigits(rest, 1, at);
+    if (std::signbit(value)) *--at = '-';
+    const size_t length = static_cast<size_t>(end - at);
+    memcpy(buf, at, length);
+    buf[length] = '\0';
+    return length;
 }
 
 size_t LongFixed(double value, unsigned int decimals, char* buf) {
