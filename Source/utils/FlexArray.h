@@ -62,7 +62,7 @@ public:
     }
     void setArraySize(unsigned int size) final {
         setArraySizeBase(size);
-        tArray_ = reinterpret_cast<T*>(array_);
+        tArray_ = static_cast<T*>(static_cast<void*>(array_));
     }
 
     void set(unsigned int index, T item) { FlexArrayBase::set(index, Untyped(item)); }
