@@ -4,72 +4,82 @@
 
 #include "units/BinaryDataType.h"
 #include "units/Unit.h"
+#include "units/Units.h"
 #include "utils/Str.h"
 
 class OutStream;
+class TextBuffer;
 
 // A typed value bound to a unit and held in that unit's base unit; it knows the bytes that it takes in the log.
 // Reading or setting goes through the caller's unit. A number is read in a unit of the same base, or where either side
 // is unitless; otherwise copyTo is false and gives NaN (0 for integers).
+// All arithmetic runs in double: the forms of the other types go through it, and what does not fit an integer
+// saturates.
 class DataValue {
 public:
     virtual ~DataValue() {}
-    virtual DataValue* copy() const = 0;   // a new value of the same class, unit and content, owned by the caller
+    virtual DataValue* copy() const = 0;  // a new value of the same class, unit and content, owned by the caller
 
     // Arithmetic in the base unit, into the caller's result.
-    virtual void minus(const DataValue* other, DataValue* result) const = 0;
-    virtual void times(double factor, DataValue* result) const = 0;
-    virtual double absDiff(const DataValue* other) const = 0;   // NaN when other cannot be read in this base unit
+    virtual void minus(const DataValue* other,
+                       DataValue* result) const;  // result is left alone when other does not fit
+    virtual void times(double factor, DataValue* result) const;
+    virtual double absDiff(const DataValue* other) const;  // NaN when other cannot be read in this base unit
 
     // Read in the given unit; false when that is not possible.
-    virtual bool copyTo(const Unit& unit, bool& value) const = 0;
-    virtual bool copyTo(const Unit& unit, unsigned char& value) const = 0;
+    virtual bool copyTo(const Unit& unit, bool& value) const;
+    virtual bool copyTo(const Unit& unit, unsigned char& value) const;
     virtual bool copyTo(const Unit& unit, double& value) const = 0;
-    virtual bool copyTo(const Unit& unit, float& value) const = 0;
-    virtual bool copyTo(const Unit& unit, int& value) const = 0;
-    virtual bool copyTo(DataValue& value) const = 0;
+    virtual bool copyTo(const Unit& unit, float& value) const;
+    virtual bool copyTo(const Unit& unit, int& value) const;
+    virtual bool copyTo(DataValue& value) const;
 
     // -1, 0 or 1 as this is below, equal to or above the other; 0 when the difference is NaN.
-    virtual int compare(const Unit& unit, const bool& value) const = 0;
-    virtual int compare(const Unit& unit, const unsigned char& value) const = 0;
+    virtual int compare(const Unit& unit, const bool& value) const;
+    virtual int compare(const Unit& unit, const unsigned char& value) const;
     virtual int compare(const Unit& unit, const double& value) const = 0;
-    virtual int compare(const Unit& unit, const float& value) const = 0;
-    virtual int compare(const Unit& unit, const int& value) const = 0;
-    virtual int compare(const DataValue& other) const = 0;
+    virtual int compare(const Unit& unit, const float& value) const;
+    virtual int compare(const Unit& unit, const int& value) const;
+    virtual int compare(const DataValue& other) const;
 
-    virtual bool equals(const Unit& unit, const bool& value) const = 0;
-    virtual bool equals(const Unit& unit, const unsigned char& value) const = 0;
+    virtual bool equals(const Unit& unit, const bool& value) const;
+    virtual bool equals(const Unit& unit, const unsigned char& value) const;
     virtual bool equals(const Unit& unit, const double& value) const = 0;
-    virtual bool equals(const Unit& unit, const float& value) const = 0;
-    virtual bool equals(const Unit& unit, const int& value) const = 0;
-    virtual bool equals(const DataValue& other) const = 0;
+    virtual bool equals(const Unit& unit, const float& value) const;
+    virtual bool equals(const Unit& unit, const int& value) const;
+    virtual bool equals(const DataValue& other) const;
 
     virtual bool isNaN() const = 0;
 
     // Store a value given in the unit; true when what would reach the log changed.
-    virtual bool setFrom(const Unit& unit, bool value) = 0;
-    virtual bool setFrom(const Unit& unit, unsigned char value) = 0;
+    virtual bool setFrom(const Unit& unit, bool value);
+    virtual bool setFrom(const Unit& unit, unsigned char value);
     virtual bool setFrom(const Unit& unit, double value) = 0;
-    virtual bool setFrom(const Unit& unit, float value) = 0;
-    virtual bool setFrom(const Unit& unit, int value) = 0;
-    virtual bool setFrom(const DataValue& other) = 0;
+    virtual bool setFrom(const Unit& unit, float value);
+    virtual bool setFrom(const Unit& unit, int value);
+    virtual bool setFrom(const DataValue& other);
 
-    virtual Str toString(const Unit& unit) const = 0;   // the converted number alone: "1.500000"; "nan" where it does not fit
-    virtual Str toString() const = 0;                   // in its own unit: "1.500000 m"
+    virtual Str toString(
+        const Unit& unit) const;   // the converted number alone: "1.500000"; "nan" where it does not fit
+    virtual Str toString() const;  // in its own unit: "1.500000 m"
 
-    virtual size_t toStream(OutStream& out) const = 0;   // writes the log bytes; their number
+    virtual size_t toStream(OutStream& out) const = 0;  // writes the log bytes; their number
     // From log bytes: the value's own size of them, out of a buffer that holds at least 8.
     virtual void fromBinary(const void* bytes) = 0;
     virtual size_t getTypeSize() const { return typeSize_; }
     virtual BinaryDataType getBinaryType() const { return binaryType_; }
 
-    const Unit* getUnit() const { return unit_; }   // null for a value made without one
-    const Unit& getBaseUnit() const { return unit_->getBaseUnit(); }
+    virtual void appendTo(TextBuffer& text, const Unit& unit) const = 0;  // the text of toString(unit)
+
+    const Unit* getUnit() const { return unit_; }  // null for a value made without one, which counts as unitless
+    const Unit& getBaseUnit() const { return unitOrNone().getBaseUnit(); }
     void setUnit(const Unit& unit) { unit_ = &unit; }
     void clearType() { binaryType_ = NO_TYPE; }
 
     // True when a number of this value's unit can be read in the given one: equal bases, or either side unitless.
-    bool fits(const Unit& unit) const;
+    bool fits(const Unit& unit) const {
+        return &getBaseUnit() == &unit.getBaseUnit() || IsUnitless(getBaseUnit()) || IsUnitless(unit.getBaseUnit());
+    }
 
 protected:
     DataValue(const Unit* unit, size_t typeSize, BinaryDataType binaryType)
@@ -77,7 +87,12 @@ protected:
     DataValue(const DataValue&) = default;
     DataValue& operator=(const DataValue&) = default;
 
-    const Unit* unit_;           // a constant of the process
-    size_t typeSize_;            // bytes in the log
+    const Unit& unitOrNone() const { return unit_ == nullptr ? Units::NONE : *unit_; }
+
+    const Unit* unit_;  // a constant of the process
+    size_t typeSize_;   // bytes in the log
     BinaryDataType binaryType_;
+
+private:
+    static bool IsUnitless(const Unit& baseUnit);
 };

@@ -30,10 +30,21 @@ T FlipEndian(T value) {
 // x as an integer: truncated toward zero, the nearest one that fits when it is out of range, 0 for NaN.
 template <typename Integer>
 Integer Truncate(double x) {
-    static_assert(sizeof(Integer) < sizeof(double), "a double must hold the limits exactly");
-    const double lowest = std::numeric_limits<Integer>::min();
-    const double highest = std::numeric_limits<Integer>::max();
-    return IsNaN(x) ? Integer(0) : static_cast<Integer>(std::min(std::max(x, lowest), highest));
+    typedef std::numeric_limits<Integer> Limits;
+    if (IsNaN(x)) return 0;
+    if (x <= static_cast<double>(Limits::min())) return Limits::min();
+    if (x >= static_cast<double>(Limits::max())) return Limits::max();
+    return static_cast<Integer>(x);
+}
+
+// x as any type of number: integers by Truncate, floating ones rounded.
+template <typename Number>
+Number Narrow(double x) {
+    if constexpr (std::is_integral<Number>::value) {
+        return Truncate<Number>(x);
+    } else {
+        return static_cast<Number>(x);
+    }
 }
 
 // x clamped into the range between a and b, which may come in either order.
