@@ -6,28 +6,31 @@
 
 class DataAccess;
 class DataAccessor;
+class DataElement;
+class TextBuffer;
 
 // A component read or wrote one datum.
 class DataEntry final : public LogEntry {
 public:
-    static const unsigned short BEST_MASK = 4;      // bit 2 of the header word
-    static const unsigned short CODE_SHIFT = 3;     // bits 3-15: the data access code
+    static const unsigned short BEST_MASK = 4;   // bit 2 of the header word
+    static const unsigned short CODE_SHIFT = 3;  // bits 3-15: the data access code
     static const unsigned short MAX_CODE = 8191;
 
     // Takes the value over; it may be null. changed: the entry carries the value's bytes.
     DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed);
-    DataEntry(DataAccessor* accessor, bool best, bool changed);   // borrows the element's value; stamped now
-    DataEntry(const DataEntry& other);                            // with a copy of the value, which it owns
+    DataEntry(DataAccessor* accessor, bool best, bool changed);  // borrows the element's value; stamped now
+    DataEntry(const DataEntry& other);                           // with a copy of the value, which it owns
     DataEntry& operator=(const DataEntry&) = delete;
     ~DataEntry() override;
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
     Str toString(const Unit* unit) const override;
-    // The value's text in the unit given, failing that in the access's, failing that in its own; "NULL" without a value.
+    // The value's text in the unit given, failing that in the access's, failing that in its own; "NULL" without a
+    // value.
     virtual Str getDataValueString(const Unit* unit, bool hideUnit) const;
 
     DataAccess* getDataAccess() const { return dataAccess_; }
-    DataValue* getDataValue() const { return dataValue_; }        // null when there is none
+    DataValue* getDataValue() const { return dataValue_; }  // null when there is none
     bool isBest() const { return best_; }
     void setBest(bool best) { best_ = best; }
     bool isChanged() const { return changed_; }
@@ -40,17 +43,25 @@ public:
     // The unit in which the value is shown when `unit` is asked for (null: none is).
     const Unit& displayUnit(const Unit* unit) const;
     void setDataAccess(DataAccess* dataAccess) { dataAccess_ = dataAccess; }
-    // Gives the entry a value of its own that holds the number; an integer or text value becomes a double where it must.
+    // Gives the entry a value of its own that holds the number; an integer or text value becomes a double where it
+    // must.
     void setNumber(const Unit& unit, double number);
 
-    static DataEntry* Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error);
+    // Makes the value read the element's current one and borrows it from there. With SKIP_VALUES the bytes are passed
+    // over: the entry has no value and the Slate's elements stay as they are.
+    static DataEntry* Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error,
+                           Values values = STORE_VALUES);
 
     static void* operator new(size_t size) { return Pool_.allocate(size); }
     static void operator delete(void* block) { Pool_.release(block); }
 
 private:
-    DataAccess* dataAccess_;   // owned by the Slate
-    DataValue* dataValue_;     // owned when ownsValue_, else the element's current value
+    void shareValueWith(DataElement& element);
+    void appendValue(TextBuffer& text, const Unit* unit, bool hideUnit) const;
+    const char* arrow() const;  // from or to the element, doubled for a best value
+
+    DataAccess* dataAccess_;  // owned by the Slate
+    DataValue* dataValue_;    // owned when ownsValue_, else the element's current value
     bool best_;
     bool changed_;
     bool ownsValue_;

@@ -12,14 +12,14 @@ class ElementURI;
 class DirectoryEntry final : public LogEntry {
 public:
     enum DirectoryType : int { ACCESSOR = 'a', ELEMENT = 'e', NAME = 'n', VERSION = 'v' };
-    static const unsigned short HEADER = 21;   // the one header word of directory entries
+    static const unsigned short HEADER = 21;  // the one header word of directory entries
 
-    static unsigned short MinimumLogVersion_;   // the oldest readable log version
-    static unsigned short CurrentLogVersion_;   // the newest; replaced by the version of the log being read
-    static FlexArray<ElementURI*> ElementStore_;   // names read from logs, kept to the process's end
+    static unsigned short MinimumLogVersion_;     // the oldest readable log version
+    static unsigned short CurrentLogVersion_;     // the newest; replaced by the version of the log being read
+    static FlexArray<ElementURI*> ElementStore_;  // names that the Slate adopted from logs, and owns
 
-    explicit DirectoryEntry(short version);     // 0 stands for the version in force
-    explicit DirectoryEntry(DataAccess* dataAccess);      // the items belong to the Slate
+    explicit DirectoryEntry(short version);           // 0 stands for the version in force
+    explicit DirectoryEntry(DataAccess* dataAccess);  // the items belong to the Slate
     explicit DirectoryEntry(const CodedStr* name);
     explicit DirectoryEntry(ElementURI* element);
 
@@ -28,7 +28,7 @@ public:
 
     DirectoryType getDirectoryType() const { return directoryType_; }
     short getVersion() const { return version_; }
-    bool wasRead() const { return wasRead_; }   // came from a log
+    bool wasRead() const { return wasRead_; }  // came from a log
     static unsigned short GetCurrentLogVersion() { return CurrentLogVersion_; }
     static unsigned short GetMinimumLogVersion() { return MinimumLogVersion_; }
     static const char* DirectoryTypeToString(DirectoryType type);
@@ -41,8 +41,12 @@ public:
     static void operator delete(void* block) { Pool_.release(block); }
 
 private:
+    explicit DirectoryEntry(DirectoryType type);  // the item follows
+    static DirectoryEntry* ReadBody(signed char type, InStream& in, const Logger& logger);
+    static DirectoryEntry* ReadVersionEntry(InStream& in, const Logger& logger);
+
     DirectoryType directoryType_;
-    union {                          // by directoryType_
+    union {  // by directoryType_
         DataAccess* dataAccess_;
         ElementURI* element_;
         const CodedStr* name_;

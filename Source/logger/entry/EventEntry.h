@@ -11,8 +11,8 @@ class DataElement;
 class EventEntry final : public LogEntry {
 public:
     enum EventType : int { START_CYCLE = 0, SET_DATA_ACCURACY = 4, SET_DATA_STATE = 8, COMPONENT_ACTION = 12 };
-    static const unsigned short EVENT_MASK = 12;    // bits 2-3 of the header word
-    static const unsigned short ACTOR_SHIFT = 4;    // bits 4-15: the actor code
+    static const unsigned short EVENT_MASK = 12;  // bits 2-3 of the header word
+    static const unsigned short ACTOR_SHIFT = 4;  // bits 4-15: the actor code
     static const unsigned short MAX_ACTOR = 4095;
 
     enum ComponentAction : int { COMPONENT_LOAD = 0, COMPONENT_MISSION_RUN = 4, COMPONENT_FAIL = 8 };
@@ -26,9 +26,9 @@ public:
         DATA_STATE_CHANGE_INVALID = 64,
         DATA_STATE_CHANGE_VALID = 128,
     };
-    static const int PREEMPTED = -1;                // as a running value; 0 is stopped, else the loop number
+    static const int PREEMPTED = -1;  // as a running value; 0 is stopped, else the loop number
 
-    explicit EventEntry(const Timestamp& t);        // START_CYCLE
+    explicit EventEntry(const Timestamp& t);  // START_CYCLE
     EventEntry(const Timestamp& t, unsigned short actor, FailureMode::FailType failType, int count);
     EventEntry(const Timestamp& t, unsigned short actor, int running);
     EventEntry(const Timestamp& t, unsigned short actor, bool loaded);
@@ -66,8 +66,17 @@ public:
     static void operator delete(void* block) { Pool_.release(block); }
 
 private:
+    EventEntry(const Timestamp& t, EventType type, unsigned short actor);  // the rest is zero
+    static EventEntry* ReadCycleStart(Timestamp& timeBase, const Timespan& timeAdjust, InStream& in,
+                                      unsigned short actor, const Logger& logger, bool& error);
+    unsigned int writeCycleStart(Timestamp& timeBase, OutStream& out) const;
+    size_t writeBody(OutStream& out) const;
+    bool readBody(InStream& in, const Logger& logger);
+    size_t writeAction(OutStream& out) const;
+    bool readAction(InStream& in, const Logger& logger);
+
     unsigned short actorCode_;
-    union {                       // by event type and action
+    union {  // by event type and action
         unsigned short elementCode_;
         bool loaded_;
         int running_;

@@ -13,5 +13,5 @@ public:
         SOFTWARE = 6,
         HEURISTIC = 7,
     };
-    static const char* ToString(FailType type);   // the enumerator's name, "(undefined)" for any other number
+    static const char* ToString(FailType type);  // the enumerator's name, "(undefined)" for any other number
 };

@@ -20,10 +20,13 @@ public:
         DATA_LOG_ENTRY = 2,
         SYSLOG_LOG_ENTRY = 3,
     };
-    static const unsigned short TYPE_MASK = 3;   // bits 0-1 of the header word
-    static const Str UNKNOWN;                    // stands for a name that the log does not give
+    static const unsigned short TYPE_MASK = 3;  // bits 0-1 of the header word
+    static const Str UNKNOWN;                   // stands for a name that the log does not give
 
-    LogEntry(Type type, const Timestamp& t);     // NOT_SET_TIME stands for now
+    // What a reader does with the values that data entries carry: a scan of the directory passes over them.
+    enum Values : int { STORE_VALUES, SKIP_VALUES };
+
+    LogEntry(Type type, const Timestamp& t);  // NOT_SET_TIME stands for now
     virtual ~LogEntry() {}
 
     // Appends the entry in the log's form, timed against timeBase (a cycle start sets it); the number of bytes written,
@@ -39,7 +42,8 @@ public:
 
     // The next entry of the stream, owned by the caller; null at the end of data or for bytes that hold no entry (then
     // error may be set). A cycle start sets timeBase; a GPS fix moves timeBase and adds to timeAdjust.
-    static LogEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, const Logger& logger, bool& error);
+    static LogEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, const Logger& logger, bool& error,
+                          Values values = STORE_VALUES);
     static const char* TypeToString(Type type);
 
     // Reads the entry time and adds it to t; flag is the bit stored with it. False at the end of data.
@@ -50,6 +54,9 @@ public:
                                 Logger::TimePrecisionType precision) const;
 
 protected:
+    // False for the versions whose entry times are plain: there a data entry always carries its value.
+    static bool TimesHaveFlag();
+
     LogEntry(const LogEntry&) = default;
     LogEntry& operator=(const LogEntry&) = default;
 

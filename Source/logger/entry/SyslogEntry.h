@@ -8,8 +8,8 @@
 // A message that a component logged, with its severity and the facility that issued it.
 class SyslogEntry final : public LogEntry {
 public:
-    static const unsigned short SEVERITY_MASK = 28;          // bits 2-4 of the header word: the severity as it stands
-    static const unsigned short FACILITY_SHIFT = 5;          // bits 5-15: the facility code
+    static const unsigned short SEVERITY_MASK = 28;  // bits 2-4 of the header word: the severity as it stands
+    static const unsigned short FACILITY_SHIFT = 5;  // bits 5-15: the facility code
     static const unsigned short MAX_FACILITY = 2047;
     static const unsigned short MAX_MESSAGE_LENGTH = 65535;  // bytes; a longer message is cut
 
@@ -35,7 +35,7 @@ public:
 private:
     Str message_;
     Syslog::Severity severity_;
-    const CodedStr& loggerFacility_;   // borrowed
+    const CodedStr& loggerFacility_;  // borrowed
 
     static RecyclingPool Pool_;
 };

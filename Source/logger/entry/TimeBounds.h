@@ -2,11 +2,16 @@
 
 #include "utils/Timestamp.h"
 
+class InStream;
+class Logger;
+
 // What an entry time can be: not before 1970 and not more than about a month ahead of the clock.
 class TimeBounds {
 public:
-    static const int MAX_AHEAD = 2628000;   // seconds
+    static const int MAX_AHEAD = 2628000;  // seconds
 
     // The clock is read only for a time that lies past what an earlier look allowed.
     static bool Holds(const Timestamp& t);
+    // Logs that a time base read by `who` is impossible, and where the stream stands.
+    static void LogViolation(const Logger& logger, const char* who, const Timestamp& timeBase, const InStream& in);
 };

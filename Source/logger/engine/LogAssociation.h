@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "logger/rule/Rule.h"
+#include "logger/writer/LogWriter.h"
+
+// One writer and the rule that decides which entries reach it.
+class LogAssociation {
+public:
+    LogAssociation(LogWriter* writer, Rule* rule);  // counts the writer, owns the rule; a null rule admits everything
+    virtual ~LogAssociation();
+    LogAssociation(const LogAssociation&) = delete;
+    LogAssociation& operator=(const LogAssociation&) = delete;
+
+    bool matchAndProcess(LogEntry* entry);  // true when the writer got the entry
+    void endCycle();                        // passed on only when the writer got an entry since the last one
+    unsigned int writeFooter();             // bytes written
+    void configLogWriter(Logger& logger);
+    void resetInputs();
+
+    Rule* getRule() const { return rule_.get(); }
+    LogWriter* getWriter() const { return writer_; }
+    void setWriter(LogWriter* writer);  // counts it and gives up the one before
+
+private:
+    LogWriter* writer_;  // shared: its last holder deletes it; may be null
+    const std::unique_ptr<Rule> rule_;
+    bool wroteInCycle_ = false;
+};

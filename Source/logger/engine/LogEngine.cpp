@@ -1,0 +1,43 @@
+#include "logger/engine/LogEngine.h"
+
+#include <memory>
+
+#include "logger/entry/EventEntry.h"
+#include "logger/entry/SyslogEntry.h"
+
+static bool IsCycleStart(const LogEntry& entry) {
+    return entry.getType() == LogEntry::EVENT_LOG_ENTRY &&
+           static_cast<const EventEntry&>(entry).getEventType() == EventEntry::START_CYCLE;
+}
+
+void LogEngine::processEntry(LogEntry* entry) {
+    if (IsCycleStart(*entry)) endCycle();
+    for (unsigned int i = 0; i < associations_.count(); ++i) associations_.at(i)->matchAndProcess(entry);
+}
+
+void LogEngine::logMessage(const Str& text, Syslog::Severity severity, const CodedStr& facility) {
+    queueEntry(new SyslogEntry(text, severity, facility));
+}
+
+void LogEngine::processQueue(const Timespan& limit) {
+    const bool limited = limit != Timespan::ZERO_TIMESPAN;
+    const Timestamp end = limited ? Timestamp::Now() + limit : Timestamp::NOT_SET_TIME;
+    while (LogEntry* next = queue_.pop()) {
+        const std::unique_ptr<LogEntry> entry(next);
+        processEntry(next);
+        if (limited && Timestamp::Now() >= end) return;
+    }
+}
+
+void LogEngine::endCycle() {
+    for (unsigned int i = 0; i < associations_.count(); ++i) associations_.at(i)->endCycle();
+}
+
+void LogEngine::resetInputs() {
+    for (unsigned int i = 0; i < associations_.count(); ++i) associations_.at(i)->resetInputs();
+}
+
+void LogEngine::uninitialize() {
+    for (unsigned int i = 0; i < associations_.count(); ++i) associations_.at(i)->writeFooter();
+    while (associations_.count() > 0) delete associations_.pop(0);
+}

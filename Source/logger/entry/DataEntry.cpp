@@ -1,0 +1,265 @@
+#include "logger/entry/DataEntry.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <memory>
+
+#include "data/BlobValue.h"
+#include "data/DataAccess.h"
+#include "data/DataAccessor.h"
+#include "data/DataElement.h"
+#include "data/Slate.h"
+#include "data/StrValue.h"
+#include "logger/entry/EntryStream.h"
+#include "logger/entry/EntryText.h"
+#include "units/Units.h"
+
+RecyclingPool DataEntry::Pool_("DataEntry", sizeof(DataEntry));
+
+DataEntry::DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed)
+    : LogEntry(DATA_LOG_ENTRY, t),
+      dataAccess_(dataAccess),
+      dataValue_(dataValue),
+      best_(best),
+      changed_(changed),
+      ownsValue_(true) {}
+
+DataEntry::DataEntry(DataAccessor* accessor, bool best, bool changed)
+    : DataEntry(accessor->getDataAccess(), accessor->getElement()->getDataValue(), Timestamp::NOT_SET_TIME, best,
+                changed) {
+    ownsValue_ = false;
+}
+
+DataEntry::DataEntry(const DataEntry& other)
+    : LogEntry(other),
+      dataAccess_(other.dataAccess_),
+      dataValue_(other.dataValue_ == nullptr ? nullptr : other.dataValue_->copy()),
+      best_(other.best_),
+      changed_(other.changed_),
+      ownsValue_(true) {}
+
+DataEntry::~DataEntry() {
+    if (ownsValue_) delete dataValue_;
+}
+
+bool DataEntry::isDataWrite() const {
+    return dataAccess_ != nullptr && dataAccess_->isWriter();
+}
+
+unsigned short DataEntry::getElementCode() const {
+    return dataAccess_ == nullptr ? ElementURI::NO_CODE : dataAccess_->getElementCode();
+}
+
+unsigned short DataEntry::getUniversalCode() const {
+    return dataAccess_ == nullptr ? ElementURI::NO_CODE : dataAccess_->getEffectiveUniversalCode();
+}
+
+unsigned int DataEntry::write(Timestamp& timeBase, OutStream& out) const {
+    if (dataValue_ == nullptr || dataAccess_->getCode() > MAX_CODE) return 0;
+    const bool withValue = changed_ || !TimesHaveFlag();
+    const int header = DATA_LOG_ENTRY | (best_ ? BEST_MASK : 0) | dataAccess_->getCode() << CODE_SHIFT;
+    size_t n = EntryStream::WriteCompact(out, static_cast<unsigned short>(header));
+    n += writeTimestamp(timeBase, withValue, out, dataAccess_->getTimePrecision());
+    if (withValue) n += dataValue_->toStream(out);
+    return static_cast<unsigned int>(n);
+}
+
+// The first access from `first` up to but not including `end` that is typed and matches; null when there is none.
+template <typename Matches>
+static const DataAccess* FindTyped(unsigned int first, unsigned int end, Matches matches) {
+    for (unsigned int code = first; code < end; ++code) {
+        const DataAccess* candidate = Slate::GetDataAccess(static_cast<unsigned short>(code));
+        if (candidate != nullptr && candidate->isTyped() && matches(*candidate)) return candidate;
+    }
+    return nullptr;
+}
+
+// A sibling on the same element, preferably one declared later.
+static const DataAccess* FindTypedSibling(const DataAccess& access) {
+    const auto onSameElement = [&access](const DataAccess& other) {
+        return other.getElementCode() == access.getElementCode();
+    };
+    const DataAccess* later = FindTyped(access.getCode() + 1u, Slate::NextDataAccessCode_, onSameElement);
+    return later != nullptr ? later : FindTyped(0, access.getCode(), onSameElement);
+}
+
+// An access that supplies the universal which this one stands for itself.
+static const DataAccess* FindTypedSupplier(const DataAccess& access) {
+    return FindTyped(0, Slate::NextDataAccessCode_, [&access](const DataAccess& other) {
+        return other.getUniversalCode() == access.getElementCode();
+    });
+}
+
+// An access that was declared without type takes unit, type and size from a related one.
+static void InheritType(DataAccess& access) {
+    const DataAccess* related = nullptr;
+    if (access.getUniversalCode() == ElementURI::NO_CODE) related = FindTypedSibling(access);
+    if (access.getUniversalCode() == ElementURI::SELF_CODE) related = FindTypedSupplier(access);
+    if (related != nullptr) access.copyUnitsTypeAndSizeFrom(related);
+}
+
+static DataAccess* FindAccess(unsigned short code, InStream& in, const Logger& logger) {
+    DataAccess* access = Slate::GetDataAccess(code);
+    if (access == nullptr) {
+        logger.syslog("No DataAccessor found for code 0x", code, Syslog::ERROR);
+        EntryStream::LogPosition(logger, in);
+        return nullptr;
+    }
+    if (access->isUntyped()) InheritType(*access);
+    return access;
+}
+
+static const Unit& UnitOf(const DataAccess& access) {
+    const Unit* unit = access.getUnit();
+    return unit == nullptr ? Units::NONE : *unit;
+}
+
+// The access's element, made when its first value comes; null, with a message, when the log does not name it.
+static DataElement* FindElement(const DataAccess& access, const Logger& logger, LogEntry::Values values) {
+    const unsigned short code = access.getElementCode();
+    DataElement* element = Slate::GetElement(code);
+    if (element != nullptr) return element;
+    const ElementURI* uri = Slate::GetElementURI(code);
+    if (uri == nullptr) {
+        logger.syslog("Could not find Element with code 0x", code, Syslog::ERROR);
+        return nullptr;
+    }
+    if (values == LogEntry::SKIP_VALUES) return nullptr;
+    return Slate::NewDataElement(*uri, nullptr, UnitOf(access), access.getBinaryType(), DataElement::NO_ACCURACY);
+}
+
+static DataValue* NewValue(const DataAccess& access, const DataElement* element) {
+    if (access.getBinaryType() == STRVALUE && element != nullptr && element->getUri().getBlobType() != NOT_BLOB) {
+        BlobValue* blob = new BlobValue(element->getUri());
+        blob->setUnit(UnitOf(access));
+        return blob;
+    }
+    return UnitOf(access).dataValue(access.getBinaryType());
+}
+
+// Moves the value's bytes from the stream into the value; without a value they are passed over.
+static bool ReadBytes(const DataAccess& access, InStream& in, DataValue* value) {
+    const bool variable = access.getBinaryType() == STRVALUE;
+    unsigned short size = access.getTypeSize();
+    if (variable && !EntryStream::ReadExactly(in, &size, sizeof size)) return false;
+    char bytes[std::numeric_limits<unsigned short>::max()];
+    memset(bytes, 0, sizeof(double));  // what the widest number reads, however few bytes the access declares
+    if (!EntryStream::ReadExactly(in, bytes, size)) return false;
+    if (value == nullptr) return true;
+    if (variable) {
+        static_cast<StrValue*>(value)->fromBinary(bytes, size);
+    } else {
+        value->fromBinary(bytes);
+    }
+    return true;
+}
+
+// The value that follows a changed entry's time, owned by the caller; null when it is only passed over. False, with a
+// message, when it cannot be had.
+static bool ReadValue(const DataAccess& access, const DataElement* element, InStream& in, const Logger& logger,
+                      bool& error, LogEntry::Values values, DataValue*& value) {
+    const bool stored = values == LogEntry::STORE_VALUES;
+    std::unique_ptr<DataValue> read(stored && !access.isUntyped() ? NewValue(access, element) : nullptr);
+    if (access.isUntyped() || (stored && read == nullptr)) {
+        logger.syslog("No type known for data access 0x", access.getCode(), Syslog::ERROR);
+        error = true;
+        return false;
+    }
+    if (!ReadBytes(access, in, read.get())) {
+        return EntryStream::Fail(logger, "End of Binary File Reached while reading DataEntry DataValue");
+    }
+    value = read.release();
+    return true;
+}
+
+DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error,
+                           Values values) {
+    DataAccess* access = FindAccess(static_cast<unsigned short>(header >> CODE_SHIFT), in, logger);
+    if (access == nullptr) {
+        error = true;
+        return nullptr;
+    }
+    Timestamp t = timeBase;
+    bool changed = false;
+    if (!ReadTimestamp(t, changed, in, logger, access->getTimePrecision())) return nullptr;
+    DataElement* element = FindElement(*access, logger, values);
+    DataValue* value = nullptr;
+    if (changed && !ReadValue(*access, element, in, logger, error, values, value)) return nullptr;
+    DataEntry* entry = new DataEntry(access, value, Timestamp::EPOCH_START_TIME, (header & BEST_MASK) != 0, changed);
+    entry->setTimestamp(t);
+    if (element != nullptr && values == STORE_VALUES) entry->shareValueWith(*element);
+    return entry;
+}
+
+// A new value becomes the element's current one; without one the entry repeats what the element holds.
+void DataEntry::shareValueWith(DataElement& element) {
+    if (changed_) {
+        element.setDataValue(dataValue_);
+        element.setTimestamp(timestamp_);
+    }
+    dataValue_ = element.getDataValue();
+    ownsValue_ = false;
+}
+
+const Unit& DataEntry::displayUnit(const Unit* unit) const {
+    if (unit != nullptr) return *unit;
+    const Unit* accessUnit = dataAccess_ == nullptr ? nullptr : dataAccess_->getUnit();
+    const Unit* ownUnit = dataValue_ == nullptr ? nullptr : dataValue_->getUnit();
+    if (accessUnit != nullptr && (ownUnit == nullptr || dataValue_->fits(*accessUnit))) return *accessUnit;
+    return ownUnit == nullptr ? Units::NONE : *ownUnit;
+}
+
+double DataEntry::getNumber(const Unit& unit) const {
+    double number = 0;
+    return dataValue_ != nullptr && dataValue_->copyTo(unit, number) ? number : std::nan("");
+}
+
+void DataEntry::setNumber(const Unit& unit, double number) {
+    if (dataValue_ == nullptr) return;
+    const Unit& ownUnit = dataValue_->getUnit() == nullptr ? unit : *dataValue_->getUnit();
+    std::unique_ptr<DataValue> value(dataValue_->copy());
+    value->setFrom(unit, number);
+    const bool isText = value->getBinaryType() == STRVALUE;
+    if (isText || (std::isnan(number) && !value->isNaN())) {
+        value.reset(ownUnit.dataValue(DOUBLE8));
+        value->setFrom(unit, number);
+    }
+    if (ownsValue_) delete dataValue_;
+    dataValue_ = value.release();
+    ownsValue_ = true;
+}
+
+void DataEntry::appendValue(TextBuffer& text, const Unit* unit, bool hideUnit) const {
+    if (dataValue_ == nullptr) {
+        text.append("NULL");
+        return;
+    }
+    const Unit& shown = displayUnit(unit);
+    dataValue_->appendTo(text, shown);
+    const bool isNumber = dataValue_->getBinaryType() != STRVALUE;
+    if (isNumber && !hideUnit) text.append(' ').append(shown.getAbbreviation());
+}
+
+Str DataEntry::getDataValueString(const Unit* unit, bool hideUnit) const {
+    TextBuffer text;
+    appendValue(text, unit, hideUnit);
+    return text.toStr();
+}
+
+const char* DataEntry::arrow() const {
+    if (!isDataWrite()) return "<--";
+    return best_ ? "==>" : "-->";
+}
+
+Str DataEntry::toString(const Unit* unit) const {
+    const bool inMillis = dataAccess_->getTimePrecision() == Logger::TIME_PRECISION_MILLIS;
+    TextBuffer text;
+    EntryText::AppendStamp(text, timestamp_, inMillis ? 3 : 6);
+    EntryText::AppendName(text, Slate::GetName(dataAccess_->getOwnerCode()));
+    text.append(arrow());
+    EntryText::AppendName(text, Slate::GetElementURI(dataAccess_->getElementCode()));
+    text.append('=');
+    appendValue(text, unit, false);
+    return text.toStr();
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+
+#include "data/Logger.h"
+#include "io/InStream.h"
+#include "io/OutStream.h"
+
+// What the entry kinds share when they move their bytes.
+namespace EntryStream {
+// Header words, codes and lengths; unlike the plain compact form this brings back every value.
+size_t WriteCompact(OutStream& out, unsigned short value);  // bytes written
+
+inline bool ReadExactly(InStream& in, void* bytes, size_t n) {
+    return in.read(static_cast<char*>(bytes), n).bytesRead() == n;
+}
+
+// Logs the text at ERROR; always false, so that a reader can say: return ok || Fail(...).
+bool Fail(const Logger& logger, const char* text);
+// Says where the stream stands, as the second line of a message.
+void LogPosition(const Logger& logger, const InStream& in);
+}  // namespace EntryStream

@@ -1,0 +1,138 @@
+#include "logger/reader/FileLogReader.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "utils/TextBuffer.h"
+
+FlexArray<const char*>* FileLogReader::PriorityList_ = nullptr;
+
+static const size_t PART_DIGITS = 4;
+
+FileLogReader::FileLogReader(const Str& filebase, LogReader* logReader)
+    : filebase_(filebase), fileStream_(nullptr, false), logReader_(logReader), damage_(logReader->getMessageGate()) {
+    if (!open(filebase_)) {
+        openError_ = strerror(errno);
+        matchAndOpen(nextFilename());
+    }
+    logReader_->setInStream(fileStream_);
+}
+
+FileLogReader::~FileLogReader() {
+    fileStream_.close();
+}
+
+Str FileLogReader::nextFilename() {
+    char number[16];
+    snprintf(number, sizeof number, "%0*u", static_cast<int>(PART_DIGITS), nextFilenum_++);
+    return filebase_ + Str(number);
+}
+
+// Null, and errno says why, when there is no such file. A directory would open too, but give nothing and never end.
+static FILE* OpenRegular(const Str& path) {
+    struct stat status;
+    if (stat(path.cStr(), &status) != 0) return nullptr;
+    if (S_ISREG(status.st_mode)) return fopen(path.cStr(), "rb");
+    errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+    return nullptr;
+}
+
+bool FileLogReader::open(const Str& path) {
+    file_ = OpenRegular(path);
+    if (file_ == nullptr) return false;
+    openError_ = Str::EMPTY_STR;
+    fileStream_.setFile(file_, path, true);
+    fileStream_.zeroBytesRead();
+    fileStream_.zeroTotalBytesRead();
+    origin_ = 0;
+    damage_.beginFile(path);
+    return true;
+}
+
+bool FileLogReader::isFileEmpty() {
+    struct stat status;
+    return fstat(fileno(file_), &status) == 0 && status.st_size == 0;
+}
+
+bool FileLogReader::matchAndOpen(const Str& candidate) {
+    if (open(candidate)) {
+        if (!isFileEmpty()) return true;
+        fileStream_.close();
+        file_ = nullptr;
+    }
+    return open(candidate + ".bak") || openPriorityName(candidate);
+}
+
+// "Logs/slate0003" is also looked for as "Logs/Courier0003": the directory, the priority word, the number.
+bool FileLogReader::openPriorityName(const Str& candidate) {
+    const Str separator = candidate.find('/') != Str::NO_POS ? "/" : "\\";
+    const size_t last = candidate.findLastOf(separator);
+    if (PriorityList_ == nullptr || last == Str::NO_POS || candidate.find(".dir") != Str::NO_POS) return false;
+    const Str directory = candidate.substr(0, last + 1);
+    const Str number = candidate.substr(candidate.length() - PART_DIGITS);
+    for (int i = 0; i <= PriorityList_->getMaxIndex(); ++i) {
+        if (openWithBackup(directory + Str(PriorityList_->get(i)) + number)) return true;
+    }
+    return false;
+}
+
+unsigned int FileLogReader::read() {
+    const unsigned int n = readOpenFile();
+    if (n > 0) return n;
+    closeFile();
+    if (nextFilenum_ == 0 || !matchAndOpen(nextFilename())) return 0;
+    return readOpenFile();
+}
+
+void FileLogReader::readAll() {
+    for (int zeros = 0; zeros < MAX_ZERO_READS;) zeros = read() > 0 ? 0 : zeros + 1;
+}
+
+unsigned int FileLogReader::readOpenFile() {
+    while (isReadable()) {
+        const unsigned int n = readEntries();
+        entriesRead_ += n;
+        if (n > 0) return n;
+    }
+    return 0;
+}
+
+unsigned int FileLogReader::readEntries() {
+    const long long start = position();
+    damage_.beginAttempt();
+    const unsigned int n = logReader_->read();
+    const long long end = position();
+    const bool torn = fileStream_.eof() && end > start;
+    if (n > 0) {
+        damage_.entryRead(start, end);
+    } else {
+        damage_.nothingRead(logReader_->hasError() || torn, end);
+    }
+    if (n == 0 && logReader_->hasError() && !fileStream_.eof()) stepTo(start + 1);
+    return n;
+}
+
+void FileLogReader::stepTo(long long position) {
+    if (fileStream_.seekTo(position)) origin_ = position - static_cast<long long>(fileStream_.getTotalBytesRead());
+}
+
+bool FileLogReader::isReadable() {
+    return file_ != nullptr && !fileStream_.eof() && fileStream_.readError() == 0;
+}
+
+void FileLogReader::closeFile() {
+    if (file_ == nullptr) return;
+    damage_.endFile(position());
+    bytesInClosedFiles_ += position();
+    const int error = fileStream_.readError();
+    MessageGate* gate = logReader_->getMessageGate();
+    if (error != 0 && gate != nullptr) {
+        TextBuffer text;
+        text.append("Cannot read ").append(fileStream_.getName()).append(": ").append(strerror(error));
+        gate->getLogger().syslog(text.toStr(), Syslog::ERROR);
+    }
+    fileStream_.close();
+    file_ = nullptr;
+}

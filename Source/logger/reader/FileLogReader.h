@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdio>
+#include <memory>
+
+#include "io/FileInStream.h"
+#include "logger/reader/DamageWatch.h"
+#include "logger/reader/LogReader.h"
+#include "utils/FlexArray.h"
+#include "utils/Str.h"
+
+// Drives an entry reader over the files of one log: the file of the name given, or else its numbered parts, each also
+// looked for as ".bak" and under the priority names. Steps over damage of any length. Only regular files are opened.
+class FileLogReader : public LogReader {
+public:
+    FileLogReader(const Str& filebase, LogReader* logReader);  // owns the reader
+    ~FileLogReader() override;
+
+    unsigned int read() override;  // the entries handled by one call, 0 at the end of a file
+    // Reads to the end of the log. A numbered part may be missing where a later one is not, so the log has ended only
+    // after MAX_ZERO_READS reads in a row gave nothing.
+    void readAll();
+    virtual bool valid() { return file_ != nullptr; }  // a file is open
+
+    unsigned int getEntriesRead() const { return entriesRead_; }  // in all
+    // Of all files so far, damage included; a measure of how far the reading is.
+    long long getBytesPassed() const { return bytesInClosedFiles_ + (file_ == nullptr ? 0 : position()); }
+    // Why the name given did not open; empty when a file of the log did.
+    const Str& getOpenError() const { return openError_; }
+
+    Str nextFilename();                       // the name of the next numbered part
+    bool matchAndOpen(const Str& candidate);  // the candidate, its ".bak", or one of its priority names
+    unsigned int readEntries();               // one attempt; after an error the next one begins a byte later
+    bool isReadable();                        // a file is open, and neither at its end nor broken
+
+    static const int MAX_ZERO_READS = 20;
+
+    static void SetPriorityList(FlexArray<const char*>* list) { PriorityList_ = list; }  // borrowed; null for none
+
+private:
+    bool open(const Str& path);
+    bool openPriorityName(const Str& candidate);
+    bool openWithBackup(const Str& path) { return open(path) || open(path + ".bak"); }
+    bool isFileEmpty();
+    unsigned int readOpenFile();
+    void closeFile();
+    long long position() const { return origin_ + static_cast<long long>(fileStream_.getTotalBytesRead()); }
+    void stepTo(long long position);
+
+    const Str filebase_;    // the name given
+    FILE* file_ = nullptr;  // owned by the stream; null when none is open
+    FileInStream fileStream_;
+    unsigned int entriesRead_ = 0;
+    const std::unique_ptr<LogReader> logReader_;
+    unsigned int nextFilenum_ = 0;  // of the next part; stays 0 when the name given opened directly
+    DamageWatch damage_;
+    long long origin_ = 0;  // position in the file less the bytes counted by the stream
+    long long bytesInClosedFiles_ = 0;
+    Str openError_;
+
+    static FlexArray<const char*>* PriorityList_;  // borrowed
+};
