@@ -39,7 +39,9 @@ public:
     unsigned short getEffectiveUniversalCode() const {
         return universalCode_ == ElementURI::SELF_CODE ? elementCode_ : universalCode_;
     }
-    const Unit* getUnit() const;                 // null when the log's unit name names no unit
+    const Unit* getUnit() const {                // null when the log's unit name names no unit
+        return unit_ != nullptr || unitLookedUp_ ? unit_ : lookUpUnit();
+    }
     Str getUnitName() const;                     // the name as the log gave it; "none" without a unit
     BinaryDataType getBinaryType() const { return binaryType_; }
     unsigned short getTypeSize() const { return typeSize_; }
@@ -51,17 +53,25 @@ public:
     void setNoInterpFlag(bool noInterp) { noInterpFlag_ = noInterp; }
     Logger::TimePrecisionType getTimePrecision() const { return timePrecision_; }
     void setTimePrecision(Logger::TimePrecisionType precision) { timePrecision_ = precision; }
+    // The same component on the same element, in the same way; unit, type and size may differ.
+    bool isSameAttachment(const DataAccess& other) const;
+    bool declaresTheSame(const DataAccess& other) const;     // everything but the code is equal
     void copyUnitsTypeAndSizeFrom(const DataAccess* other);
 
     // ` code=0001 owner=0000 element=0002 universal=3FFF unitName="meter" type=0B size=0003 fl=01` and a line feed; the
     // number of bytes written.
     size_t write(OutStream& out) const;
+    Str recordText() const;                      // that record
     // A new access, owned by the caller; null when the record is malformed.
     static DataAccess* Read(InStream& in);
     // One line for people, at most 1023 characters; with markup it starts with the code and names the unit.
     Str asString(bool markup) const;
 
 private:
+    const Unit* lookUpUnit() const;
+    unsigned char flags() const;
+    void setFlags(unsigned char flags);
+
     unsigned short ownerCode_;
     unsigned short elementCode_;
     unsigned short universalCode_;
@@ -71,7 +81,7 @@ private:
     DataAccessor::AccessorType accessorType_;
     unsigned short code_;
     std::unique_ptr<Str> tempUnitName_;          // the unit name of a log record; null when the unit was given
-    mutable bool unitLookedUp_ = false;          // the name was looked up, found or not
+    mutable bool unitLookedUp_ = false;          // the name, found or not
     bool noInterpFlag_ = false;
     Logger::TimePrecisionType timePrecision_ = Logger::TIME_PRECISION_MICROS;
 };

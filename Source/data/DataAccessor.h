@@ -22,8 +22,9 @@ public:
     };
     static const char* const REQUEST_STRATEGY_STRS[STRATEGY_COUNT];
 
+    // noInterpFlag: its values must not be interpolated between samples.
     DataAccessor(Component* owner, DataElement* element, AccessorType accessorType,
-                 Logger::TimePrecisionType timePrecision = Logger::TIME_PRECISION_MICROS);
+                 Logger::TimePrecisionType timePrecision = Logger::TIME_PRECISION_MICROS, bool noInterpFlag = false);
     virtual ~DataAccessor() {}
     DataAccessor(const DataAccessor&) = delete;
     DataAccessor& operator=(const DataAccessor&) = delete;
@@ -31,9 +32,12 @@ public:
     virtual DataElement* getElement() const { return element_; }
     virtual Component* getOwner() const { return owner_; }
     virtual const ElementURI& getUri() const;
+    const Unit& getUnit() const;   // of the element
 
     AccessorType getAccessorType() const { return accessorType_; }
     Logger::TimePrecisionType getTimePrecision() const { return timePrecision_; }
+    bool getNoInterpFlag() const { return noInterpFlag_; }
+    // The coded access under which its entries stand in the log; null until the Slate made one.
     DataAccess* getDataAccess() const { return dataAccess_; }
     void setDataAccess(DataAccess* dataAccess) { dataAccess_ = dataAccess; }
 
@@ -45,5 +49,6 @@ protected:
     DataElement* const element_;          // owned by the Slate
     const AccessorType accessorType_;
     const Logger::TimePrecisionType timePrecision_;
+    const bool noInterpFlag_;
     DataAccess* dataAccess_ = nullptr;    // owned by the Slate
 };

@@ -75,4 +75,9 @@ protected:
     unsigned short dimension1_;
     unsigned short dimension2_;
     unsigned short dimension3_;
+
+private:
+    int blobFlag() const { return blobType_ == NOT_BLOB ? 0 : BLOB_VALUE_FLAG; }
+    bool readBlobForm(InStream& in);                     // the rest of a blob's record; false when it is malformed
+    void reportBlob(const char* problem, size_t number) const;
 };

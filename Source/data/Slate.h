@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/CodedItems.h"
 #include "data/CodedStr.h"
 #include "data/DataAccess.h"
 #include "data/DataElement.h"
@@ -14,20 +15,22 @@ class DataReader;
 class DataWriter;
 class LogEngine;
 class LogWriter;
-class Logger;
+class UniversalDataReader;
+class UniversalDataWriter;
 
 // The process-wide registry of everything that has a code in the log: element names, coded names, data accesses and
 // the elements that hold current values. Writers of a log ask it for codes; readers register what a log's directory
 // says and then resolve each entry's codes, by array read.
-// Ownership: the Slate owns what is registered in it, except universals and other names of static life.
+// Ownership: the Slate owns what is registered in it or made by it, except universals and other names of static life.
 // Threads: names, coded names and accesses have a lock each; an operation takes only its own.
 class Slate {
 public:
-    static void Construct();          // idempotent; every operation calls it
-    // Forgets every code, name, access and element value. Objects live on until Uninitialize, since writers may still
-    // hold entries that point to them.
+    // Puts the universals where the empty Slate has them. Idempotent; at the start their own constructors do it.
+    static void Construct();
+    // Forgets every code, name, access and element. Objects live on until Uninitialize, since writers may still hold
+    // entries that point to them.
     static void ClearDirectory();
-    static void Uninitialize();       // releases everything but the universals
+    static void Uninitialize();  // releases everything but the universals, which stay in an empty Slate
 
     // Reads the directory records of the log or side file at path (its numbered parts included) and registers them.
     // Values are passed over. DirectoryRead_ becomes true when at least one record was registered.
@@ -36,9 +39,9 @@ public:
     static void ReadDirectory(const Str& path, bool showMessages);
     static bool IsDirectoryRead() { return DirectoryRead_; }
 
-    static void EnableDirectoryWrites() { DirectoryWritesEnabled_ = true; }       // new names get a code and an entry
-    static void SimulateDirectoryWrites() { DirectoryWritesSimulated_ = true; }   // new names get a code only
-    static void StopDirectoryWrites();
+    static void EnableDirectoryWrites() { DirectoryWritesEnabled_ = true; }      // new names get a code and an entry
+    static void SimulateDirectoryWrites() { DirectoryWritesSimulated_ = true; }  // new names get a code only
+    static void StopDirectoryWrites() { DirectoryWritesEnabled_ = DirectoryWritesSimulated_ = false; }
     // Gives every item without a code the next one and writes the whole directory to the writer; with a null writer
     // only the entries of items that have just been given a code, to the directory engine.
     static void WriteDirectory(LogWriter* writer, bool restarted);
@@ -46,35 +49,45 @@ public:
     static void WriteNameEntry(CodedStr* name, LogWriter* writer, bool restarted);
     static void WriteDataAccessEntry(DataAccess* access, LogWriter* writer, bool restarted);
     // Where directory entries without a writer go; borrowed, null (as at the start) means nowhere.
-    static void SetDirectoryEngine(LogEngine* engine) { DirectoryEngine_ = engine; }
+    static void SetDirectoryEngine(LogEngine* engine) {
+        DirectoryEngine_ = engine;
+        EmitElementURI_ = engine == nullptr ? nullptr : &WriteElementURIEntry;
+        EmitName_ = engine == nullptr ? nullptr : &WriteNameEntry;
+        EmitDataAccess_ = engine == nullptr ? nullptr : &WriteDataAccessEntry;
+    }
 
     // Element names. Register takes ownership of uri: the result is the registered name, or null (uri deleted) for a
     // code that is out of range or taken by another name.
+    // Codify copies the code of the registered name of that text, or registers uri itself, by address: uri then lives
+    // as long as the process. While directory writes are on, a name without a code gets the next one.
     static void CodifyElementURI(ElementURI& uri);
     static ElementURI* RegisterElementURI(ElementURI* uri);
-    static void DeRegisterElementURI(ElementURI* uri);
+    static void DeRegisterElementURI(ElementURI* uri);  // forgets it; an owned object lives on
     static ElementURI* GetElementURI(const unsigned short& code) { return ElementURIArray_.at(code); }
     static ElementURI* GetElementURI(const ElementURI& uri);
-    static ElementURI* FindElementURI(const Str& name);            // exact, also a universal without a code
-    static unsigned short GetElementURICode(const char* name);     // ElementURI::NO_CODE when not in the log
-    static unsigned int GetElementURICount();                      // names that have a code
+    static ElementURI* FindElementURI(const Str& name);                       // exact, also a universal without a code
+    static unsigned short GetElementURICode(const char* name);                // ElementURI::NO_CODE when not in the log
+    static unsigned int GetElementURICount() { return ElementURIs_.count_; }  // names that have a code
 
     // Coded names, alike.
     static CodedStr* RegisterCodedName(CodedStr* name);
     static CodedStr* GetName(const unsigned short& code) { return NameArray_.at(code); }
-    static CodedStr* FindCodedName(const Str& name);               // null when unknown
-    static CodedStr& GetCodedName(const Str& name);                // registered with the next code when new
+    static CodedStr* FindCodedName(const Str& name);  // null when unknown
+    static CodedStr& GetCodedName(const Str& name);   // registered with the next code when new
 
     // Data accesses, alike.
     static DataAccess* RegisterDataAccess(DataAccess* access);
     static DataAccess* GetDataAccess(const unsigned short& code) { return DataAccessArray_.at(code); }
-    static DataAccess* GetDataAccess(const DataAccessor& accessor, UniversalDataElement* universal);   // made when new
-    static unsigned int GetDataAccessCount();
+    // The access that says the same as the accessor; made when new, and coded while directory writes are on.
+    static DataAccess* GetDataAccess(const DataAccessor& accessor, UniversalDataElement* universal);
+    static unsigned int GetDataAccessCount() { return DataAccesses_.count_; }  // accesses that have a code
     // The access that describes an element: in ascending code, for a universal code those that serve it, failing any,
     // as for every other code, those of that element; the first with a known type, else the first. Null when none.
     static DataAccess* FindDescribingAccess(unsigned short elementCode, bool isUniversal);
 
-    // Elements, owned by the Slate; values given are taken over (NewUniversalElement copies).
+    // Elements, owned by the Slate; values given are taken over (NewUniversalElement copies). An element that the name
+    // has already is returned as it is, and a value given is then released.
+    // A new element holds the empty value of its type: NaN, 0, "". Accuracies are in the base unit.
     static DataElement* NewDataElement(const ElementURI& uri, Component* component, const Unit& unit,
                                        BinaryDataType type, float accuracy);
     static DataElement* NewDataElement(const ElementURI& uri, Component* component, DataValue* value, float accuracy);
@@ -82,13 +95,59 @@ public:
                                                      BinaryDataType type);
     static UniversalDataElement* NewUniversalElement(const UniversalURI& uri, Component* component,
                                                      const DataValue* value);
-    static void MapDataElement(ElementURI* uri, DataElement* element);
+    static void MapDataElement(ElementURI* uri, DataElement* element);  // takes the element over
+    // Gives the element the value that the configuration holds under "Config/" + its name, if any; makes it when null.
     static void ConfigureNewDataElement(Component* component, const ElementURI& uri, DataElement*& element);
     static DataElement* GetElement(const unsigned short& code) { return DataElementArray_.at(code); }
     static DataElement* GetElement(const ElementURI& uri);
 
-    static void SetLogger(const Logger* logger) { Logger_ = logger; }   // borrowed
-    static const Logger& GetLogger();                                   // one that says nothing when none was set
+    // A component's accesses, owned by the Slate. Each registers and codifies the name, makes the element where it is
+    // missing, in the name's unit and type, and gets its data access. uri may be short-lived.
+    static DataWriter* NewWriter(Component* owner, const ElementURI& uri,
+                                 Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS,
+                                 bool noInterpFlag = false);
+    // The same by the component that supplies the element: the element is active only while such a component is.
+    static DataWriter* NewOutputWriter(Component* owner, const ElementURI& uri,
+                                       Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS,
+                                       bool noInterpFlag = false);
+    // An output writer whose element feeds a universal; uri's unit and type are the universal's where it has none.
+    static UniversalDataWriter* NewUniversalWriter(Component* owner, const ElementURI& uri,
+                                                   const UniversalURI& universal,
+                                                   Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS,
+                                                   bool noInterpFlag = false);
+    static DataReader* NewReader(Component* owner, const ElementURI& uri,
+                                 Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS);
+    static DataReader* NewInputReader(Component* owner, const ElementURI& uri,
+                                      Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS);
+    static UniversalDataReader* NewUniversalReader(Component* owner, const UniversalURI& universal,
+                                                   DataAccessor::RequestStrategy strategy = DataAccessor::MIN_ERROR,
+                                                   Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS);
+
+    // One-shot access without an attachment, by name (ElementURI) or code (unsigned short). False without such an
+    // element, and for a read when it was never set or the unit does not fit; a write says whether the value changed.
+    template <typename Key, typename T>
+    static bool ReadOnce(const Key& key, const Unit& unit, T& value) {
+        const DataElement* const element = GetElement(key);
+        return element != nullptr && element->hasValue() && element->getDataValue()->copyTo(unit, value);
+    }
+    template <typename Key>
+    static bool ReadOnce(const Key& key, DataValue& value) {
+        const DataElement* const element = GetElement(key);
+        return element != nullptr && element->hasValue() && element->getDataValue()->copyTo(value);
+    }
+    template <typename Key, typename T>
+    static bool WriteOnce(const Key& key, const Unit& unit, const T& value, const Timestamp& t) {
+        DataElement* const element = GetElement(key);
+        return element != nullptr && element->set(unit, value, t);
+    }
+    template <typename Key>
+    static bool WriteOnce(const Key& key, const DataValue& value, const Timestamp& t) {
+        DataElement* const element = GetElement(key);
+        return element != nullptr && element->set(value, t);
+    }
+
+    static void SetLogger(const Logger* logger) { Logger_ = logger; }  // borrowed
+    static const Logger& GetLogger();                                  // one that says nothing when none was set
 
     static unsigned short NextElementURICode_;
     static unsigned short NextNameCode_;
@@ -99,26 +158,67 @@ private:
     static const unsigned int CAPACITY = 32;
     static const unsigned int MAX_CAPACITY = 16384;
 
-    // By text. Names, accesses and elements are owned here or by the lists below.
+    // For the reading of a directory: codes that were not read from a log become free again, and names without a code
+    // leave the lists; they stay findable by text, and registration puts them back.
+    static void TakeBackCodesNotRead();
+    // For the writing of a directory: the next code for an item without one; false when it has one or none is left.
+    static bool GiveNextCode(ElementURI* uri);
+    static bool GiveNextCode(CodedStr* name);
+    static bool GiveNextCode(DataAccess* access);
+
+    static bool CodesNewItems() { return DirectoryWritesEnabled_ || DirectoryWritesSimulated_; }
+    static ElementURI* CodifiedURI(const ElementURI& uri);  // the registered name of that text, registering a copy
+    // In ascending code, of the accesses for which that code is the one: the first with a known type, else the first.
+    static DataAccess* FirstDescribing(unsigned short (DataAccess::*whose)() const, unsigned short code);
+    static void PlaceElement(const ElementURI& uri);  // the name's element beside the name
+    static void Adopt(const ElementURI& uri, DataElement* element);
+    static DataElement* ElementToAttach(const ElementURI& uri, Component* owner);
+    static DataReader* AttachReader(Component* owner, const ElementURI& uri, Logger::TimePrecisionType precision,
+                                    bool isInput);
+    static DataWriter* AttachWriter(Component* owner, const ElementURI& uri, Logger::TimePrecisionType precision,
+                                    bool noInterpFlag, bool supplies);
+    template <typename Accessor>
+    static Accessor* Attach(Accessor* accessor, UniversalDataElement* universal);
+
+    // By text, without ownership.
     static FastMap<ElementURI, DataElement*> DataElementMap_;
     static FastMap<ElementURI, UniversalDataElement*> UniversalMap_;
-    static FastMap<Str, DataAccess*> DataAccessMap_;      // by record text, code included
+    static FastMap<Str, DataAccess*> DataAccessMap_;  // by record text, code included
     static FastMap<Str, ElementURI*> ElementURIMap_;
     static FastMap<Str, CodedStr*> NameMap_;
     // By code, without ownership.
     static FlexArray<ElementURI*> ElementURIArray_;
     static FlexArray<CodedStr*> NameArray_;
     static FlexArray<DataAccess*> DataAccessArray_;
-    static FlexArray<DataElement*> DataElementArray_;     // beside the name of the same code
-    // In the order of registration.
+    static FlexArray<DataElement*> DataElementArray_;  // beside the name of the same code
+    // In the order of registration, without ownership.
     static FlexArray<ElementURI*> ElementURIList_;
     static FlexArray<CodedStr*> NameList_;
     static FlexArray<DataAccess*> DataAccessList_;
+    // What the Slate owns, until Uninitialize.
+    static FlexArray<ElementURI*> ElementURIStore_;
+    static FlexArray<CodedStr*> NameStore_;
+    static FlexArray<DataAccess*> DataAccessStore_;
+    static FlexArray<DataElement*> DataElementStore_;
+    static FlexArray<DataAccessor*> DataAccessorStore_;
+    // Items whose code was not read from a log, without ownership.
+    static FlexArray<ElementURI*> ElementURIsCodedHere_;
+    static FlexArray<CodedStr*> NamesCodedHere_;
+    static FlexArray<DataAccess*> DataAccessesCodedHere_;
+    // The collections above, by kind.
+    static CodedItems<ElementURI> ElementURIs_;
+    static CodedItems<CodedStr> Names_;
+    static CodedItems<DataAccess> DataAccesses_;
 
     static bool DirectoryWritesEnabled_;
     static bool DirectoryWritesSimulated_;
-    static LogEngine* DirectoryEngine_;                   // borrowed
-    static const Logger* Logger_;                         // borrowed
+    static LogEngine* DirectoryEngine_;  // borrowed
+    // Write the entry of a new item to that engine; null while there is none. Entries stand floors above the Slate, and
+    // only a program that sets an engine needs them.
+    static void (*EmitElementURI_)(ElementURI* uri, LogWriter* writer, bool restarted);
+    static void (*EmitName_)(CodedStr* name, LogWriter* writer, bool restarted);
+    static void (*EmitDataAccess_)(DataAccess* access, LogWriter* writer, bool restarted);
+    static const Logger* Logger_;  // borrowed
     static Mutex ElementMutex_;
     static Mutex NameMutex_;
     static Mutex DataAccessMutex_;

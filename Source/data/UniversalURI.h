@@ -22,6 +22,19 @@ public:
 #undef UNIVERSAL
 #undef UNIVERSAL_TYPED
 #undef UNIVERSAL_BLOB
+
+    // All of them, in that order.
+    enum : unsigned int {
+        CATALOGUE_SIZE = 0
+#define UNIVERSAL(...) +1
+#define UNIVERSAL_TYPED(...) +1
+#define UNIVERSAL_BLOB(...) +1
+#include "data/UniversalCatalogue.inc"
+#undef UNIVERSAL
+#undef UNIVERSAL_TYPED
+#undef UNIVERSAL_BLOB
+    };
+    static UniversalURI* const CATALOGUE[CATALOGUE_SIZE];
 };
 
 // A universal whose value is an array.

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <memory>
+
+#include "data/DataAccess.h"
+#include "data/ElementURI.h"
+#include "utils/FastMap.h"
+#include "utils/FlexArray.h"
+
+// Whether two items under one code are one item: names by their text; accesses by what they attach, since their unit
+// and type may have been inherited meanwhile.
+inline bool IsSameItem(const Str& a, const Str& b) {
+    return a == b;
+}
+inline bool IsSameItem(const DataAccess& a, const DataAccess& b) {
+    return a.isSameAttachment(b);
+}
+
+// The Slate's collections of one kind of item that has a code in the log, and what the kinds have in common.
+// T has getCode and setCode. Threads: the caller holds the kind's lock.
+template <typename T>
+struct CodedItems {
+    static const unsigned short NO_CODE = ElementURI::NO_CODE;  // codes run from 0 to NO_CODE - 1
+
+    FastMap<Str, T*>& byText_;
+    FlexArray<T*>& byCode_;
+    FlexArray<T*>& list_;       // in the order of registration
+    FlexArray<T*>& store_;      // owns what the Slate was given or made
+    FlexArray<T*>& codedHere_;  // those whose code was not read from a log
+    unsigned short& nextCode_;
+    unsigned int count_;  // items that have a code
+
+    // Takes over an item read from a log, to stand under its own code. The result is the registered item: this one, or
+    // the one that is known by that text or code already; null when the code is out of range or another item's.
+    T* add(T* item, const Str& text) {
+        std::unique_ptr<T> given(item);
+        const unsigned short code = item->getCode();
+        if (code >= NO_CODE) return nullptr;
+        T* const holder = byCode_.at(code);
+        if (holder != nullptr) return IsSameItem(*holder, *item) ? confirm(holder) : nullptr;
+
+        T* known = byText_.get(text);
+        if (known == nullptr) {
+            item->setCode(NO_CODE);
+            byText_.put(text, item, false);
+            list_.push(item);
+            known = own(given.release());
+        } else {
+            if (codedHere_.pop(known) != nullptr) vacate(*known);
+            if (known->getCode() >= NO_CODE) remember(known);
+        }
+        return place(known, code);
+    }
+
+    // The next free code; false when the item has one already or all are taken.
+    bool giveNextCode(T* item) {
+        if (item->getCode() < NO_CODE || nextCode_ >= NO_CODE) return false;
+        remember(item);
+        codedHere_.push(place(item, nextCode_));
+        return true;
+    }
+
+    T* own(T* item) {
+        store_.push(item);
+        return item;
+    }
+
+    void remember(T* item) {
+        if (list_.find(item) < 0) list_.push(item);
+    }
+
+    void remove(T* item, const Str& text) {
+        byText_.pop(text);
+        list_.pop(item);
+        codedHere_.pop(item);
+        vacate(*item);
+    }
+
+    void forget() {
+        for (int code = byCode_.getMaxIndex(); code >= 0; --code) {
+            if (byCode_.at(code) != nullptr) byCode_.at(code)->setCode(NO_CODE);
+        }
+        byText_.clear();
+        byCode_.clear();
+        list_.clear();
+        codedHere_.clear();
+        nextCode_ = 0;
+        count_ = 0;
+    }
+
+    // Only codes read from a log stay, and only items that have one stay in the list.
+    void takeBackCodesNotRead() {
+        while (!codedHere_.isEmpty()) vacate(*codedHere_.pop(-1));
+        while (nextCode_ > 0 && byCode_.at(nextCode_ - 1) == nullptr) --nextCode_;
+        for (int i = list_.getMaxIndex(); i >= 0; --i) {
+            if (list_.at(i)->getCode() >= NO_CODE) list_.pop(i);
+        }
+    }
+
+    void vacate(T& item) {
+        if (item.getCode() >= NO_CODE) return;
+        byCode_.set(item.getCode(), nullptr);
+        item.setCode(NO_CODE);
+        --count_;
+    }
+
+private:
+    T* confirm(T* item) {
+        codedHere_.pop(item);
+        return item;
+    }
+
+    T* place(T* item, unsigned short code) {
+        if (item->getCode() >= NO_CODE) ++count_;
+        item->setCode(code);
+        byCode_.set(code, item);
+        if (nextCode_ <= code) nextCode_ = static_cast<unsigned short>(code + 1);
+        return item;
+    }
+};

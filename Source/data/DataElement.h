@@ -1,0 +1,182 @@
+#pragma once
+
+#include <limits>
+
+#include "data/DataAccessor.h"
+#include "data/DataValue.h"
+#include "data/ElementURI.h"
+#include "utils/FlexArray.h"
+#include "utils/Mutex.h"
+#include "utils/Timestamp.h"
+
+class Component;
+class DataReader;
+class DataWriter;
+class UniversalDataElement;
+
+// The current value of one named datum, with its time, its accuracy and the readers and writers attached to it.
+// The value may be read through a reader while the element is active: it has been set, is neither unavailable nor
+// invalid, and a component that supplies it is active.
+// Threads: set and get hold the element's own lock; the log's reader, alone on its thread, goes straight to the value.
+class DataElement {
+public:
+    static constexpr float NO_ACCURACY = std::numeric_limits<float>::quiet_NaN();
+
+    // What a read of an element that is not active reports, through the Slate's logger; nothing is thrown.
+    struct UninitializedException {
+        static const char* const MESSAGE;
+        static void Report(const DataElement& element);
+    };
+
+    // Takes the value over. It is null when the type in a log is none that exists; then there is nothing to set or get.
+    // The accuracy is in the value's base unit.
+    DataElement(const ElementURI& uri, DataValue* value, float accuracy);
+    virtual ~DataElement() { delete value_; }
+    DataElement(const DataElement&) = delete;
+    DataElement& operator=(const DataElement&) = delete;
+
+    const ElementURI& getUri() const { return name_; }
+    void setCode(unsigned short code) { name_.setCode(code); }  // the Slate's, when the name gets it
+    DataValue* getDataValue() const { return value_; }          // owned by the element
+    // Replaces the value by one that the element owns from now on.
+    void setDataValue(DataValue* value) {
+        if (value != value_) delete value_;
+        value_ = value;
+        hasBeenSet_ = true;
+    }
+    const Timestamp& getTimestamp() const { return timestamp_; }  // of the last set; NOT_SET_TIME before
+    void setTimestamp(const Timestamp& t) { timestamp_ = t; }
+    bool hasBeenSet() const { return hasBeenSet_; }
+    bool hasValue() const { return hasBeenSet_ && value_ != nullptr; }
+
+    const Unit& getUnit() const;
+    const Unit& getBaseUnit() const { return getUnit().getBaseUnit(); }
+    size_t getTypeSize() const { return value_ == nullptr ? 0 : value_->getTypeSize(); }  // bytes in the log
+    BinaryDataType getBinaryType() const { return value_ == nullptr ? NO_TYPE : value_->getBinaryType(); }
+
+    bool isUnavailable() const { return unavailable_; }
+    bool isInvalid() const { return invalid_; }
+    void setUnavailable(bool unavailable) { unavailable_ = unavailable; }
+    void setInvalid(bool invalid) { invalid_ = invalid; }  // a set makes it valid again
+    virtual bool isOrphaned() const;                       // no component supplies it
+    virtual bool isOwnersActive() const;                   // of the components that supply it, one is active
+    virtual bool isOwnersFailed() const;                   // all have failed
+    bool isActivatable() const { return !unavailable_ && !isOrphaned() && !isOwnersFailed(); }
+    virtual bool isActive() const;
+    virtual bool isUniversal() const { return false; }
+    // Set since the component last ran; by anybody when it never did.
+    bool wasTouchedSinceLastRun(const Component* component) const;
+
+    // Attachments; borrowed. A writer that supplies the element makes it one that is not orphaned.
+    void registerRead(DataReader& reader) { readers_.push(&reader); }
+    void registerWrite(DataWriter& writer, bool supplies);
+    DataReader* findReader(const Component* owner) const;  // null when it has none
+    DataWriter* findWriter(const Component* owner) const;
+    unsigned int readerCount() const { return readers_.size(); }
+    unsigned int writerCount() const { return writers_.size(); }
+
+    // The value in the unit: T is bool, unsigned char, int, float or double. False, with a report, while the element is
+    // not active; false too when the unit does not fit.
+    template <typename T>
+    bool get(const Unit& unit, T& value) const {
+        MutexLocker lock(mutex_);
+        return isReadable() && value_->copyTo(unit, value);
+    }
+    bool get(DataValue& value) const;
+    double asDouble(const Unit& unit) const;  // NaN where get is false
+    int asInt(const Unit& unit) const;        // 0 where get is false
+    Str asString(const Unit& unit) const;     // empty where get is false
+
+    // Stores a value given in the unit, where T is as for get; true when what reaches the log changed.
+    template <typename T>
+    bool set(const Unit& unit, const T& value, const Timestamp& t) {
+        MutexLocker lock(mutex_);
+        return value_ != nullptr && wasSet(value_->setFrom(unit, value), t);
+    }
+    bool set(const DataValue& value, const Timestamp& t);
+    template <typename T>
+    bool setWithAccuracy(const Unit& unit, const T& value, float accuracy, const Timestamp& t) {
+        setAccuracy(unit, accuracy);
+        return set(unit, value, t);
+    }
+
+    // Accuracies are differences: converted by the unit's factor alone. NO_ACCURACY when not known.
+    void setAccuracy(const Unit& unit, float accuracy);
+    float getAccuracy(const Unit& unit) const { return Scaled(getAccuracySI(), unit); }  // as it can be read now
+    float getAccuracySI() const { return isActive() ? writtenAccuracy_ : NO_ACCURACY; }
+    float getWrittenAccuracy(const Unit& unit) const { return Scaled(writtenAccuracy_, unit); }  // as last written
+    float getBaseAccuracy() const { return writtenAccuracy_; }
+
+    // The universal that this element feeds; null when none.
+    UniversalDataElement* getUniversal() const { return universal_; }
+    void setUniversal(UniversalDataElement* universal) { universal_ = universal; }
+    bool isBest() const;  // nothing better supplies its universal; true without one
+
+    // What the supplying device costs, for the choice among the elements that feed one universal; NaN when not known.
+    float getPower() const { return power_; }            // W
+    float getError() const { return writtenAccuracy_; }  // base unit
+    float getLatency() const { return latency_; }        // s
+    float getFrequency() const { return frequency_; }    // Hz
+    void setCosts(float power, float latency, float frequency);
+
+protected:
+    bool isReadable() const;
+    bool wasSet(bool changed, const Timestamp& t);  // what a set leaves behind; changed is handed on
+    static float Scaled(float accuracySI, const Unit& unit);
+
+    ElementURI name_;
+    UniversalDataElement* universal_ = nullptr;  // owned by the Slate
+    FlexArray<DataWriter*> writers_;             // borrowed
+    FlexArray<DataWriter*> suppliers_;           // those of them that supply the element
+    FlexArray<DataReader*> readers_;             // borrowed
+    bool unavailable_ = false;
+    bool invalid_ = false;
+    mutable Mutex mutex_;
+    float writtenAccuracy_;  // base unit
+    Timestamp timestamp_ = Timestamp::NOT_SET_TIME;
+    bool hasBeenSet_ = false;
+    DataValue* value_;  // owned; null when its type is unknown
+    float power_ = NO_ACCURACY;
+    float latency_ = NO_ACCURACY;
+    float frequency_ = NO_ACCURACY;
+};
+
+// A component's datum.
+class SimpleDataElement final : public DataElement {
+public:
+    using DataElement::DataElement;
+};
+
+// A datum that the configuration fixes: it needs no component to supply it.
+class ConfigDataElement final : public DataElement {
+public:
+    using DataElement::DataElement;
+
+    bool isOrphaned() const override { return false; }
+    bool isOwnersActive() const override { return true; }
+    bool isOwnersFailed() const override { return false; }
+};
+
+// A standard quantity: it follows the best of the elements that feed it.
+class UniversalDataElement final : public DataElement {
+public:
+    using DataElement::DataElement;
+
+    bool isUniversal() const override { return true; }
+    bool isOrphaned() const override;
+    bool isOwnersActive() const override;
+    bool isOwnersFailed() const override;
+
+    void addSource(DataElement& source);  // borrowed
+    unsigned int sourceCount() const { return sources_.size(); }
+    // Of the active sources the one that the strategy prefers, the earlier of equals; null when none is active.
+    // MIN_ERROR is what the universal itself follows.
+    DataElement* getBest(DataAccessor::RequestStrategy strategy = DataAccessor::MIN_ERROR) const;
+    void follow(const DataElement& source);  // takes the source's value when it is the best
+
+private:
+    // The first source for which the question has the answer; null when none.
+    const DataElement* findSource(bool (DataElement::*question)() const, bool answer) const;
+
+    FlexArray<DataElement*> sources_;  // borrowed
+};
