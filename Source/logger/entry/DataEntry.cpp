@@ -25,9 +25,8 @@ DataEntry::DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timesta
       changed_(changed),
       ownsValue_(true) {}
 
-DataEntry::DataEntry(DataAccessor* accessor, bool best, bool changed)
-    : DataEntry(accessor->getDataAccess(), accessor->getElement()->getDataValue(), Timestamp::NOT_SET_TIME, best,
-                changed) {
+DataEntry::DataEntry(DataAccessor* accessor, bool best, bool changed, const Timestamp& t)
+    : DataEntry(accessor->getDataAccess(), accessor->getElement()->getDataValue(), t, best, changed) {
     ownsValue_ = false;
 }
 
@@ -159,13 +158,12 @@ static bool ReadBytes(const DataAccess& access, InStream& in, DataValue* value) 
 // message, when it cannot be had.
 static bool ReadValue(const DataAccess& access, const DataElement* element, InStream& in, const Logger& logger,
                       bool& error, LogEntry::Values values, DataValue*& value) {
-    const bool stored = values == LogEntry::STORE_VALUES;
-    std::unique_ptr<DataValue> read(stored && !access.isUntyped() ? NewValue(access, element) : nullptr);
-    if (access.isUntyped() || (stored && read == nullptr)) {
+    if (access.isUntyped()) {
         logger.syslog("No type known for data access 0x", access.getCode(), Syslog::ERROR);
         error = true;
         return false;
     }
+    std::unique_ptr<DataValue> read(values == LogEntry::STORE_VALUES ? NewValue(access, element) : nullptr);
     if (!ReadBytes(access, in, read.get())) {
         return EntryStream::Fail(logger, "End of Binary File Reached while reading DataEntry DataValue");
     }

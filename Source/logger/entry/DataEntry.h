@@ -12,14 +12,15 @@ class TextBuffer;
 // A component read or wrote one datum.
 class DataEntry final : public LogEntry {
 public:
-    static const unsigned short BEST_MASK = 4;   // bit 2 of the header word
-    static const unsigned short CODE_SHIFT = 3;  // bits 3-15: the data access code
-    static const unsigned short MAX_CODE = 8191;
+    static constexpr unsigned short BEST_MASK = 4;   // bit 2 of the header word
+    static constexpr unsigned short CODE_SHIFT = 3;  // bits 3-15: the data access code
+    static constexpr unsigned short MAX_CODE = 8191;
 
     // Takes the value over; it may be null. changed: the entry carries the value's bytes.
     DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed);
-    DataEntry(DataAccessor* accessor, bool best, bool changed);  // borrows the element's value; stamped now
-    DataEntry(const DataEntry& other);                           // with a copy of the value, which it owns
+    // Borrows the element's value. NOT_SET_TIME stands for now.
+    DataEntry(DataAccessor* accessor, bool best, bool changed, const Timestamp& t = Timestamp::NOT_SET_TIME);
+    DataEntry(const DataEntry& other);  // with a copy of the value, which it owns
     DataEntry& operator=(const DataEntry&) = delete;
     ~DataEntry() override;
 

@@ -12,7 +12,7 @@ class ElementURI;
 class DirectoryEntry final : public LogEntry {
 public:
     enum DirectoryType : int { ACCESSOR = 'a', ELEMENT = 'e', NAME = 'n', VERSION = 'v' };
-    static const unsigned short HEADER = 21;  // the one header word of directory entries
+    static constexpr unsigned short HEADER = 21;  // the one header word of directory entries
 
     static unsigned short MinimumLogVersion_;     // the oldest readable log version
     static unsigned short CurrentLogVersion_;     // the newest; replaced by the version of the log being read

@@ -11,9 +11,9 @@ class DataElement;
 class EventEntry final : public LogEntry {
 public:
     enum EventType : int { START_CYCLE = 0, SET_DATA_ACCURACY = 4, SET_DATA_STATE = 8, COMPONENT_ACTION = 12 };
-    static const unsigned short EVENT_MASK = 12;  // bits 2-3 of the header word
-    static const unsigned short ACTOR_SHIFT = 4;  // bits 4-15: the actor code
-    static const unsigned short MAX_ACTOR = 4095;
+    static constexpr unsigned short EVENT_MASK = 12;  // bits 2-3 of the header word
+    static constexpr unsigned short ACTOR_SHIFT = 4;  // bits 4-15: the actor code
+    static constexpr unsigned short MAX_ACTOR = 4095;
 
     enum ComponentAction : int { COMPONENT_LOAD = 0, COMPONENT_MISSION_RUN = 4, COMPONENT_FAIL = 8 };
     enum DataStateChange : int {
@@ -26,7 +26,7 @@ public:
         DATA_STATE_CHANGE_INVALID = 64,
         DATA_STATE_CHANGE_VALID = 128,
     };
-    static const int PREEMPTED = -1;  // as a running value; 0 is stopped, else the loop number
+    static constexpr int PREEMPTED = -1;  // as a running value; 0 is stopped, else the loop number
 
     explicit EventEntry(const Timestamp& t);  // START_CYCLE
     EventEntry(const Timestamp& t, unsigned short actor, FailureMode::FailType failType, int count);

@@ -8,10 +8,10 @@
 // A message that a component logged, with its severity and the facility that issued it.
 class SyslogEntry final : public LogEntry {
 public:
-    static const unsigned short SEVERITY_MASK = 28;  // bits 2-4 of the header word: the severity as it stands
-    static const unsigned short FACILITY_SHIFT = 5;  // bits 5-15: the facility code
-    static const unsigned short MAX_FACILITY = 2047;
-    static const unsigned short MAX_MESSAGE_LENGTH = 65535;  // bytes; a longer message is cut
+    static constexpr unsigned short SEVERITY_MASK = 28;  // bits 2-4 of the header word: the severity as it stands
+    static constexpr unsigned short FACILITY_SHIFT = 5;  // bits 5-15: the facility code
+    static constexpr unsigned short MAX_FACILITY = 2047;
+    static constexpr unsigned short MAX_MESSAGE_LENGTH = 65535;  // bytes; a longer message is cut
 
     // The facility is borrowed (from the Slate or a logger) and outlives the entry. NOT_SET_TIME stands for now.
     SyslogEntry(const Str& message, Syslog::Severity severity, const CodedStr& facility,

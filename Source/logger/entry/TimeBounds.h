@@ -8,7 +8,7 @@ class Logger;
 // What an entry time can be: not before 1970 and not more than about a month ahead of the clock.
 class TimeBounds {
 public:
-    static const int MAX_AHEAD = 2628000;  // seconds
+    static constexpr int MAX_AHEAD = 2628000;  // seconds
 
     // The clock is read only for a time that lies past what an earlier look allowed.
     static bool Holds(const Timestamp& t);

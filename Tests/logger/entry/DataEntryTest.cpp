@@ -1,0 +1,177 @@
+#include "logger/entry/DataEntry.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "EntryFixture.h"
+#include "data/BlobValue.h"
+#include "units/Units.h"
+
+class DataEntryTest : public EntryFixture {
+protected:
+    void SetUp() override {
+        EntryFixture::SetUp();
+        readDirectory();
+    }
+    // An access of component 0 on the element with that code; rest: unit, type, size and flags of its record.
+    void readAccess(int code, int element, const char* universal, const char* rest) {
+        char record[160];
+        snprintf(record, sizeof record, "a code=%04X owner=0000 element=%04X universal=%s unitName=%s\n", code, element,
+                 universal, rest);
+        readRecord(record);
+    }
+    static const DataAccess& accessAt(unsigned short code) { return *Slate::GetDataAccess(code); }
+    static std::string textOf(const LogEntry& entry) { return entry.toString(nullptr).cStr(); }
+};
+
+static const char WORKED_DATA[] = "0C 0B 71 02 00 C0 3F";  // best, 1.5 m
+static const char WORKED_UNCHANGED[] = "0C 03 19 64";
+
+TEST_F(DataEntryTest, AValueReadIsTheElementsAndAnUnchangedEntryRepeatsIt) {
+    const auto entry = read<DataEntry>(FromHex(WORKED_DATA));
+    EXPECT_TRUE(entry->isBest() && entry->isChanged() && entry->isDataWrite());
+    const DataElement* element = Slate::GetElement(static_cast<unsigned short>(0));
+    EXPECT_EQ(element->getDataValue(), entry->getDataValue());
+    EXPECT_EQ(element->getTimestamp(), entry->getTimestamp());
+    const auto unchanged = read<DataEntry>(FromHex(WORKED_UNCHANGED));
+    EXPECT_FALSE(unchanged->isChanged());
+    EXPECT_EQ(unchanged->getNumber(Units::METER), 1.5);
+}
+
+TEST_F(DataEntryTest, ACopyKeepsItsValueWhenTheElementMovesOn) {
+    const DataEntry copy(*read<DataEntry>(FromHex(WORKED_DATA)));
+    read(FromHex("0C 0B 71 02 00 00 40"));  // 2 m
+    EXPECT_EQ(copy.getNumber(Units::METER), 1.5);
+}
+
+TEST_F(DataEntryTest, SkippedValuesLeaveTheSlateAsItIs) {
+    const auto entry = read<DataEntry>(FromHex(WORKED_DATA), LogEntry::SKIP_VALUES);
+    ASSERT_NE(entry, nullptr);
+    EXPECT_EQ(entry->getDataValue(), nullptr);
+    EXPECT_EQ(Slate::GetElement(static_cast<unsigned short>(0)), nullptr);
+    EXPECT_EQ(read(FromHex("0C 0B 71 02 00 C0"), LogEntry::SKIP_VALUES), nullptr);  // torn all the same
+}
+
+TEST_F(DataEntryTest, TheArrowTellsWritersBestWritersAndReaders) {
+    readAccess(1, 0, "3FFF", "\"meter\" type=0B size=0003 fl=00");
+    const std::string stamp = "2012-06-01T12:30:00.410Z,1338553800.410000 ";
+    EXPECT_EQ(textOf(*read(FromHex("0C 0B 71 02 00 C0 3F"))), stamp + "Depth==>Depth.depth=1.500000 m");
+    EXPECT_EQ(textOf(*read(FromHex("04 0B 71 02 00 C0 3F"))), stamp + "Depth-->Depth.depth=1.500000 m");
+    EXPECT_EQ(textOf(*read(FromHex("14 0B 71 02 00 C0 3F"))), stamp + "Depth<--Depth.depth=1.500000 m");
+}
+
+TEST_F(DataEntryTest, TextsAndArraysCarryTheirLength) {
+    readRecord("e code=0001 elementURI=\"Depth.mode\" type=02\n");
+    readRecord("e code=0002 elementURI=\"Depth.beams\" type=12 blobType=02 fixedSize=0002\n");
+    readAccess(1, 1, "3FFF", "\"none\" type=00 size=0000 fl=05");
+    readAccess(2, 2, "3FFF", "\"meter\" type=00 size=0000 fl=05");
+    const std::string stamp = "2012-06-01T12:30:00.410Z,1338553800.410 Depth-->Depth.";
+    const auto mode = read<DataEntry>(FromHex("14 2A 02 00 68 69"));
+    EXPECT_EQ(textOf(*mode), stamp + "mode=hi");
+    EXPECT_STREQ(mode->getDataValueString(nullptr, true).cStr(), "hi");
+    const auto beams = read<DataEntry>(FromHex("24 2A 04 00 01 00 02 00"));
+    EXPECT_EQ(textOf(*beams), stamp + "beams=4 bytes of meter");
+    double second = 0;
+    EXPECT_TRUE(static_cast<BlobValue*>(beams->getDataValue())->get(1, Units::METER, second));
+    EXPECT_EQ(second, 2);
+    EXPECT_STREQ(write(*beams).asHex().cStr(), "242A040001000200");
+}
+
+TEST_F(DataEntryTest, TheShownUnitIsTheOneAskedForElseTheAccessesElseTheValues) {
+    const auto entry = read<DataEntry>(FromHex(WORKED_DATA));
+    EXPECT_STREQ(entry->getDataValueString(&Units::KILOMETER, false).cStr(), "0.001500 km");
+    EXPECT_STREQ(entry->getDataValueString(&Units::KILOMETER, true).cStr(), "0.001500");
+    EXPECT_STREQ(entry->getDataValueString(&Units::SECOND, false).cStr(), "nan s");
+    const DataEntry other(Slate::GetDataAccess(static_cast<unsigned short>(0)), Units::SECOND.dataValue(2.0), timeBase_,
+                          false, true);
+    EXPECT_STREQ(other.getDataValueString(nullptr, false).cStr(), "2.000000 s");  // no unit of length fits
+    const DataEntry none(Slate::GetDataAccess(static_cast<unsigned short>(0)), nullptr, timeBase_, false, true);
+    EXPECT_STREQ(none.getDataValueString(nullptr, false).cStr(), "NULL");
+    EXPECT_TRUE(std::isnan(none.getNumber(Units::METER)));
+    EXPECT_TRUE(write(none).isEmpty());
+}
+
+TEST_F(DataEntryTest, AnUntypedAccessTakesTheTypeOfARelatedOne) {
+    readRecord("e code=0001 elementURI=\"Depth.late\" type=02\n");
+    readRecord("e code=0002 elementURI=\"depth\" type=04\n");
+    readAccess(1, 0, "3FFF", "\"none\" type=FF size=0000 fl=00");  // an earlier sibling: access 0
+    readAccess(2, 1, "3FFF", "\"none\" type=FF size=0000 fl=00");  // a later one: access 3
+    readAccess(3, 1, "0002", "\"second\" type=05 size=0002 fl=01");
+    readAccess(4, 2, "FFFF", "\"none\" type=FF size=0000 fl=00");  // the universal that access 3 serves
+    readAccess(5, 1, "0002", "\"none\" type=FF size=0000 fl=00");  // one that serves a universal inherits nothing
+    EXPECT_NE(read(FromHex("14 0B 71 02 00 C0 3F")), nullptr);
+    EXPECT_STREQ(accessAt(1).getUnit()->getName(), "meter");
+    EXPECT_NE(read(FromHex("24 2A 05 00")), nullptr);
+    EXPECT_EQ(accessAt(2).getBinaryType(), SHORT2);
+    EXPECT_NE(read(FromHex("44 2A 05 00")), nullptr);
+    EXPECT_EQ(accessAt(4).getTypeSize(), 2);
+    EXPECT_EQ(read(FromHex("54 2A 05 00")), nullptr);
+    EXPECT_TRUE(error_);
+    EXPECT_EQ(log_.take(), Lines{"ERROR No type known for data access 0x5"});
+}
+
+TEST_F(DataEntryTest, WhatCannotBeReadIsDroppedWithItsMessage) {
+    readAccess(1, 7, "3FFF", "\"meter\" type=0B size=0003 fl=01");  // its element is not declared
+    const struct {
+        const char* bytes_;
+        Lines messages_;
+        bool error_;
+        bool isEntry_;
+    } cases[] = {
+        {"54 2A", {"ERROR No DataAccessor found for code 0x5", "ERROR inStream at 0x1"}, true, false},
+        {"0C", {"ERROR End of Binary File Reached while reading LogEntry Timestamp"}, false, false},
+        {"0C 2A 00 C0", {"ERROR End of Binary File Reached while reading DataEntry DataValue"}, false, false},
+        {"14 2A 00 C0 3F", {"ERROR Could not find Element with code 0x7"}, false, true},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(read(FromHex(c.bytes_)) != nullptr, c.isEntry_) << c.bytes_;
+        EXPECT_EQ(log_.take(), c.messages_);
+        EXPECT_EQ(error_, c.error_) << c.bytes_;
+    }
+}
+
+// A size that contradicts the type: the value reads what is there, the rest counts as zero or is passed over.
+TEST_F(DataEntryTest, TheDeclaredSizeIsReadWhateverTheTypeNeeds) {
+    readAccess(1, 0, "3FFF", "\"meter\" type=1F size=0001 fl=01");
+    readAccess(2, 0, "3FFF", "\"meter\" type=0F size=0006 fl=01");
+    EXPECT_EQ(read<DataEntry>(FromHex("14 2A 00"))->getNumber(Units::METER), 0);
+    EXPECT_EQ(read<DataEntry>(FromHex("24 2A 00 00 C0 3F FF FF"))->getNumber(Units::METER), 1.5);
+}
+
+TEST_F(DataEntryTest, LargeCodesTakeTheThreeByteHeaderAndLargerOnesAreNotWritten) {
+    readAccess(8191, 0, "3FFF", "\"meter\" type=0B size=0003 fl=01");
+    readAccess(8192, 0, "3FFF", "\"meter\" type=0B size=0003 fl=01");
+    const DataEntry fits(Slate::GetDataAccess(static_cast<unsigned short>(8191)), Units::METER.dataValue(1.5, FLOAT3),
+                         timeBase_, false, true);
+    EXPECT_STREQ(write(fits).asHex().cStr(), "03FAFF0200C03F");
+    EXPECT_EQ(textOf(*read(write(fits))), textOf(fits));
+    const DataEntry tooLarge(Slate::GetDataAccess(static_cast<unsigned short>(8192)),
+                             Units::METER.dataValue(1.5, FLOAT3), timeBase_, false, true);
+    EXPECT_TRUE(write(tooLarge).isEmpty());
+}
+
+TEST_F(DataEntryTest, AnOldLogAlwaysCarriesTheValue) {
+    read(FromHex(WORKED_DATA));
+    const auto unchanged = read<DataEntry>(FromHex(WORKED_UNCHANGED));
+    unchanged->setTimestamp(timeBase_);
+    DirectoryEntry::CurrentLogVersion_ = 3;
+    EXPECT_STREQ(write(*unchanged).asHex().cStr(), "0C0000C03F");
+}
+
+TEST_F(DataEntryTest, ANumberSetIsTheEntrysOwn) {
+    const auto entry = read<DataEntry>(FromHex(WORKED_DATA));
+    entry->setNumber(Units::KILOMETER, 0.004);
+    EXPECT_NEAR(entry->getNumber(Units::METER), 4, 1e-3);
+    EXPECT_EQ(read<DataEntry>(FromHex(WORKED_UNCHANGED))->getNumber(Units::METER), 1.5);
+}
+
+TEST_F(DataEntryTest, AnIntegerSetToNothingBecomesADouble) {
+    DataEntry count(Slate::GetDataAccess(static_cast<unsigned short>(0)), Units::COUNT.dataValue(7, INT4), timeBase_,
+                    false, true);
+    count.setNumber(Units::COUNT, 9);
+    EXPECT_EQ(count.getDataValue()->getBinaryType(), INT4);
+    count.setNumber(Units::COUNT, std::nan(""));
+    EXPECT_EQ(count.getDataValue()->getBinaryType(), DOUBLE8);
+    EXPECT_STREQ(count.getDataValueString(&Units::COUNT, true).cStr(), "nan");
+}

@@ -1,0 +1,96 @@
+#include "logger/entry/LogEntry.h"
+
+#include <gtest/gtest.h>
+
+#include "EntryFixture.h"
+#include "logger/entry/EventEntry.h"
+#include "logger/entry/TimeBounds.h"
+
+class LogEntryTest : public EntryFixture {};
+
+TEST_F(LogEntryTest, EveryKindReadsPrintsAndWritesBackTheSameBytes) {
+    timeBase_ = Timestamp::NOT_SET_TIME;
+    for (const WorkedEntry& worked : WORKED_LOG) {
+        const auto entry = read(worked.toBytes());
+        ASSERT_NE(entry, nullptr) << worked.line_;
+        EXPECT_FALSE(error_);
+        EXPECT_STREQ(entry->toString(nullptr).cStr(), worked.line_);
+        EXPECT_STREQ(write(*entry).asHex().cStr(), worked.toBytes().asHex().cStr()) << worked.line_;
+    }
+}
+
+TEST_F(LogEntryTest, EveryShorterFormIsDroppedWithAMessage) {
+    readDirectory();
+    for (const WorkedEntry& worked : WORKED_LOG) {
+        const Str full = worked.toBytes();
+        for (size_t length = 0; length < full.length(); ++length) {
+            EXPECT_EQ(read(full.substr(0, length)), nullptr) << worked.line_ << " cut at " << length;
+            EXPECT_EQ(log_.take().empty(), length == 0) << worked.line_ << " cut at " << length;
+        }
+    }
+}
+
+// 10 ms after the time base, in both packed forms and as old logs have it.
+TEST_F(LogEntryTest, TimesAreWrittenAndReadByPrecisionAndVersion) {
+    struct Case {
+        unsigned short version_;
+        Logger::TimePrecisionType precision_;
+        bool flag_;
+        const char* bytes_;
+        bool flagRead_;
+        int readMicros_;
+    };
+    const Case cases[] = {
+        {8, Logger::TIME_PRECISION_MICROS, true, "0B7102", true, 10000},    // 20001
+        {8, Logger::TIME_PRECISION_MICROS, false, "037102", false, 10000},  // 20000
+        {8, Logger::TIME_PRECISION_MILLIS, true, "2A", true, 10240},        // 10 / 1024 s, doubled, plus 1
+        {4, Logger::TIME_PRECISION_MILLIS, false, "28", false, 10240},
+        {3, Logger::TIME_PRECISION_MILLIS, false, "833801", true, 10000},  // 10000, whatever the precision and flag
+        {3, Logger::TIME_PRECISION_MICROS, true, "833801", true, 10000},
+    };
+    for (const Case& c : cases) {
+        DirectoryEntry::CurrentLogVersion_ = c.version_;
+        const EventEntry entry(timeBase_ + Timespan(0, 10000));
+        MemoryOutStream out;
+        const unsigned int n = entry.writeTimestamp(timeBase_, c.flag_, out, c.precision_);
+        EXPECT_EQ(n, out.bytes_.size());
+        EXPECT_STREQ(out.hex().cStr(), c.bytes_);
+        const Str bytes = out.str();
+        MemoryInStream in(bytes);
+        Timestamp t = timeBase_;
+        bool flag = !c.flagRead_;
+        EXPECT_TRUE(LogEntry::ReadTimestamp(t, flag, in, log_, c.precision_));
+        EXPECT_EQ(flag, c.flagRead_);
+        EXPECT_EQ((t - timeBase_).asMicros(), c.readMicros_) << c.bytes_;
+    }
+}
+
+TEST_F(LogEntryTest, TheSameBytesMeanTwiceTheTimeInAnOldLog) {
+    const Str bytes = FromHex("03 71 02");
+    const unsigned short versions[] = {4, 3};
+    for (const unsigned short version : versions) {
+        DirectoryEntry::CurrentLogVersion_ = version;
+        MemoryInStream in(bytes);
+        Timestamp t = timeBase_;
+        bool flag = false;
+        EXPECT_TRUE(LogEntry::ReadTimestamp(t, flag, in, log_, Logger::TIME_PRECISION_MICROS));
+        EXPECT_EQ((t - timeBase_).asMicros(), version == 3 ? 20000 : 10000);
+        EXPECT_EQ(flag, version == 3);
+    }
+}
+
+TEST_F(LogEntryTest, TypesHaveNames) {
+    EXPECT_STREQ(LogEntry::TypeToString(LogEntry::EVENT_LOG_ENTRY), "EVENT");
+    EXPECT_STREQ(LogEntry::TypeToString(LogEntry::SYSLOG_LOG_ENTRY), "SYSLOG");
+    EXPECT_STREQ(LogEntry::TypeToString(LogEntry::NOT_LOG_ENTRY), "(undefined)");
+    EXPECT_STREQ(LogEntry::TypeToString(static_cast<LogEntry::Type>(4)), "(undefined)");
+}
+
+TEST_F(LogEntryTest, TimesBefore1970OrAMonthAheadAreImpossible) {
+    const Timestamp now = Timestamp::Now();
+    EXPECT_TRUE(TimeBounds::Holds(Timestamp::EPOCH_START_TIME));
+    EXPECT_TRUE(TimeBounds::Holds(now + Timespan(TimeBounds::MAX_AHEAD - 100, 0)));
+    EXPECT_FALSE(TimeBounds::Holds(now + Timespan(TimeBounds::MAX_AHEAD + 100, 0)));
+    EXPECT_FALSE(TimeBounds::Holds(Timestamp(-1, 999999)));
+    EXPECT_FALSE(TimeBounds::Holds(Timestamp::NOT_SET_TIME));
+}
