@@ -1,0 +1,271 @@
+#include "logger/writer/TableLogWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "support/NameList.h"
+#include "support/SmallLog.h"
+#include "utils/AuvMath.h"
+
+namespace {
+
+std::string Number(double value) {
+    char text[32];
+    snprintf(text, sizeof text, "%.9g", value);
+    return text;
+}
+
+std::string Seconds(const Timestamp& t) {
+    return Number((t - SmallLog::At(0)).asDouble());
+}
+
+// Each row as "time|cell|cell": "-" for a cell that was emptied, "." for one that was not touched in this row.
+class RecordingTable : public TableLogWriter {
+public:
+    RecordingTable(NameList& names, bool interpolate)
+        : TableLogWriter(names.count(), names.list(), nullptr, interpolate), cells_(names.count(), ".") {}
+
+    unsigned int writeToColumn(const DataEntry* entry, int column) override {
+        cells_[column] = entry == nullptr ? "-" : textOf(*entry);
+        return 1;
+    }
+    unsigned int writeSyslog(const SyslogEntry* entry) override {
+        messages_ += entry->getMessage().cStr();
+        return 1;
+    }
+    unsigned int writeRow() override {
+        std::string row = Seconds(lastTime_);
+        for (std::string& cell : cells_) row += "|" + std::exchange(cell, ".");
+        rows_.push_back(row + messages_);
+        messages_.clear();
+        return 1;
+    }
+
+    std::vector<std::string> rows_;
+
+private:
+    static std::string textOf(const DataEntry& entry) {
+        if (entry.getDataValue()->getBinaryType() == STRVALUE) return entry.getDataValueString(nullptr, true).cStr();
+        return Number(entry.getNumber(Units::NONE));
+    }
+
+    std::vector<std::string> cells_;
+    std::string messages_;
+};
+
+typedef std::vector<std::string> Rows;
+
+TEST(TableLogWriterTest, ACycleIsARowStampedWithItsStart) {
+    SmallLog log;
+    DataAccess* a = log.declare("A.x");
+    NameList names({"A.x", "A.absent"});
+    log.endDirectory();
+    RecordingTable table(names, false);
+    table.write(log.data(a, 0, 1), nullptr);  // before the first cycle: belongs to the first row
+    table.write(log.cycle(1), nullptr);
+    table.write(log.data(a, 1.1, 2), nullptr);
+    table.write(log.data(a, 1.2, 3), nullptr);
+    table.write(log.cycle(2), nullptr);
+    table.write(log.running("A", 2.1, 1), nullptr);
+    table.write(log.cycle(3), nullptr);
+    EXPECT_EQ((Rows{"1|3|.", "2|.|."}), table.rows_);
+}
+
+TEST(TableLogWriterTest, ABestValueFillsItsUniversalToo) {
+    SmallLog log;
+    DataAccess* access = log.declareServing("depth", "Ctd.depth");
+    NameList names({"Ctd.depth", "depth"});
+    RecordingTable table(names, false);
+    table.write(log.cycle(0), nullptr);
+    table.write(log.data(access, 0.1, 1), nullptr);
+    table.write(log.cycle(1), nullptr);
+    table.write(log.bestData(access, 1.1, 2), nullptr);
+    table.write(log.cycle(2), nullptr);
+    EXPECT_EQ((Rows{"0|1|.", "1|2|2"}), table.rows_);
+}
+
+TEST(TableLogWriterTest, InterpolatedCellsLieOnTheLineBetweenSamples) {
+    SmallLog log;
+    DataAccess* a = log.declare("A.x");
+    DataAccess* b = log.declare("B.y");
+    NameList names({"A.x", "B.y"});
+    RecordingTable table(names, true);
+    table.write(log.data(b, 0, 10), nullptr);
+    table.write(log.data(a, 0, 0), nullptr);
+    table.write(log.data(b, 1, 20), nullptr);
+    EXPECT_TRUE(table.rows_.empty());
+    table.write(log.data(a, 2, 4), nullptr);
+    EXPECT_EQ((Rows{"0|0|10"}), table.rows_);   // the row at 1 is complete and stays as the anchor
+    table.write(log.data(a, 0.5, 7), nullptr);  // goes between the last emitted row and the anchor
+    table.writeFooter();
+    EXPECT_EQ((Rows{"0|0|10", "0.5|7|.", "1|2|20", "2|4|."}), table.rows_);
+}
+
+TEST(TableLogWriterTest, AnEntryOlderThanTheLastEmittedRowMovesToItsTime) {
+    SmallLog log;
+    DataAccess* a = log.declare("A.x");
+    NameList names({"A.x"});
+    RecordingTable table(names, true);
+    for (int i = 1; i <= 3; ++i) table.write(log.data(a, i, i), nullptr);
+    ASSERT_EQ((Rows{"1|1", "2|2"}), table.rows_);
+    table.write(log.data(a, 0.5, 9), nullptr);
+    table.writeFooter();
+    EXPECT_EQ((Rows{"1|1", "2|2", "2|9", "3|3"}), table.rows_);
+}
+
+TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
+    SmallLog log;
+    DataAccess* a = log.declare("A.x");
+    DataAccess* plain = log.declareText("B.plain");
+    DataAccess* held = log.declareText("B.held");
+    held->setNoInterpFlag(true);
+    NameList names({"A.x", "B.plain", "B.held"});
+    RecordingTable table(names, true);
+    for (int i = 0; i <= 2; ++i) table.write(log.data(a, i, i), nullptr);
+    for (const double t : {0., 2.}) {
+        table.write(log.text(plain, t, t == 0 ? "p" : "q"), nullptr);
+        table.write(log.text(held, t, t == 0 ? "r" : "s"), nullptr);
+    }
+    table.writeFooter();
+    EXPECT_EQ((Rows{"0|0|p|r", "1|1|-|r", "2|2|q|s"}), table.rows_);
+}
+
+TEST(TableLogWriterTest, AMessageRidesInTheRowOfItsTime) {
+    SmallLog log;
+    DataAccess* a = log.declare("A.x");
+    NameList names({"A.x"});
+    RecordingTable table(names, true);
+    table.write(log.data(a, 0, 1), nullptr);
+    table.write(log.syslog(0, "first"), nullptr);
+    table.write(log.syslog(0, "second"), nullptr);
+    table.write(log.syslog(1, "alone"), nullptr);
+    table.writeFooter();
+    EXPECT_EQ((Rows{"0|1second", "1|.alone"}), table.rows_);
+}
+
+TEST(TableLogWriterTest, PendingRowsAreNotLostWhenTheInputChanges) {
+    SmallLog log;
+    DataAccess* a = log.declare("A.x");
+    NameList names({"A.x", "A.absent"});
+    RecordingTable table(names, true);
+    table.write(log.data(a, 0, 1), nullptr);
+    table.write(log.data(a, 1, 2), nullptr);
+    table.resetInputs();
+    EXPECT_EQ((Rows{"0|1|.", "1|2|."}), table.rows_);
+    table.write(log.data(a, 5, 6), nullptr);  // nothing to interpolate from
+    table.writeFooter();
+    EXPECT_EQ("5|6|.", table.rows_.back());
+}
+
+// The rule of interpolated rows, step by step over whole rows of cells: slow and plain.
+class StepByStep {
+public:
+    explicit StepByStep(int columns) : columns_(columns), isReader_(columns, false) {}
+
+    void add(const Timestamp& time, int column, double value, bool isWrite, bool hold) {
+        const Timestamp t = time < lastTime_ ? lastTime_ : time;
+        size_t used = 0;
+        while (used < rows_.size() && rows_[used].t < t) ++used;
+        if (used == rows_.size() || rows_[used].t != t) {
+            rows_.insert(rows_.begin() + static_cast<long>(used), Row{t, std::vector<std::optional<Cell>>(columns_)});
+        }
+        rows_[used].cells[column] = Cell{value, t, hold};
+        fill(used, column, isWrite);
+        emitReady(used);
+    }
+    void emitAll() {
+        while (!rows_.empty()) emitFirst();
+    }
+
+    Rows emitted_;
+
+private:
+    struct Cell {
+        double value;
+        Timestamp t;
+        bool hold;
+    };
+    struct Row {
+        Timestamp t;
+        std::vector<std::optional<Cell>> cells;
+    };
+
+    void fill(size_t used, int column, bool isWrite) {
+        size_t before = used;
+        while (before > 0 && !rows_[before - 1].cells[column]) --before;
+        if (before == 0) return;
+        const Cell& from = *rows_[before - 1].cells[column];
+        const Cell& to = *rows_[used].cells[column];
+        for (size_t i = before; i < used; ++i) {
+            const double line =
+                AuvMath::Interpolate1D(rows_[i].t.asDouble(), from.value, to.value, from.t.asDouble(), to.t.asDouble());
+            if (!isWrite) isReader_[column] = true;
+            const double value = !isWrite ? std::nan("") : from.hold ? from.value : line;
+            rows_[i].cells[column] = Cell{value, rows_[i].t, to.hold};
+        }
+    }
+    bool isComplete(const Row& row) const {
+        for (const auto& cell : row.cells) {
+            if (!cell) return false;
+        }
+        return true;
+    }
+    void emitReady(size_t used) {
+        size_t complete = used;
+        while (complete > 0 && !isComplete(rows_[complete])) --complete;
+        for (; complete > 0; --complete) emitFirst();
+    }
+    void emitFirst() {
+        std::string text = Seconds(rows_[0].t);
+        for (int column = 0; column < columns_; ++column) {
+            const auto& cell = rows_[0].cells[column];
+            text += "|" + (cell ? Number(cell->value) : isReader_[column] ? "-" : ".");
+        }
+        emitted_.push_back(text);
+        lastTime_ = rows_[0].t;
+        rows_.erase(rows_.begin());
+    }
+
+    const int columns_;
+    std::vector<Row> rows_;
+    std::vector<bool> isReader_;
+    Timestamp lastTime_ = Timestamp::NOT_SET_TIME;
+};
+
+TEST(TableLogWriterTest, RandomSeriesFollowTheRuleStepByStep) {
+    for (unsigned int seed = 1; seed <= 300; ++seed) {
+        std::mt19937 random(seed);
+        const auto upTo = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned int>(n)); };
+        SmallLog log;
+        DataAccess* written = log.declare("A.written");
+        DataAccess* held = log.declare("A.held");
+        held->setNoInterpFlag(true);
+        DataAccess* read = log.declareReader("C", log.declare("A.read"));
+        DataAccess* const accesses[] = {written, held, read};
+        NameList three({"A.written", "A.held", "A.read"});
+        NameList four({"A.written", "A.held", "A.read", "A.absent"});
+        NameList& names = seed % 4 == 0 ? four : three;
+        log.endDirectory();
+        RecordingTable table(names, true);
+        StepByStep rule(names.count());
+        double now = 0;
+        for (int i = 0; i < 120; ++i) {
+            now += upTo(3) * 0.25;
+            const double t = upTo(6) == 0 ? now - upTo(12) * 0.25 : now;  // now and then out of order
+            const int column = upTo(3);
+            const double value = upTo(100);
+            table.write(log.data(accesses[column], t + 10, value), nullptr);
+            rule.add(SmallLog::At(t + 10), column, value, accesses[column]->isWriter(), column == 1);
+            ASSERT_EQ(rule.emitted_, table.rows_) << "seed " << seed << ", sample " << i;
+        }
+        table.writeFooter();
+        rule.emitAll();
+        ASSERT_EQ(rule.emitted_, table.rows_) << "seed " << seed;
+    }
+}
+
+}  // namespace
