@@ -1,0 +1,55 @@
+#pragma once
+
+#include "io/FileOutStream.h"
+#include "logger/engine/LogEngine.h"
+#include "logger/writer/BinaryLogWriter.h"
+
+// A binary writer that counts what it writes.
+class CountingLogWriter final : public BinaryLogWriter {
+public:
+    explicit CountingLogWriter(OutStream& out) : BinaryLogWriter(out, true) {}
+    unsigned int writeHeader() override;
+    unsigned int write(const LogEntry* entry, const Unit* unit) override;
+
+    unsigned long long bytes() const { return bytes_; }
+    unsigned long long entries() const { return entries_; }
+
+private:
+    unsigned long long bytes_ = 0;
+    unsigned long long entries_ = 0;
+};
+
+// The writing side of the vehicle's log: an engine with one binary writer on a file, to which the Slate sends its
+// directory entries too. One at a time: the Slate knows one directory engine.
+class LogBuilder {
+public:
+    // parts 0: one file at path; else path0000, path0001, ...
+    LogBuilder(const Str& path, int parts, int version);
+    ~LogBuilder();
+    LogBuilder(const LogBuilder&) = delete;
+    LogBuilder& operator=(const LogBuilder&) = delete;
+
+    // Opens the first file, or closes one part and opens the next, which begins with the version and everything that
+    // the Slate knows. False when the file cannot be opened; firstError() tells why.
+    bool openNext();
+    void log(LogEntry& entry) { engine_.processEntry(&entry); }
+    void close();
+
+    Str fileName(int part) const;
+    int filesWritten() const { return nextPart_; }
+    unsigned long long bytesWritten() const { return writer_->bytes(); }  // over all parts
+    unsigned long long entriesWritten() const { return writer_->entries(); }
+    int firstError() const { return firstError_; }  // an errno; 0 as long as all went well
+
+private:
+    void noteError();
+
+    const Str path_;
+    const bool numbered_;
+    const unsigned short versionBefore_;  // in force when the log was begun
+    int nextPart_ = 0;
+    int firstError_ = 0;
+    FileOutStream file_;
+    LogEngine engine_;
+    CountingLogWriter* writer_;  // shared with the engine's association, which deletes it
+};
