@@ -1,0 +1,62 @@
+#include "logger/rule/EntryRules.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "support/SmallLog.h"
+
+class EntryRulesTest : public testing::Test {
+protected:
+    SmallLog log_;
+    DataAccess* depth_ = log_.declare("Depth.depth", Units::METER);
+    DataAccess* depthReader_ = log_.declareReader("Navigation", depth_);
+    LogEntry* written_ = log_.data(depth_, 1, 2.5);
+    LogEntry* read_ = log_.data(depthReader_, 1, 2.5);
+    LogEntry* cycle_ = log_.cycle(0);
+    LogEntry* running_ = log_.running("Depth", 2, 3);
+    LogEntry* message_ = log_.syslog(3, "hello");
+    LogEntry* version_ = log_.version(8);
+};
+
+TEST_F(EntryRulesTest, EachAdmitsItsOwnKindAlone) {
+    TypeRule data(LogEntry::DATA_LOG_ENTRY);
+    TypeRule directory(LogEntry::DIRECTORY_LOG_ENTRY);
+    TypeRule syslog(LogEntry::SYSLOG_LOG_ENTRY);
+    EventTypeRule cycleStart(EventEntry::START_CYCLE);
+    EventTypeRule action(EventEntry::COMPONENT_ACTION);
+    DataWriteRule writes(true);
+    DataWriteRule reads(false);
+    struct Case {
+        Rule& rule_;
+        std::vector<LogEntry*> admitted_;
+    } cases[] = {
+        {data, {written_, read_}}, {directory, {version_}}, {syslog, {message_}}, {cycleStart, {cycle_}},
+        {action, {running_}},      {writes, {written_}},    {reads, {read_}},
+    };
+    for (const Case& c : cases) {
+        for (LogEntry* entry : {written_, read_, cycle_, running_, message_, version_}) {
+            const bool expected = std::count(c.admitted_.begin(), c.admitted_.end(), entry) == 1;
+            EXPECT_EQ(expected, c.rule_.check(entry))
+                << c.rule_.toString().cStr() << " of " << entry->toString(nullptr).cStr();
+        }
+    }
+}
+
+TEST_F(EntryRulesTest, TextsNameWhatIsAdmitted) {
+    EXPECT_STREQ((Str("type=") + LogEntry::TypeToString(LogEntry::DATA_LOG_ENTRY)).cStr(),
+                 TypeRule(LogEntry::DATA_LOG_ENTRY).toString().cStr());
+    EXPECT_STREQ("eventType=START_CYCLE", EventTypeRule(EventEntry::START_CYCLE).toString().cStr());
+    EXPECT_STREQ("dataWrite=true", DataWriteRule(true).toString().cStr());
+    EXPECT_STREQ("dataWrite=false", DataWriteRule(false).toString().cStr());
+}
+
+TEST_F(EntryRulesTest, CanBeDeactivated) {
+    TypeRule rule(LogEntry::DATA_LOG_ENTRY);
+    EXPECT_TRUE(rule.isActive());
+    rule.deactivate();
+    EXPECT_FALSE(rule.isActive());
+    rule.activate();
+    EXPECT_TRUE(rule.isActive());
+}

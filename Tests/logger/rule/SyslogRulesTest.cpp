@@ -1,0 +1,52 @@
+#include "logger/rule/SyslogRules.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/SmallLog.h"
+
+static const Syslog::Severity SEVERITIES[] = {Syslog::DEBUG,     Syslog::INFO,     Syslog::ERROR,
+                                              Syslog::IMPORTANT, Syslog::CRITICAL, Syslog::FAULT};
+
+TEST(SyslogSeverityRuleTest, CriticalAndFaultStandApartFromTheOrder) {
+    struct Case {
+        Syslog::Severity severity_;
+        const char* equal_;  // of each severity from DEBUG to FAULT: Y where it is admitted
+        const char* orGreater_;
+    } const cases[] = {
+        {Syslog::DEBUG, "Y-----", "YYYYYY"},    {Syslog::INFO, "-Y----", "-YYYYY"},
+        {Syslog::ERROR, "--Y---", "--YYYY"},    {Syslog::IMPORTANT, "---Y--", "---YYY"},
+        {Syslog::CRITICAL, "----Y-", "----Y-"}, {Syslog::FAULT, "-----Y", "----YY"},
+        {Syslog::NONE, "------", "------"},
+    };
+    SmallLog log;
+    for (const Case& c : cases) {
+        std::string equal;
+        std::string orGreater;
+        for (Syslog::Severity severity : SEVERITIES) {
+            const LogEntry* entry = log.syslog(0, "text", severity);
+            equal += SyslogSeverityRule(c.severity_, false).check(entry) ? 'Y' : '-';
+            orGreater += SyslogSeverityRule(c.severity_, true).check(entry) ? 'Y' : '-';
+        }
+        EXPECT_EQ(c.equal_, equal) << c.severity_;
+        EXPECT_EQ(c.orGreater_, orGreater) << c.severity_;
+    }
+    EXPECT_FALSE(SyslogSeverityRule(Syslog::DEBUG, true).check(log.cycle(0)));
+}
+
+TEST(SyslogSeverityRuleTest, TextNamesTheSeverity) {
+    EXPECT_STREQ("severity=FAULT", SyslogSeverityRule(Syslog::FAULT, true).toString().cStr());
+    EXPECT_STREQ("severity=", SyslogSeverityRule(Syslog::NONE, true).toString().cStr());
+}
+
+TEST(SyslogStartRuleTest, ComparesBytesFromTheBeginning) {
+    SmallLog log;
+    SyslogStartRule rule("GPS fix");
+    EXPECT_TRUE(rule.check(log.syslog(0, "GPS fix at: 1")));
+    EXPECT_TRUE(rule.check(log.syslog(0, "GPS fix")));
+    for (const char* other : {"gps fix at: 1", "GPS fi", "", "a GPS fix"})
+        EXPECT_FALSE(rule.check(log.syslog(0, other)));
+    EXPECT_FALSE(rule.check(log.cycle(0)));
+    EXPECT_STREQ("start=GPS fix", rule.toString().cStr());
+}
