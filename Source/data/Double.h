@@ -13,7 +13,7 @@ class Double : public PackedScalar<Double, ScalarValue<double>, StoredAs<double,
 public:
     using PackedScalar::PackedScalar;
 
-    // The 8 bytes into buf; their number, or 0 for a room below 9, which the log's users have always had to give.
+    // The 8 bytes into buf; their number, or 0 for a room below 9: one byte more than it fills, kept for its callers.
     static unsigned int ToBinary(const double& value, unsigned char* buf, unsigned int room);
 };
 

@@ -125,7 +125,8 @@ template <typename T>
 T NormalizeAngle(T x, T lo, T hi) {
     const T span = hi - lo;
     const T offset = x - lo;
-    return lo + offset - std::floor(offset / span) * span;
+    const T wrapped = lo + offset - std::floor(offset / span) * span;
+    return wrapped >= hi ? lo : wrapped;  // what lies barely below lo would round up to hi
 }
 
 // True when the point lies in the triangle or on its edge, whichever way round the corners are given.
