@@ -16,7 +16,7 @@ public:
 
     // An empty filename opens nothing yet. The writer is shared; the encoder, which may be null, is taken over.
     FileLogWriter(const Str& filename, LogWriter* writer, bool append, FileEncoder* encoder);
-    // Writes the header at once to a file that is already open, and that its owner keeps.
+    // Takes over a file that is already open, though standard output stays open at the end, and writes the header.
     FileLogWriter(FILE* file, LogWriter* writer);
     ~FileLogWriter() override;
 

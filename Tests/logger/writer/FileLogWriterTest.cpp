@@ -1,0 +1,184 @@
+#include "logger/writer/FileLogWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <utility>
+
+#include "data/Slate.h"
+#include "support/CapturedLog.h"
+#include "support/JournalWriter.h"
+#include "support/SmallLog.h"
+#include "support/TempDir.h"
+
+namespace {
+// Notes the file's name and what the file holds by then.
+class JournalEncoder : public FileEncoder {
+public:
+    JournalEncoder(std::string& journal, const TempDir& dir, bool success)
+        : journal_(journal), dir_(dir), success_(success) {}
+    bool encode(const char* filename, const char*, const char*) override {
+        const std::string name = std::filesystem::path(filename).filename();
+        journal_ += "encode " + name + "=" + dir_.read(name) + " ";
+        return success_;
+    }
+
+private:
+    std::string& journal_;  // borrowed
+    const TempDir& dir_;    // borrowed
+    const bool success_;
+};
+
+class FileLogWriterTest : public testing::Test {
+protected:
+    FileLogWriterTest() { Slate::SetLogger(&static_cast<const Logger&>(messages_)); }
+    ~FileLogWriterTest() override { Slate::SetLogger(nullptr); }
+
+    JournalWriter* inner(unsigned int bytesPerEntry = 1) { return new JournalWriter(journal_, bytesPerEntry); }
+    std::string takeJournal() { return std::exchange(journal_, ""); }
+
+    TempDir dir_;
+    SmallLog log_;
+    CapturedLog messages_;
+    std::string journal_;
+};
+}  // namespace
+
+TEST_F(FileLogWriterTest, HeadsFillsAndEndsItsFile) {
+    {
+        FileLogWriter writer(dir_.path("out").c_str(), inner(3), false, nullptr);
+        EXPECT_TRUE(writer.valid());
+        EXPECT_TRUE(writer.isValid());
+        EXPECT_EQ(3U, writer.write(log_.cycle(0), nullptr));
+        EXPECT_EQ(3U, writer.write(log_.cycle(1), nullptr));
+        EXPECT_EQ(6U, writer.getBytesInFile());
+        EXPECT_EQ(2U, writer.getEntriesWritten());
+        EXPECT_STREQ(dir_.path("out").c_str(), writer.getFilename().cStr());
+        writer.close();
+        EXPECT_FALSE(writer.valid());
+        EXPECT_EQ(0U, writer.getBytesInFile());
+        EXPECT_TRUE(writer.getFilename().isEmpty());
+        EXPECT_EQ(0U, writer.write(log_.cycle(2), nullptr));
+    }
+    EXPECT_EQ("header entry entry footer deleted ", journal_);
+    EXPECT_EQ("<......>", dir_.read("out"));
+    EXPECT_TRUE(messages_.take().empty());
+}
+
+TEST_F(FileLogWriterTest, AnEmptyNameOpensNothing) {
+    FileLogWriter writer("", inner(), false, nullptr);
+    EXPECT_FALSE(writer.valid());
+    EXPECT_EQ(0U, writer.write(log_.cycle(0), nullptr));
+    EXPECT_EQ(0U, writer.getEntriesWritten());
+    EXPECT_EQ("", journal_);
+}
+
+TEST_F(FileLogWriterTest, AppendingHeadsAnEmptyFileAlone) {
+    dir_.write("full", "<.>");
+    dir_.write("empty", "");
+    for (const char* name : {"full", "empty", "missing"}) {
+        FileLogWriter writer(dir_.path(name).c_str(), inner(), true, nullptr);
+        writer.write(log_.cycle(0), nullptr);
+        EXPECT_EQ(name == std::string("full") ? 4U : 1U, writer.getBytesInFile());
+    }
+    EXPECT_EQ("<.>.>", dir_.read("full"));
+    EXPECT_EQ("<.>", dir_.read("empty"));
+    EXPECT_EQ("<.>", dir_.read("missing"));
+}
+
+TEST_F(FileLogWriterTest, ReplacesAnOldFileAndTheLinkRatherThanItsTarget) {
+    dir_.write("target", "kept");
+    std::filesystem::create_symlink(dir_.path("target"), dir_.path("link"));
+    dir_.write("old", "something longer");
+    FileLogWriter(dir_.path("link").c_str(), inner(), false, nullptr);
+    FileLogWriter(dir_.path("old").c_str(), inner(), false, nullptr);
+    EXPECT_EQ("kept", dir_.read("target"));
+    EXPECT_EQ("<>", dir_.read("link"));
+    EXPECT_EQ("<>", dir_.read("old"));
+}
+
+TEST_F(FileLogWriterTest, GoesOnInAnotherFile) {
+    FileLogWriter writer(dir_.path("a").c_str(), inner(), false, nullptr);
+    writer.write(log_.cycle(0), nullptr);
+    writer.resetFilename(dir_.path("b").c_str());
+    EXPECT_EQ(0U, writer.getEntriesWritten());
+    writer.resetFilename(writer.getFilename());
+    EXPECT_STREQ(dir_.path("b").c_str(), writer.getFilename().cStr());
+    EXPECT_EQ("<.>", dir_.read("a"));
+    EXPECT_EQ("header entry footer header footer header ", takeJournal());
+}
+
+TEST_F(FileLogWriterTest, FlushesAsOftenAsTold) {
+    struct Case {
+        FileLogWriter::FlushFreq flushFreq_;
+        const char* afterWrite_;
+        const char* afterCycle_;
+    } const cases[] = {{FileLogWriter::FLUSH_ONCE, "", ""},
+                       {FileLogWriter::FLUSH_PER_CYCLE, "", "<."},
+                       {FileLogWriter::FLUSH_PER_WRITE, "<.", "<."}};
+    for (const Case& c : cases) {
+        takeJournal();
+        FileLogWriter writer(dir_.path("out").c_str(), inner(), false, nullptr);
+        writer.setFlushFreq(c.flushFreq_);
+        writer.write(log_.cycle(0), nullptr);
+        EXPECT_EQ(c.afterWrite_, dir_.read("out"));
+        writer.endCycle();
+        EXPECT_EQ(c.afterCycle_, dir_.read("out"));
+        EXPECT_EQ("header entry ", takeJournal());  // the cycle's end stays with the file
+    }
+}
+
+TEST_F(FileLogWriterTest, EncodesTheFinishedFileOnce) {
+    testing::internal::CaptureStdout();
+    { FileLogWriter writer(dir_.path("a").c_str(), inner(), false, new JournalEncoder(journal_, dir_, true)); }
+    EXPECT_EQ("header footer encode a=<> deleted ", takeJournal());
+    FileLogWriter failing(dir_.path("b").c_str(), inner(), false, new JournalEncoder(journal_, dir_, false));
+    failing.close();
+    failing.close();
+    EXPECT_EQ("header footer encode b=<> ", takeJournal());
+    EXPECT_EQ("Error encoding " + dir_.path("b") + "\n", testing::internal::GetCapturedStdout());
+}
+
+TEST_F(FileLogWriterTest, WritesToAFileThatIsAlreadyOpen) {
+    {
+        FileLogWriter writer(fopen(dir_.path("out").c_str(), "wb"), inner());
+        EXPECT_EQ("header ", journal_);
+        EXPECT_TRUE(writer.valid());
+        EXPECT_TRUE(writer.getFilename().isEmpty());
+        EXPECT_EQ(1U, writer.write(log_.cycle(0), nullptr));
+        writer.resetInputs();
+    }
+    EXPECT_EQ("header entry resetInputs footer deleted ", journal_);
+    EXPECT_EQ("<.>", dir_.read("out"));
+}
+
+// Failures of files, each told once.
+
+TEST_F(FileLogWriterTest, AFileThatCannotBeCreatedIsNamedWithTheReason) {
+    {
+        FileLogWriter writer(dir_.path("missing/out").c_str(), inner(), false, nullptr);
+        EXPECT_FALSE(writer.valid());
+        EXPECT_FALSE(writer.isValid());
+        EXPECT_EQ(0U, writer.write(log_.cycle(0), nullptr));
+    }
+    EXPECT_EQ(
+        std::vector<std::string>{"ERROR Failed to open " + dir_.path("missing/out") + ": No such file or directory"},
+        messages_.take());
+}
+
+TEST_F(FileLogWriterTest, AFullDiskIsNamedOnce) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP();
+    {
+        FileLogWriter writer("/dev/full", inner(), false, nullptr);
+        writer.setFlushFreq(FileLogWriter::FLUSH_PER_WRITE);
+        for (int i = 0; i < 3; ++i) writer.write(log_.cycle(i), nullptr);
+    }
+    EXPECT_TRUE(std::filesystem::exists("/dev/full"));  // a device is written to, not replaced
+    EXPECT_EQ(std::vector<std::string>{"ERROR Failed to write /dev/full: No space left on device"}, messages_.take());
+}
+
+TEST_F(FileLogWriterTest, AFailureThatOnlyTheCloseMeetsIsNamedToo) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP();
+    { FileLogWriter writer("/dev/full", inner(), false, nullptr); }
+    EXPECT_EQ(std::vector<std::string>{"ERROR Failed to write /dev/full: No space left on device"}, messages_.take());
+}

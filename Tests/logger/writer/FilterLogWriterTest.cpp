@@ -1,0 +1,130 @@
+#include "logger/writer/FilterLogWriter.h"
+
+#include <gtest/gtest.h>
+
+#include "support/JournalWriter.h"
+#include "support/NameList.h"
+#include "support/SmallLog.h"
+
+namespace {
+// Notes which of its lists an entry was matched to, at which index and in which unit.
+class MatchWriter : public FilterLogWriter {
+public:
+    MatchWriter(NameList& names, NameList& units, bool passCycleStarts, NameList& attributes)
+        : FilterLogWriter(nullptr, names.count(), names.list(), units.list(), passCycleStarts, attributes.count(),
+                          attributes.list()) {}
+    unsigned int writeCycleStart(const EventEntry*) override { return note("cycle", nullptr); }
+    unsigned int writeData(const DataEntry*, int varIndex, const Unit* unit) override {
+        return note("data" + std::to_string(varIndex), unit);
+    }
+    unsigned int writeAtt(const DataEntry*, int attIndex, const Unit* unit) override {
+        return note("att" + std::to_string(attIndex), unit);
+    }
+    // What the entry was matched to; each match counts one byte.
+    std::string matches(const LogEntry* entry, const Unit* unit = nullptr) {
+        matches_.clear();
+        matchCount_ = 0;
+        EXPECT_EQ(write(entry, unit), matchCount_);
+        return matches_;
+    }
+
+private:
+    unsigned int note(const std::string& what, const Unit* unit) {
+        matches_ += what + (unit == nullptr ? "" : std::string(":") + unit->getAbbreviation()) + " ";
+        ++matchCount_;
+        return 1;
+    }
+
+    std::string matches_;
+    unsigned int matchCount_ = 0;
+};
+
+class FilterLogWriterTest : public testing::Test {
+protected:
+    SmallLog log_;
+    DataAccess* depth_ = log_.declareServing("depth", "Depth.depth", Units::METER);
+    DataAccess* rate_ = log_.declare("Depth.rate", Units::METER_PER_SECOND);
+    NameList names_{"Depth.depth", "depth"};
+    NameList units_{"cm", nullptr};
+    NameList attributes_{"Depth.rate", "Depth.depth"};
+    NameList none_{};
+};
+}  // namespace
+
+TEST_F(FilterLogWriterTest, MatchesDataToVariablesAndAttributes) {
+    MatchWriter writer(names_, units_, false, attributes_);
+    EXPECT_EQ("data0:cm att1 ", writer.matches(log_.data(depth_, 1, 2.5)));
+    EXPECT_EQ("data0:cm data1 att1 ", writer.matches(log_.bestData(depth_, 1, 2.5)));
+    EXPECT_EQ("att0 ", writer.matches(log_.bestData(rate_, 1, 0.5)));
+    EXPECT_EQ("data0:km att1:km ", writer.matches(log_.data(depth_, 1, 2.5), &Units::KILOMETER));
+    for (const LogEntry* other :
+         {static_cast<LogEntry*>(log_.cycle(0)), static_cast<LogEntry*>(log_.cycle(1)),
+          static_cast<LogEntry*>(log_.syslog(1, "x")), static_cast<LogEntry*>(log_.version(8))}) {
+        EXPECT_EQ("", writer.matches(other));
+    }
+    EXPECT_EQ(0U, writer.write(nullptr, nullptr));
+}
+
+// The element itself may be what its access names as universal: it is one variable, not two.
+TEST_F(FilterLogWriterTest, ABestValueThatIsItsOwnUniversalMatchesOnce) {
+    DataAccess self(0, depth_->getElementCode(), ElementURI::SELF_CODE, Units::METER, DOUBLE8, 8, 9,
+                    DataAccessor::DATA_WRITER);
+    MatchWriter writer(names_, units_, false, none_);
+    EXPECT_EQ("data0:cm ", writer.matches(log_.bestData(&self, 1, 2.5)));
+}
+
+TEST_F(FilterLogWriterTest, PassesCycleStartsFromTheSecondOn) {
+    MatchWriter writer(none_, none_, true, none_);
+    EXPECT_EQ("", writer.matches(log_.cycle(0)));
+    EXPECT_EQ("cycle ", writer.matches(log_.cycle(1)));
+    EXPECT_EQ("", writer.matches(log_.running("Depth", 1, 3)));
+    EXPECT_EQ("cycle ", writer.matches(log_.cycle(2)));
+}
+
+TEST_F(FilterLogWriterTest, FindsANameThatTheLogGivesLater) {
+    NameList names{"Late.value"};
+    NameList units{nullptr};
+    MatchWriter writer(names, units, false, none_);
+    EXPECT_EQ("", writer.matches(log_.data(rate_, 1, 0.5)));
+    EXPECT_EQ("data0 ", writer.matches(log_.data(log_.declare("Late.value"), 2, 1)));
+}
+
+TEST_F(FilterLogWriterTest, ASecondInputMayGiveOtherCodes) {
+    MatchWriter writer(names_, units_, false, none_);
+    writer.matches(log_.data(depth_, 1, 2.5));
+    Slate::ClearDirectory();
+    writer.resetInputs();
+    DataAccess* other = log_.declare("Other.value");
+    DataAccess* depth = log_.declare("Depth.depth", Units::METER);
+    EXPECT_EQ("", writer.matches(log_.data(other, 1, 1)));
+    EXPECT_EQ("data0:cm ", writer.matches(log_.data(depth, 1, 2.5)));
+}
+
+TEST_F(FilterLogWriterTest, ForwardsToItsOutput) {
+    std::string journal;
+    {
+        FilterLogWriter writer(new JournalWriter(journal), names_.count(), names_.list(), units_.list(), true,
+                               attributes_.count(), attributes_.list());
+        Logger logger("test", nullptr);
+        writer.config(logger);
+        EXPECT_EQ(1U, writer.writeHeader());
+        writer.write(log_.cycle(0), nullptr);
+        EXPECT_EQ(1U, writer.write(log_.cycle(1), nullptr));
+        EXPECT_EQ(2U, writer.write(log_.data(depth_, 1, 2.5), nullptr));  // as a variable and as an attribute
+        writer.endCycle();
+        EXPECT_EQ(1U, writer.writeFooter());
+        EXPECT_EQ(1U, writer.writeFooter());
+    }
+    EXPECT_EQ("resetInputs config header entry entry in centimeter entry endCycle footer footer deleted ", journal);
+}
+
+TEST_F(FilterLogWriterTest, WithoutAnOutputEverythingIsZero) {
+    FilterLogWriter writer(nullptr, names_.count(), names_.list(), units_.list(), true, 0, nullptr);
+    Logger logger("test", nullptr);
+    writer.config(logger);
+    writer.endCycle();
+    writer.resetInputs();
+    writer.write(log_.cycle(0), nullptr);
+    EXPECT_EQ(0U, writer.writeHeader() + writer.write(log_.cycle(1), nullptr) +
+                      writer.write(log_.bestData(depth_, 1, 2.5), nullptr) + writer.writeFooter());
+}

@@ -1,0 +1,103 @@
+#include "logger/writer/SplitFileLogWriter.h"
+
+#include <gtest/gtest.h>
+
+#include "data/Slate.h"
+#include "support/CapturedLog.h"
+#include "support/JournalWriter.h"
+#include "support/SmallLog.h"
+#include "support/TempDir.h"
+
+class SplitFileLogWriterTest : public testing::Test {
+protected:
+    Str base() const { return dir_.path("run").c_str(); }
+    JournalWriter* inner(unsigned int bytesPerEntry = 1) { return new JournalWriter(journal_, bytesPerEntry); }
+
+    TempDir dir_;
+    SmallLog log_;
+    std::string journal_;
+};
+
+// Encodes nothing, and says so of each file.
+class NamesOnly : public FileEncoder {
+public:
+    explicit NamesOnly(std::vector<std::string>& names) : names_(names) {}
+    bool encode(const char* filename, const char*, const char*) override {
+        names_.push_back(filename);
+        return false;
+    }
+
+private:
+    std::vector<std::string>& names_;  // borrowed
+};
+
+TEST_F(SplitFileLogWriterTest, AFileEndsWithTheEntryThatTakesItPastItsSize) {
+    {
+        SplitFileLogWriter writer(base(), 8, inner(4), nullptr, 7);
+        EXPECT_FALSE(writer.valid());
+        for (int i = 0; i < 4; ++i) EXPECT_EQ(4U, writer.write(log_.cycle(i), nullptr));
+    }
+    EXPECT_EQ("<............>", dir_.read("run0007"));
+    EXPECT_EQ("<....>", dir_.read("run0008"));
+}
+
+TEST_F(SplitFileLogWriterTest, AFileSpansTheTimeFromItsFirstEntryInclusive) {
+    {
+        SplitFileLogWriter writer(base(), Timespan(60, 0), inner(), nullptr, 1);
+        for (double t : {10.0, 70.0, 70.5, 130.0, 130.5, 131.0}) writer.write(log_.cycle(t), nullptr);
+    }
+    EXPECT_EQ("<..>", dir_.read("run0001"));
+    EXPECT_EQ("<...>", dir_.read("run0002"));  // from 70.5 on: 130.5 is its last instant
+    EXPECT_EQ("<.>", dir_.read("run0003"));
+}
+
+TEST_F(SplitFileLogWriterTest, WithoutALimitThereIsOneFile) {
+    {
+        SplitFileLogWriter writer(base(), inner(100), nullptr, 12345);
+        EXPECT_EQ(0U, writer.write(nullptr, nullptr));  // opens the file
+        EXPECT_TRUE(writer.valid());
+        for (int i = 0; i < 3; ++i) writer.write(log_.cycle(3600 * i), nullptr);
+    }
+    EXPECT_EQ(302U, dir_.read("run12345").size());
+    EXPECT_FALSE(dir_.has("run12346"));
+}
+
+TEST_F(SplitFileLogWriterTest, AnExistingFileIsReplaced) {
+    dir_.write("run0001", "old");
+    { SplitFileLogWriter(base(), inner(), nullptr, 1).write(log_.cycle(0), nullptr); }
+    EXPECT_EQ("<.>", dir_.read("run0001"));
+}
+
+TEST_F(SplitFileLogWriterTest, SplitsWhenAsked) {
+    SplitFileLogWriter writer(base(), inner(), nullptr, 1);
+    writer.split(true, 5);
+    writer.write(log_.cycle(0), nullptr);
+    writer.split(false, -1);
+    EXPECT_FALSE(writer.valid());
+    EXPECT_EQ("<.>", dir_.read("run0005"));
+    EXPECT_FALSE(dir_.has("run0006"));
+    writer.resetFileBase(dir_.path("next").c_str(), 3);
+    EXPECT_STREQ(dir_.path("next0003").c_str(), writer.getFilename().cStr());
+}
+
+TEST_F(SplitFileLogWriterTest, EachFinishedFileIsEncodedQuietly) {
+    testing::internal::CaptureStdout();
+    std::vector<std::string> names;
+    {
+        SplitFileLogWriter writer(base(), 1, inner(2), new NamesOnly(names), 1);
+        for (int i = 0; i < 3; ++i) writer.write(log_.cycle(i), nullptr);
+    }
+    EXPECT_EQ((std::vector<std::string>{dir_.path("run0001"), dir_.path("run0002")}), names);
+    EXPECT_EQ("", testing::internal::GetCapturedStdout());
+}
+
+// No number helps in a folder that does not exist as one; the search for a name ends all the same.
+TEST_F(SplitFileLogWriterTest, AFolderThatCannotBeSearchedEndsTheSearch) {
+    CapturedLog messages;
+    Slate::SetLogger(&static_cast<const Logger&>(messages));
+    dir_.write("file", "");
+    SplitFileLogWriter writer(dir_.path("file/run").c_str(), inner(), nullptr, 1);
+    EXPECT_EQ(0U, writer.write(log_.cycle(0), nullptr));
+    EXPECT_EQ(1U, messages.take().size());
+    Slate::SetLogger(nullptr);
+}
