@@ -31,8 +31,8 @@ private:
 template <typename K, typename V>
 class FastMap {
 public:
-    static const unsigned int INITIAL_CAPACITY = 32;
-    static const unsigned int MAX_CAPACITY = 16384;
+    static constexpr unsigned int INITIAL_CAPACITY = 32;
+    static constexpr unsigned int MAX_CAPACITY = 16384;
 
     explicit FastMap(bool allowDups = false) : array_(true, INITIAL_CAPACITY, MAX_CAPACITY), allowDups_(allowDups) {}
     virtual ~FastMap() {}

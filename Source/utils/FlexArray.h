@@ -44,8 +44,8 @@ protected:
 template <typename T>
 class FlexArray : public FlexArrayBase {
 public:
-    static const unsigned int DEFAULT_CAPACITY = 32;
-    static const unsigned int NO_CEILING = 1073741824;  // for lists whose length nothing bounds
+    static constexpr unsigned int DEFAULT_CAPACITY = 32;
+    static constexpr unsigned int NO_CEILING = 1073741824;  // for lists whose length nothing bounds
 
     // A list of borrowed items, whose class may be incomplete here.
     FlexArray() : FlexArrayBase(false, DEFAULT_CAPACITY, NO_CEILING) { setArraySize(initialCapacity_); }

@@ -7,8 +7,8 @@
 // Threads: not synchronised; users lock.
 class Str {
 public:
-    static const size_t NO_POS = 0xFFFFFFFF;  // not found; as a length argument: take the C string length
-    static const size_t MAX_LEN = 1048576;    // bytes; a guide for users, nothing is cut here
+    static constexpr size_t NO_POS = 0xFFFFFFFF;  // not found; as a length argument: take the C string length
+    static constexpr size_t MAX_LEN = 1048576;    // bytes; a guide for users, nothing is cut here
     static const Str EMPTY_STR;
 
     constexpr Str() noexcept : length_(0), chars_(NoChars_) {}  // usable before any static object is built

@@ -38,7 +38,7 @@ private:
     void grow(size_t more);
     char* roomFor(size_t more);  // where the next piece goes, with so many bytes free behind it
 
-    static const size_t OWN_ROOM = 512;
+    static constexpr size_t OWN_ROOM = 512;
     char own_[OWN_ROOM];
     char* chars_ = own_;  // own_, or a heap block owned by the buffer
     size_t length_ = 0;

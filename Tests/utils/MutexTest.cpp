@@ -1,0 +1,78 @@
+#include "utils/Mutex.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <thread>
+
+#include "utils/Timespan.h"
+
+static bool AnotherThreadGets(Mutex& mutex) {
+    bool got = false;
+    std::thread other([&] {
+        got = mutex.tryLock();
+        if (got) mutex.unlock();
+    });
+    other.join();
+    return got;
+}
+
+TEST(MutexTest, IsRecursive) {
+    Mutex mutex;
+    EXPECT_EQ(0, mutex.lock());
+    EXPECT_TRUE(mutex.tryLock());
+    EXPECT_EQ(0, mutex.unlock());
+    EXPECT_FALSE(AnotherThreadGets(mutex));
+    EXPECT_EQ(0, mutex.unlock());
+    EXPECT_TRUE(AnotherThreadGets(mutex));
+}
+
+TEST(MutexTest, AnUnlockByAStrangerIsReported) {
+    Mutex mutex;
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(EPERM, mutex.unlock());
+    char expected[128];
+    snprintf(expected, sizeof(expected), "!!Thread unlocked mutex(0x%08zX) with code (1) Operation not permitted\n",
+             reinterpret_cast<size_t>(&mutex));
+    EXPECT_EQ(expected, testing::internal::GetCapturedStdout());
+}
+
+TEST(MutexTest, ALockerKeepsOtherThreadsOutForItsScope) {
+    Mutex mutex;
+    int total = 0;
+    const auto add = [&] {
+        for (int i = 0; i < 20000; ++i) {
+            MutexLocker outer(mutex);
+            MutexLocker inner(mutex);
+            ++total;
+        }
+    };
+    std::thread one(add), two(add);
+    one.join();
+    two.join();
+    EXPECT_EQ(40000, total);
+    EXPECT_TRUE(AnotherThreadGets(mutex));
+}
+
+TEST(ThreadConditionTest, WakesAWaiter) {
+    Mutex mutex;
+    ThreadCondition condition(mutex);
+    bool ready = false;
+    std::thread other([&] {
+        MutexLocker lock(mutex);
+        ready = true;
+        condition.signal();
+    });
+    mutex.lock();
+    while (!ready) EXPECT_EQ(0, condition.wait());
+    mutex.unlock();
+    other.join();
+}
+
+TEST(ThreadConditionTest, GivesUpWhenTheTimeRanOut) {
+    Mutex mutex;
+    ThreadCondition condition(mutex);
+    mutex.lock();
+    EXPECT_EQ(ETIMEDOUT, condition.timedWait(Timespan(0, 1000)));
+    mutex.unlock();
+}
