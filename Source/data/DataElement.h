@@ -28,8 +28,7 @@ public:
         static void Report(const DataElement& element);
     };
 
-    // Takes the value over. It is null when the type in a log is none that exists; then there is nothing to set or get.
-    // The accuracy is in the value's base unit.
+    // Takes the value over; without one (null) there is nothing to set or get. The accuracy is in the base unit.
     DataElement(const ElementURI& uri, DataValue* value, float accuracy);
     virtual ~DataElement() { delete value_; }
     DataElement(const DataElement&) = delete;

@@ -221,6 +221,7 @@ CodedStr& Slate::GetCodedName(const Str& name) {
 
 bool Slate::GiveNextCode(DataAccess* access) {
     MutexLocker lock(DataAccessMutex_);
+    if (access->getElementCode() >= ElementURI::NUM_CODES) return false;  // made while names got no codes
     const Str oldText = access->recordText();
     if (!DataAccesses_.giveNextCode(access)) return false;
     DataAccessMap_.pop(oldText);

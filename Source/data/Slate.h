@@ -102,7 +102,14 @@ public:
     static DataElement* GetElement(const ElementURI& uri);
 
     // A component's accesses, owned by the Slate. Each registers and codifies the name, makes the element where it is
-    // missing, in the name's unit and type, and gets its data access. uri may be short-lived.
+    // missing, in the name's unit and type, and gets its data access. uri may be short-lived. Directory writes are
+    // turned on first: an access made before has no codes to put into the log.
+    //
+    //   Slate::EnableDirectoryWrites();
+    //   Component sensor("Depth");
+    //   const ElementURI uri(ElementURI::NO_CODE, "Depth.depth", ElementURI::DATA_ELEMENT, Units::METER, FLOAT3);
+    //   DataWriter* writer = Slate::NewOutputWriter(&sensor, uri);
+    //   const bool changed = writer->write(Units::METER, 1.5, t);   // what the data entry on this writer says
     static DataWriter* NewWriter(Component* owner, const ElementURI& uri,
                                  Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS,
                                  bool noInterpFlag = false);
@@ -155,8 +162,8 @@ public:
     static bool DirectoryRead_;
 
 private:
-    static const unsigned int CAPACITY = 32;
-    static const unsigned int MAX_CAPACITY = 16384;
+    static constexpr unsigned int CAPACITY = 32;
+    static constexpr unsigned int MAX_CAPACITY = 16384;
 
     // For the reading of a directory: codes that were not read from a log become free again, and names without a code
     // leave the lists; they stay findable by text, and registration puts them back.

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/CapturedLog.h"
 #include "data/Slate.h"
+#include "support/CapturedLog.h"
 
 // A test with a Slate of its own: empty but for the universals, its messages in log_. Derive from it.
 class SlateFixture : public ::testing::Test {

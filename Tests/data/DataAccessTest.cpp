@@ -1,0 +1,97 @@
+#include "data/DataAccess.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "support/MemoryStreams.h"
+#include "units/Units.h"
+
+static std::unique_ptr<DataAccess> ReadBack(const Str& record) {
+    MemoryInStream in(record);
+    return std::unique_ptr<DataAccess>(DataAccess::Read(in));
+}
+
+static std::string Record(const DataAccess& access) {
+    MemoryOutStream out;
+    const size_t written = access.write(out);
+    EXPECT_EQ(written, out.bytes_.size());
+    return out.bytes_;
+}
+
+static const char* const DEPTH =
+    " code=0001 owner=0000 element=0002 universal=3FFF unitName=\"meter\" type=0B size=0003 fl=01\n";
+
+TEST(DataAccessTest, RecordsTellEveryField) {
+    const char* const records[] = {
+        DEPTH,
+        " code=00AB owner=3FFF element=0010 universal=FFFF unitName=\"none\" type=FF size=0000 fl=00\n",
+        " code=0001 owner=0000 element=0002 universal=0003 unitName=\"furlong\" type=00 size=FFFF fl=07\n",
+        " code=0001 owner=0000 element=0002 universal=0003 unitName=\"\" type=90 size=0001 fl=04\n",
+    };
+    for (const char* record : records) {
+        const std::unique_ptr<DataAccess> access = ReadBack(record);
+        ASSERT_NE(nullptr, access) << record;
+        EXPECT_EQ(record, Record(*access));
+    }
+    const std::unique_ptr<DataAccess> reader = ReadBack(records[1]);
+    EXPECT_FALSE(reader->isWriter());
+    EXPECT_TRUE(reader->isUntyped());
+    EXPECT_EQ(0x10, reader->getEffectiveUniversalCode());
+    EXPECT_EQ(&Units::NONE, reader->getUnit());
+    const std::unique_ptr<DataAccess> writer = ReadBack(records[2]);
+    EXPECT_TRUE(writer->isWriter() && writer->getNoInterpFlag());
+    EXPECT_EQ(Logger::TIME_PRECISION_MILLIS, writer->getTimePrecision());
+    EXPECT_EQ(nullptr, writer->getUnit());
+}
+
+TEST(DataAccessTest, AWriterWithoutInterpolationInMillisHasAllFlags) {
+    DataAccess access(0, 2, DataAccess::NO_CODE, Units::METER, FLOAT3, 3, 1, DataAccessor::DATA_WRITER);
+    EXPECT_EQ(DEPTH, Record(access));
+    access.setNoInterpFlag(true);
+    access.setTimePrecision(Logger::TIME_PRECISION_MILLIS);
+    EXPECT_NE(std::string::npos, Record(access).find(" fl=07\n"));
+}
+
+TEST(DataAccessTest, MalformedRecordsGiveNothing) {
+    const Str full = DEPTH;
+    for (size_t length = 0; length < full.length(); ++length) {
+        EXPECT_EQ(nullptr, ReadBack(full.substr(0, length))) << length;
+    }
+    for (size_t i = 0; i < full.length(); ++i) {  // no field may begin or end elsewhere
+        Str damaged = full;
+        damaged.setChar(i, '~');
+        const bool isInUnitName = i > full.find('"') && i < full.findLastOf('"');
+        EXPECT_EQ(isInUnitName, ReadBack(damaged) != nullptr) << damaged.cStr();
+    }
+}
+
+TEST(DataAccessTest, Description) {
+    EXPECT_STREQ("<a code=0001 owner=0000 element=0002 universal=3FFF unitName=\"meter\" type=0B size=0003 rw=01",
+                 ReadBack(DEPTH)->asString(true).cStr());
+    const DataAccess untyped(0, 2, DataAccess::NO_CODE, "none", NO_TYPE, 0, 1, DataAccessor::DATA_READER);
+    EXPECT_STREQ("owner=0000 element=0002 universal=3FFF type=FFFF size=0000 rw=00", untyped.asString(false).cStr());
+    const DataAccess endless(0, 2, 3, std::string(2000, 'u').c_str(), FLOAT3, 3);
+    EXPECT_EQ(1023u, endless.asString(true).length());
+}
+
+TEST(DataAccessTest, InheritsUnitTypeAndSizeAlone) {
+    DataAccess heir(7, 8, 9, "none", NO_TYPE, 0, 10, DataAccessor::DATA_READER);
+    EXPECT_EQ(&Units::NONE, heir.getUnit());
+    heir.copyUnitsTypeAndSizeFrom(ReadBack(DEPTH).get());
+    EXPECT_EQ(&Units::METER, heir.getUnit());
+    EXPECT_EQ(" code=000A owner=0007 element=0008 universal=0009 unitName=\"meter\" type=0B size=0003 fl=00\n",
+              Record(heir));
+}
+
+TEST(DataAccessTest, StrategiesByTheirWholeWord) {
+    static const struct {
+        const char* text_;
+        int strategy_;
+    } WORDS[] = {{"MinPower", 0}, {"MaxFrequency", 3}, {"AllDevices", 4}, {"MinPowerX", -1}, {"MinPowe", -1}, {"", -1}};
+    for (const auto& w : WORDS) EXPECT_EQ(w.strategy_, DataAccessor::Str2RequestStrategy(w.text_)) << w.text_;
+    EXPECT_STREQ("MinLatency", DataAccessor::RequestStrategy2Str(2));
+    EXPECT_STREQ("none.", DataAccessor::RequestStrategy2Str(5));
+    EXPECT_STREQ("none.", DataAccessor::RequestStrategy2Str(-1));
+}

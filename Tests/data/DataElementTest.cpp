@@ -1,0 +1,127 @@
+#include "data/DataElement.h"
+
+#include <cmath>
+
+#include "data/Component.h"
+#include "data/DataReader.h"
+#include "data/DataWriter.h"
+#include "data/Double.h"
+#include "support/SlateFixture.h"
+#include "units/Units.h"
+
+static const Timestamp T(1338553800, 400000);
+
+class DataElementTest : public SlateFixture {
+protected:
+    static ElementURI Named(const char* name, ElementURI::ElementType type = ElementURI::DATA_ELEMENT) {
+        return ElementURI(ElementURI::NO_CODE, name, type, Units::METER, FLOAT3);
+    }
+
+    Component sensor_{"Sensor"};
+    Component pilot_{"Pilot"};
+};
+
+TEST_F(DataElementTest, ReadsWhatWasWrittenWhileItsSupplierIsActive) {
+    DataWriter* writer = Slate::NewOutputWriter(&sensor_, Named("Sensor.depth"));
+    DataReader* reader = Slate::NewReader(&pilot_, Named("Sensor.depth"));
+    DataElement* element = writer->getElement();
+    ASSERT_EQ(element, reader->getElement());
+    double depth = 0;
+    EXPECT_FALSE(reader->read(Units::METER, depth));
+    EXPECT_EQ(std::vector<std::string>{"ERROR Sensor.depth: data element is not active."}, log_.take());
+
+    EXPECT_TRUE(writer->write(Units::KILOMETER, 0.5, T));
+    EXPECT_FALSE(writer->write(Units::METER, 500, T)) << "the same value again";
+    EXPECT_TRUE(reader->read(Units::METER, depth));
+    EXPECT_EQ(500, depth);
+    EXPECT_EQ(500, element->asInt(Units::METER));
+    EXPECT_FALSE(reader->read(Units::SECOND, depth));
+    EXPECT_EQ(T, element->getTimestamp());
+    EXPECT_TRUE(log_.take().empty());
+
+    sensor_.setActive(false);
+    EXPECT_TRUE(std::isnan(reader->asDouble(Units::METER)));
+    sensor_.setActive(true);
+    element->setInvalid(true);
+    EXPECT_TRUE(std::isnan(reader->asDouble(Units::METER)));
+    writer->write(Units::METER, 1, T);
+    EXPECT_EQ(1, reader->asDouble(Units::METER));
+}
+
+TEST_F(DataElementTest, IsOrphanedUntilSomebodySuppliesIt) {
+    DataWriter* command = Slate::NewWriter(&pilot_, Named("Sensor.depth"));
+    DataElement* element = command->getElement();
+    command->write(Units::METER, 1.0, T);
+    EXPECT_TRUE(element->isOrphaned());
+    EXPECT_FALSE(element->isActive() || element->isActivatable());
+
+    Slate::NewOutputWriter(&sensor_, Named("Sensor.depth"));
+    EXPECT_TRUE(element->isActive() && element->isActivatable());
+    sensor_.setFailed(true);
+    EXPECT_FALSE(element->isActive() || element->isActivatable());
+    EXPECT_EQ(command, element->findWriter(&pilot_));
+    EXPECT_EQ(2u, element->writerCount());
+
+    DataWriter* fixed = Slate::NewWriter(&pilot_, Named("Config/x", ElementURI::CONFIG_ELEMENT));
+    fixed->write(Units::METER, 1.0, T);
+    EXPECT_TRUE(fixed->getElement()->isActive()) << "configuration needs no supplier";
+}
+
+TEST_F(DataElementTest, AUniversalFollowsTheBestOfItsSources) {
+    UniversalDataWriter* rough = Slate::NewUniversalWriter(&sensor_, Named("Sensor.depth"), UniversalURI::DEPTH);
+    UniversalDataWriter* fine = Slate::NewUniversalWriter(&pilot_, Named("Pilot.depth"), UniversalURI::DEPTH);
+    UniversalDataReader* reader = Slate::NewUniversalReader(&pilot_, UniversalURI::DEPTH);
+    UniversalDataReader* thrifty = Slate::NewUniversalReader(&pilot_, UniversalURI::DEPTH, DataAccessor::MIN_POWER);
+    rough->getElement()->setAccuracy(Units::METER, 2);
+    rough->getElement()->setCosts(1, 1, 1);
+    fine->getElement()->setAccuracy(Units::METER, 1);
+
+    rough->write(Units::METER, 10.0, T);
+    EXPECT_TRUE(rough->isBest());
+    EXPECT_EQ(10, reader->asDouble(Units::METER));
+    fine->write(Units::METER, 11.0, T);
+    rough->write(Units::METER, 12.0, T);
+    EXPECT_TRUE(fine->isBest());
+    EXPECT_FALSE(rough->isBest());
+    EXPECT_EQ(11, reader->asDouble(Units::METER));
+    EXPECT_EQ(12, thrifty->asDouble(Units::METER));
+    double universal = 0;
+    EXPECT_TRUE(Slate::ReadOnce(UniversalURI::DEPTH, Units::METER, universal));
+    EXPECT_EQ(11, universal);
+
+    pilot_.setActive(false);
+    EXPECT_EQ(12, reader->asDouble(Units::METER));
+}
+
+TEST_F(DataElementTest, AccuraciesConvertAsDifferences) {
+    DataElement element(Named("x"), Units::CELSIUS.dataValue(DOUBLE8), DataElement::NO_ACCURACY);
+    EXPECT_TRUE(std::isnan(element.getWrittenAccuracy(Units::CELSIUS)));
+    element.setAccuracy(Units::CELSIUS, 0.5f);
+    EXPECT_FLOAT_EQ(0.5f, element.getBaseAccuracy());
+    EXPECT_FLOAT_EQ(0.5f, element.getWrittenAccuracy(Units::CELSIUS));
+    EXPECT_TRUE(std::isnan(element.getAccuracy(Units::CELSIUS))) << "not active";
+}
+
+TEST_F(DataElementTest, OneShotAccessKnowsNamesAndCodes) {
+    const unsigned short code = 7;
+    const ElementURI* uri = Slate::RegisterElementURI(new ElementURI(code, "A.b", ElementURI::DATA_ELEMENT));
+    bool flag = false;
+    EXPECT_FALSE(Slate::WriteOnce(code, Units::BOOL, true, T)) << "no element yet";
+    Slate::NewDataElement(*uri, nullptr, Units::BOOL, UCHAR1, DataElement::NO_ACCURACY);
+    EXPECT_FALSE(Slate::ReadOnce(code, Units::BOOL, flag)) << "never set";
+    EXPECT_TRUE(Slate::WriteOnce(*uri, Units::BOOL, true, T));
+    EXPECT_TRUE(Slate::ReadOnce(code, Units::BOOL, flag));
+    EXPECT_TRUE(flag);
+    const ElementURI other(ElementURI::NO_CODE, "A.c", ElementURI::DATA_ELEMENT);
+    EXPECT_FALSE(Slate::ReadOnce(other, Units::BOOL, flag));
+}
+
+TEST_F(DataElementTest, NothingCanBeDoneWithoutAValue) {
+    const ElementURI* uri = Slate::RegisterElementURI(new ElementURI(7, "A.b", ElementURI::DATA_ELEMENT));
+    DataElement* element = Slate::NewDataElement(*uri, nullptr, nullptr, DataElement::NO_ACCURACY);
+    double value = 0;
+    EXPECT_FALSE(element->set(Units::METER, 1.0, T) || element->get(Units::METER, value));
+    EXPECT_EQ(NO_TYPE, element->getBinaryType());
+    element->setDataValue(new Double(Units::METER, 1.0, true));
+    EXPECT_TRUE(Slate::ReadOnce(*uri, Units::METER, value));
+}

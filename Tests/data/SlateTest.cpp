@@ -1,0 +1,261 @@
+#include "data/Slate.h"
+
+#include <memory>
+
+#include "data/BlobValue.h"
+#include "data/Component.h"
+#include "data/DataReader.h"
+#include "data/DataWriter.h"
+#include "support/SlateFixture.h"
+#include "units/Units.h"
+
+class SlateTest : public SlateFixture {
+protected:
+    static ElementURI* Register(unsigned short code, const char* name) {
+        return Slate::RegisterElementURI(new ElementURI(code, name, ElementURI::DATA_ELEMENT));
+    }
+    static ElementURI Named(const char* name) {
+        return ElementURI(ElementURI::NO_CODE, name, ElementURI::DATA_ELEMENT);
+    }
+    static DataAccess* RegisterAccess(unsigned short code, unsigned short element,
+                                      unsigned short universal = ElementURI::NO_CODE, BinaryDataType type = FLOAT3) {
+        return Slate::RegisterDataAccess(new DataAccess(0, element, universal, "meter", type, 3, code));
+    }
+};
+
+// Reading side
+
+TEST_F(SlateTest, ANameReadFromALogStandsUnderItsCode) {
+    ElementURI* depth = Register(7, "Depth.depth");
+    ASSERT_NE(nullptr, depth);
+    EXPECT_EQ(8, Slate::NextElementURICode_);
+    EXPECT_EQ(depth, Slate::GetElementURI(7));
+    EXPECT_EQ(depth, Slate::FindElementURI("Depth.depth"));
+    EXPECT_EQ(7, Slate::GetElementURICode("Depth.depth"));
+    EXPECT_EQ(1u, Slate::GetElementURICount());
+
+    EXPECT_EQ(nullptr, Register(7, "Depth.rate")) << "the code is taken";
+    EXPECT_EQ(depth, Register(7, "Depth.depth")) << "the same name again";
+    EXPECT_EQ(nullptr, Slate::FindElementURI("Depth.rate"));
+    EXPECT_EQ(1u, Slate::GetElementURICount());
+}
+
+TEST_F(SlateTest, CodesOutOfRangeAreRefused) {
+    static const unsigned short CODES[] = {16383, 16384, 65535};
+    for (unsigned short code : CODES) {
+        EXPECT_EQ(nullptr, Register(code, "A.b"));
+        EXPECT_EQ(nullptr, Slate::RegisterCodedName(new CodedStr("A", code)));
+        EXPECT_EQ(nullptr, RegisterAccess(code, 0));
+        EXPECT_EQ(nullptr, Slate::GetElementURI(code));
+        EXPECT_EQ(nullptr, Slate::GetName(code));
+        EXPECT_EQ(nullptr, Slate::GetDataAccess(code));
+        EXPECT_EQ(nullptr, Slate::GetElement(code));
+    }
+    EXPECT_EQ(0, Slate::NextElementURICode_ + Slate::NextNameCode_ + Slate::NextDataAccessCode_);
+    EXPECT_NE(nullptr, Register(16382, "A.b"));
+    EXPECT_EQ(16383, Slate::NextElementURICode_);
+    EXPECT_EQ(nullptr, Slate::GetElementURI(500)) << "never registered";
+}
+
+TEST_F(SlateTest, AUniversalTakesTheCodeOfTheLog) {
+    EXPECT_EQ(ElementURI::NO_CODE, Slate::GetElementURICode("depth"));
+    EXPECT_EQ(&UniversalURI::DEPTH, Register(7, "depth"));
+    EXPECT_EQ(&UniversalURI::DEPTH, Slate::GetElementURI(7));
+    EXPECT_EQ(7, UniversalURI::DEPTH.getCode());
+    EXPECT_EQ(1u, Slate::GetElementURICount());
+    EXPECT_EQ(&UniversalURI::DEPTH, Register(9, "depth")) << "under a second code";
+    EXPECT_EQ(&UniversalURI::DEPTH, Slate::GetElementURI(7));
+    EXPECT_EQ(1u, Slate::GetElementURICount());
+}
+
+TEST_F(SlateTest, CodedNamesRegisterAlike) {
+    CodedStr* name = Slate::RegisterCodedName(new CodedStr("Depth", 3));
+    EXPECT_EQ(name, Slate::GetName(3));
+    EXPECT_EQ(name, Slate::RegisterCodedName(new CodedStr("Depth", 3)));
+    EXPECT_EQ(nullptr, Slate::RegisterCodedName(new CodedStr("Navigation", 3)));
+    EXPECT_EQ(nullptr, Slate::FindCodedName("Navigation"));
+    EXPECT_EQ(4, Slate::GetCodedName("Navigation").getCode());
+    EXPECT_EQ(&Slate::GetCodedName("Navigation"), Slate::GetName(4));
+}
+
+TEST_F(SlateTest, AccessesAreToldApartByWhatTheyAttach) {
+    DataAccess* access = RegisterAccess(0, 5, ElementURI::NO_CODE, NO_TYPE);
+    EXPECT_EQ(access, RegisterAccess(0, 5)) << "its type may have been inherited meanwhile";
+    EXPECT_EQ(nullptr, RegisterAccess(0, 6));
+    EXPECT_EQ(nullptr, RegisterAccess(0, 5, 1));
+    DataAccess* twin = RegisterAccess(1, 5, ElementURI::NO_CODE, NO_TYPE);
+    EXPECT_NE(access, twin) << "two that differ by code alone are two";
+    EXPECT_EQ(2u, Slate::GetDataAccessCount());
+    EXPECT_EQ(2, Slate::NextDataAccessCode_);
+}
+
+TEST_F(SlateTest, TheDescribingAccess) {
+    static const struct {
+        unsigned short code_, element_, universal_;
+        BinaryDataType type_;
+    } ACCESSES[] = {{0, 5, 16383, NO_TYPE}, {2, 5, 16383, FLOAT3}, {3, 6, 5, NO_TYPE},
+                    {4, 7, 5, FLOAT4},      {6, 8, 9, NO_TYPE},    {7, 9, 65535, NO_TYPE}};
+    for (const auto& a : ACCESSES) RegisterAccess(a.code_, a.element_, a.universal_, a.type_);
+
+    static const struct {
+        unsigned short element_;
+        bool isUniversal_;
+        int access_;
+    } CASES[] = {
+        {5, false, 2},      // the first that knows its type
+        {5, true, 4},       // of those that serve the universal
+        {9, true, 6},       // none knows its type: the first
+        {9, false, 7},      //
+        {6, true, 3},       // nothing serves it: its own
+        {1, true, -1},      //
+        {16383, true, -1},  // what has no universal serves none
+        {65535, true, -1},
+    };
+    for (const auto& c : CASES) {
+        const DataAccess* access = Slate::FindDescribingAccess(c.element_, c.isUniversal_);
+        EXPECT_EQ(c.access_, access == nullptr ? -1 : access->getCode()) << c.element_ << c.isUniversal_;
+    }
+}
+
+// Writing side
+
+TEST_F(SlateTest, NamesGetCodesOnlyWhileDirectoryWritesAreOn) {
+    ElementURI& depth = UniversalURI::DEPTH;  // the Slate keeps the address
+    Slate::CodifyElementURI(depth);
+    Slate::CodifyElementURI(depth);
+    EXPECT_EQ(ElementURI::NO_CODE, depth.getCode());
+    EXPECT_EQ(0u, Slate::GetElementURICount());
+
+    Slate::SimulateDirectoryWrites();
+    ElementURI copy(depth);
+    Slate::CodifyElementURI(copy);
+    EXPECT_EQ(0, copy.getCode());
+    EXPECT_EQ(0, depth.getCode());
+    Slate::CodifyElementURI(depth);
+    EXPECT_EQ(0, depth.getCode());
+    EXPECT_EQ(&depth, Slate::GetElementURI(0));
+    EXPECT_EQ(1, Slate::NextElementURICode_);
+}
+
+TEST_F(SlateTest, AWholeDeclarationByComponents) {
+    Slate::SimulateDirectoryWrites();
+    Component sensor("Sensor");
+    Component pilot("Pilot");
+    const ElementURI depth = Named("Sensor.depth");
+    DataReader* early = Slate::NewReader(&pilot, Named("Sensor.heading"));
+    UniversalDataWriter* writer =
+        Slate::NewUniversalWriter(&sensor, depth, UniversalURI::LATITUDE, Logger::TIME_PRECISION_MILLIS, true);
+    UniversalDataReader* reader = Slate::NewUniversalReader(&pilot, UniversalURI::LATITUDE);
+    DataReader* own = Slate::NewInputReader(&pilot, depth);
+
+    EXPECT_STREQ(" code=0000 owner=0001 element=0000 universal=3FFF unitName=\"unspecified\" type=FF size=0000 fl=00\n",
+                 early->getDataAccess()->recordText().cStr());
+    EXPECT_STREQ(" code=0001 owner=0000 element=0002 universal=0001 unitName=\"degree\" type=37 size=0006 fl=07\n",
+                 writer->getDataAccess()->recordText().cStr());
+    EXPECT_STREQ(" code=0002 owner=0001 element=0001 universal=FFFF unitName=\"degree\" type=FF size=0000 fl=00\n",
+                 reader->getDataAccess()->recordText().cStr());
+    EXPECT_STREQ(" code=0003 owner=0001 element=0002 universal=3FFF unitName=\"degree\" type=37 size=0006 fl=00\n",
+                 own->getDataAccess()->recordText().cStr());
+    EXPECT_EQ(own->getDataAccess(), Slate::NewReader(&pilot, depth)->getDataAccess()) << "nothing new to say";
+    EXPECT_EQ(4u, Slate::GetDataAccessCount());
+    EXPECT_EQ(writer->getElement(), Slate::GetElement(2));
+}
+
+TEST_F(SlateTest, CodesEndAt16382) {
+    Slate::SimulateDirectoryWrites();
+    Slate::NextNameCode_ = CodedStr::NO_CODE - 1;
+    EXPECT_EQ(CodedStr::NO_CODE - 1, Slate::GetCodedName("last").getCode());
+    EXPECT_EQ(CodedStr::NO_CODE, Slate::GetCodedName("one too many").getCode());
+    EXPECT_EQ(nullptr, Slate::GetName(CodedStr::NO_CODE));
+}
+
+// Elements
+
+TEST_F(SlateTest, AnElementStandsBesideItsName) {
+    const ElementURI before = Named("A.before");
+    DataElement* early = Slate::NewDataElement(before, nullptr, Units::METER, FLOAT3, 0);
+    EXPECT_EQ(early, Slate::GetElement(before));
+    Register(3, "A.before");
+    EXPECT_EQ(early, Slate::GetElement(3));
+    EXPECT_EQ(3, early->getUri().getCode());
+
+    const ElementURI* uri = Register(4, "A.after");
+    EXPECT_EQ(nullptr, Slate::GetElement(4));
+    DataElement* element = Slate::NewDataElement(*uri, nullptr, Units::METER, FLOAT3, 0);
+    EXPECT_EQ(element, Slate::GetElement(4));
+    EXPECT_EQ(element, Slate::NewDataElement(*uri, nullptr, Units::SECOND.dataValue(DOUBLE8), 0));
+    EXPECT_TRUE(element->getDataValue()->isNaN());
+
+    Slate::DeRegisterElementURI(Slate::GetElementURI(4));
+    EXPECT_EQ(nullptr, Slate::GetElement(4));
+    EXPECT_EQ(nullptr, Slate::FindElementURI("A.after"));
+}
+
+TEST_F(SlateTest, ABlobNameMakesABlob) {
+    const ElementURI* uri = Slate::RegisterElementURI(new ElementURI(
+        0, "A.m", ElementURI::DATA_ELEMENT, ElementURI::UNSPECIFIED_UNIT, NO_TYPE, BLOB_FLOAT64LE, 3, 3));
+    const DataElement* element = Slate::NewDataElement(*uri, nullptr, Units::METER, STRVALUE, 0);
+    EXPECT_NE(nullptr, dynamic_cast<const BlobValue*>(element->getDataValue()));
+    EXPECT_EQ(&Units::METER, &element->getUnit());
+}
+
+TEST_F(SlateTest, AUniversalElementKeepsItsForm) {
+    UniversalDataElement* depth = Slate::NewUniversalElement(UniversalURI::DEPTH, nullptr, Units::METER, FLOAT4);
+    EXPECT_EQ(depth, Slate::NewUniversalElement(UniversalURI::DEPTH, nullptr, Units::SECOND, DOUBLE8));
+    EXPECT_TRUE(log_.take().empty());
+    static const struct {
+        const Unit& unit_;
+        BinaryDataType type_;
+        const char* message_;
+    } VALUES[] = {
+        {Units::SECOND, FLOAT4, "ERROR Attempt to change base unit of universal 'depth' from meter to second"},
+        {Units::KILOMETER, DOUBLE8, "ERROR Attempt to change type size of universal 'depth' from 4 to 8"},
+    };
+    for (const auto& v : VALUES) {
+        const std::unique_ptr<DataValue> value(v.unit_.dataValue(v.type_));
+        EXPECT_EQ(depth, Slate::NewUniversalElement(UniversalURI::DEPTH, nullptr, value.get()));
+        EXPECT_EQ(std::vector<std::string>{v.message_}, log_.take());
+    }
+}
+
+TEST_F(SlateTest, ConfigurationGivesANewElementItsValue) {
+    const ElementURI config(ElementURI::NO_CODE, "Config/A.b", ElementURI::CONFIG_ELEMENT);
+    DataElement* configured = Slate::NewDataElement(config, nullptr, Units::METER, FLOAT4, 0);
+    DataElement* element = nullptr;
+    Slate::ConfigureNewDataElement(nullptr, Named("A.b"), element);
+    EXPECT_EQ(nullptr, element) << "nothing is configured yet";
+    configured->set(Units::METER, 2.0f, Timestamp(1, 0));
+    Slate::ConfigureNewDataElement(nullptr, Named("A.b"), element);
+    ASSERT_NE(nullptr, element);
+    float value = 0;
+    EXPECT_TRUE(Slate::ReadOnce(Named("A.b"), Units::METER, value));
+    EXPECT_EQ(2.0f, value);
+}
+
+// Life
+
+TEST_F(SlateTest, AClearedDirectoryForgetsButKeepsObjects) {
+    const ElementURI* depth = Register(0, "Depth.depth");
+    Register(1, "depth");
+    const CodedStr* name = Slate::RegisterCodedName(new CodedStr("Depth", 0));
+    const DataAccess* access = RegisterAccess(0, 0);
+    const DataElement* element = Slate::NewDataElement(*depth, nullptr, Units::METER, FLOAT3, 0);
+    Slate::DirectoryRead_ = true;
+
+    Slate::ClearDirectory();
+    EXPECT_EQ(0u, Slate::GetElementURICount() + Slate::GetDataAccessCount());
+    EXPECT_EQ(0, Slate::NextElementURICode_ + Slate::NextNameCode_ + Slate::NextDataAccessCode_);
+    EXPECT_FALSE(Slate::IsDirectoryRead());
+    EXPECT_EQ(nullptr, Slate::FindElementURI("Depth.depth"));
+    EXPECT_EQ(nullptr, Slate::FindCodedName("Depth"));
+    EXPECT_EQ(nullptr, Slate::GetElement(0));
+    EXPECT_EQ(nullptr, Slate::GetElement(*depth));
+    EXPECT_EQ(&UniversalURI::DEPTH, Slate::FindElementURI("depth"));
+    EXPECT_EQ(ElementURI::NO_CODE, UniversalURI::DEPTH.getCode());
+
+    EXPECT_STREQ("Depth.depth", depth->cStr()) << "entries may still point to it";
+    EXPECT_STREQ("Depth", name->cStr());
+    EXPECT_EQ(&Units::METER, access->getUnit());
+    EXPECT_STREQ("Depth.depth", element->getUri().cStr());
+    EXPECT_NE(depth, Register(0, "Depth.depth")) << "a new name";
+}
