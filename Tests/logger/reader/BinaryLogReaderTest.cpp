@@ -1,0 +1,98 @@
+#include "logger/reader/BinaryLogReader.h"
+
+#include <gtest/gtest.h>
+
+#include "ReaderFixture.h"
+#include "support/MemoryStreams.h"
+
+class BinaryLogReaderTest : public ReaderFixture {
+protected:
+    // Reads the whole text of bytes, stepping over nothing.
+    void read(const Str& bytes) {
+        MemoryInStream in(bytes);
+        reader_.reset(newReader());
+        reader_->setTimeAdjust(adjust_);
+        reader_->setInStream(in);
+        while (!in.eof() && !reader_->hasError()) reader_->read();
+    }
+
+    std::unique_ptr<BinaryLogReader> reader_;
+    Timespan adjust_ = Timespan::ZERO_TIMESPAN;
+};
+
+static const size_t WORKED_CYCLE = WORKED_LOG_DIRECTORY;  // then: data, unchanged data, syslog, event
+
+TEST_F(BinaryLogReaderTest, AWholeLogBecomesItsLines) {
+    read(WorkedLogBytes());
+    EXPECT_EQ(lines_, workedLines());
+    EXPECT_EQ(errors(), Lines());
+    EXPECT_EQ(reader_->getFirstTime(), Timestamp(1338553800, 400000));
+    EXPECT_EQ(reader_->getLastTime().toString(2), Str("2012-06-01T12:30:00.43Z"));
+}
+
+TEST_F(BinaryLogReaderTest, ADirectoryAloneSetsNoTimes) {
+    read(WorkedLogBytes(0, WORKED_LOG_DIRECTORY));
+    EXPECT_EQ(lines_.size(), WORKED_LOG_DIRECTORY);
+    EXPECT_EQ(reader_->getFirstTime(), Timestamp::NOT_SET_TIME);
+    EXPECT_EQ(reader_->getLastTime(), Timestamp::NOT_SET_TIME);
+}
+
+// Both ends are inclusive, and directory entries always pass.
+TEST_F(BinaryLogReaderTest, TheWindowAdmitsByTime) {
+    start_ = Timestamp(1338553800, 410000);
+    end_ = Timestamp(1338553800, 420480);  // the message's, to the microsecond
+    read(WorkedLogBytes());
+    Lines expected = workedLines();
+    expected.erase(expected.begin() + WORKED_CYCLE + 4);  // the event
+    expected.erase(expected.begin() + WORKED_CYCLE + 2);  // the unchanged entry, late by its time
+    expected.erase(expected.begin() + WORKED_CYCLE);
+    EXPECT_EQ(lines_, expected);
+    EXPECT_EQ(reader_->getFirstTime(), start_);
+}
+
+TEST_F(BinaryLogReaderTest, AMissionPassesFromItsStartMarkerToItsStopMarker) {
+    const char* const running = "18 76 04 03 00 00";
+    const char* const stopped = "18 78 04 00 00 00";
+    const char* const preempted = "18 7A 04 FF FF FF";
+    const char* const message = "0E 52 0A 68 65 6C 6C 6F";
+    mission_ = "Depth";
+    Str bytes = WorkedLogBytes(0, WORKED_CYCLE + 1);
+    for (const char* entry : {message, running, message, preempted, stopped, message, running}) bytes += FromHex(entry);
+    read(bytes);
+    ASSERT_EQ(lines_.size(), 5u);
+    EXPECT_NE(lines_[0].find("Running Loop=3"), std::string::npos);
+    EXPECT_NE(lines_[1].find("hello"), std::string::npos);
+    EXPECT_NE(lines_[2].find("Preempted"), std::string::npos);
+    EXPECT_NE(lines_[3].find("Stopped"), std::string::npos);
+    EXPECT_NE(lines_[4].find("Running Loop=3"), std::string::npos);
+}
+
+TEST_F(BinaryLogReaderTest, AnImpossibleTimeIsAnErrorAndForgetsTheTimeBase) {
+    read(WorkedLogBytes(0, WORKED_LOG_DIRECTORY) + WORKED_LOG[WORKED_CYCLE + 1].toBytes());
+    EXPECT_TRUE(reader_->hasError());
+    EXPECT_EQ(errors(),
+              (Lines{"ERROR LogEntry timebase value of -32445540.00 is out of bounds.", "ERROR inStream at 0xB4"}));
+}
+
+// A message "GPS fix at: " 1.5 s after the time at which the vehicle logged it, then the cycle start again.
+TEST_F(BinaryLogReaderTest, AFixShiftsWhatFollowsAndIsCarried) {
+    const Str fix("GPS fix at: 1338553801.9");
+    Str bytes = WorkedLogBytes(0, WORKED_CYCLE + 1) + FromHex("0E 02");
+    bytes.pushBack(static_cast<unsigned char>(fix.length() << 1));
+    bytes += fix + WORKED_LOG[WORKED_CYCLE].toBytes();
+    read(bytes);
+    EXPECT_EQ(lines_.back(), "2012-06-01T12:30:01.900Z,1338553801.900000 START_CYCLE");
+    EXPECT_NEAR(reader_->getTimeAdjust().asDouble(), 1.5, 1e-6);
+    adjust_ = Timespan::INVALID_TIMESPAN;
+    read(bytes);
+    EXPECT_EQ(lines_.back(), workedLines()[WORKED_CYCLE]);
+}
+
+TEST_F(BinaryLogReaderTest, AFixThatLeadsOutOfBoundsIsTakenBack) {
+    const Str fix("GPS fix at: 1e11");
+    Str bytes = WorkedLogBytes(0, WORKED_CYCLE + 1) + FromHex("0E 02");
+    bytes.pushBack(static_cast<unsigned char>(fix.length() << 1));
+    read(bytes + fix);
+    EXPECT_TRUE(reader_->hasError());
+    EXPECT_EQ(reader_->getTimeAdjust(), Timespan::ZERO_TIMESPAN);
+}

@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include "ReaderFixture.h"
+#include "logger/reader/FileLogReader.h"
+
+// Reading and writing the Slate's directory as a whole.
+class SlateDirectoryTest : public ReaderFixture {
+protected:
+    void readDirectory(const Str& bytes, bool showMessages = true) {
+        Slate::ReadDirectory(dir_.write("slate", stringOf(bytes)).c_str(), showMessages);
+    }
+    static bool isWorkedDirectoryRead() {
+        return Slate::FindCodedName("Depth") != nullptr && Slate::GetElementURICode("Depth.depth") == 0 &&
+               Slate::GetDataAccess(static_cast<unsigned short>(0)) != nullptr;
+    }
+};
+
+TEST_F(SlateDirectoryTest, ASideFileAndAWholeLogGiveTheSame) {
+    for (const size_t last : {WORKED_LOG_DIRECTORY, sizeof WORKED_LOG / sizeof *WORKED_LOG}) {
+        readDirectory(WorkedLogBytes(0, last));
+        EXPECT_TRUE(isWorkedDirectoryRead());
+        EXPECT_TRUE(Slate::IsDirectoryRead());
+        Slate::ClearDirectory();
+    }
+}
+
+TEST_F(SlateDirectoryTest, AScanStoresNoValueAndTheLogStillReadsWhole) {
+    readDirectory(WorkedLogBytes());
+    EXPECT_EQ(Slate::GetElement(static_cast<unsigned short>(0)), nullptr);
+    FileLogReader log(dir_.path("slate").c_str(), newReader());
+    log.readAll();
+    EXPECT_EQ(lines_, workedLines());
+}
+
+TEST_F(SlateDirectoryTest, WithoutRecordsNoDirectoryIsRead) {
+    readDirectory(WorkedLogBytes(0, 1));  // the version alone
+    EXPECT_FALSE(Slate::IsDirectoryRead());
+    Slate::ReadDirectory(dir_.path("missing").c_str());
+    EXPECT_FALSE(Slate::IsDirectoryRead());
+}
+
+TEST_F(SlateDirectoryTest, ADamagedSideFileGivesTheRecordsThatDecode) {
+    readDirectory(FromHex("54 54 54") + WorkedLogBytes(0, 3) + FromHex("54") + WorkedLogBytes(3, 4) +
+                  Str("*n code=00"));
+    EXPECT_TRUE(isWorkedDirectoryRead());
+    EXPECT_FALSE(errors().empty());
+}
+
+TEST_F(SlateDirectoryTest, AScanOfWhatIsReadAgainLogsNothing) {
+    readDirectory(FromHex("54 54 54") + WorkedLogBytes(), false);
+    EXPECT_TRUE(isWorkedDirectoryRead());
+    EXPECT_EQ(log_.take(), Lines());
+}
+
+TEST_F(SlateDirectoryTest, TheWholeDirectoryIsWrittenNamesFirst) {
+    readDirectory(WorkedLogBytes());
+    LineCollector collector(lines_);
+    Slate::WriteDirectory(&collector, false);
+    EXPECT_EQ(lines_, (Lines{WORKED_LOG[1].line_, WORKED_LOG[2].line_, WORKED_LOG[3].line_}));
+}
+
+TEST_F(SlateDirectoryTest, WithoutAWriterWhatIsNewGoesToTheDirectoryEngine) {
+    readDirectory(WorkedLogBytes());
+    Slate::WriteDirectory(nullptr, false);
+    EXPECT_EQ(lines_, Lines());
+    Slate::SetDirectoryEngine(&engine_);
+    Slate::EnableDirectoryWrites();
+    Slate::GetCodedName("Rudder");
+    Slate::WriteDirectory(nullptr, false);
+    EXPECT_EQ(lines_, Lines{"NAME 1 Rudder"});
+}
