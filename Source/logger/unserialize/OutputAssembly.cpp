@@ -1,0 +1,176 @@
+#include "logger/unserialize/OutputAssembly.h"
+
+#include "io/ZipEncoder.h"
+#include "logger/engine/LogEngine.h"
+#include "logger/rule/CompositeRules.h"
+#include "logger/rule/EntryRules.h"
+#include "logger/rule/SyslogRules.h"
+#include "logger/unserialize/Inputs.h"
+#include "logger/writer/BinaryLogWriter.h"
+#include "logger/writer/DirectoryLogWriter.h"
+#include "logger/writer/FileLogWriter.h"
+#include "logger/writer/FilterLogWriter.h"
+#include "logger/writer/KmlLogWriter.h"
+#include "logger/writer/LinearApproximationLogWriter.h"
+#include "logger/writer/TextLogWriter.h"
+#include "logger/writer/TextTableLogWriter.h"
+
+// In the order of creation; of outputs that share a file the last one stays.
+const OutputAssembly::Output OutputAssembly::OUTPUTS[] = {
+    {BINARY_OUTPUT, ".bin", &OutputAssembly::addBinary},
+    {CSV_OUTPUT, ".csv", &OutputAssembly::addCsv},
+    {DIRECTORY_OUTPUT, ".dir", &OutputAssembly::addDirectory},
+    {SYSLOG_OUTPUT, ".log", &OutputAssembly::addSyslog},
+    {TEXT_OUTPUT, ".asc", &OutputAssembly::addText},
+    {HDF5_OUTPUT, ".h5", nullptr},
+    {MATLAB_OUTPUT, ".mat", nullptr},
+    {JSON_OUTPUT, ".js", nullptr},
+    {KML_OUTPUT, ".kml", &OutputAssembly::addKml},
+    {NETCDF_TABLE_OUTPUT, ".nc", nullptr},
+    {NETCDF_OUTPUT, ".nc4", nullptr},
+};
+
+static Rule* DataRule() {
+    return new TypeRule(LogEntry::DATA_LOG_ENTRY);
+}
+
+// What a table needs: values, and the cycle starts that separate its rows.
+static Rule* TableRule() {
+    return new OrRule(DataRule(), new EventTypeRule(EventEntry::START_CYCLE));
+}
+
+void OutputAssembly::assemble() {
+    if (settings_.outputNameGiven_ && !settings_.toStandardOutput_ && settings_.outputs_.count() > 1) {
+        complain("Several outputs are written to " + settings_.outputName_);
+    }
+    for (const Output& output : OUTPUTS) {
+        if (settings_.writes(output.kind_)) addOutput(output);
+    }
+}
+
+// An output never replaces the log that it is made of.
+void OutputAssembly::addOutput(const Output& output) {
+    const Str filename = settings_.outputFilename(output.extension_);
+    if (output.add_ == nullptr) {
+        complain("The output " + filename + " is not available in this build");
+    } else if (!settings_.toStandardOutput_ && inputs_.contains(filename)) {
+        complain("The output " + filename + " is not written, it is an input of this run");
+    } else {
+        (this->*output.add_)(filename);
+    }
+}
+
+void OutputAssembly::addBinary(const Str& filename) {
+    LogWriter* const file = toFile(filename, new BinaryLogWriter(false, false));
+    if (!isLimited()) {
+        engine_.addAssociation(file, nullptr);
+        return;
+    }
+    LogWriter* const limited = isThinned() ? thin(file, false, true) : limitToNames(file, false);
+    engine_.addAssociation(limited, new NotRule(new TypeRule(LogEntry::SYSLOG_LOG_ENTRY)));
+}
+
+void OutputAssembly::addCsv(const Str& filename) {
+    LogWriter* const table =
+        new TextTableLogWriter(",", variables_.count_, variables_.names_.get(), variables_.units_.get(),
+                               settings_.hideUnits_, settings_.interpolate_);
+    LogWriter* const file = toFile(filename, table);
+    engine_.addAssociation(isThinned() ? thin(file, true, false) : file, TableRule());
+}
+
+// The `.dir` keeps the name under which readers look for it: it is not among the files to be renamed.
+void OutputAssembly::addDirectory(const Str& filename) {
+    directoryWriter_ = new DirectoryLogWriter(true);
+    LogWriter* const file = settings_.toStandardOutput_ ? new FileLogWriter(stdout, directoryWriter_)
+                                                        : new FileLogWriter(filename, directoryWriter_, false, nullptr);
+    engine_.addAssociation(file, new TypeRule(LogEntry::DIRECTORY_LOG_ENTRY));
+}
+
+void OutputAssembly::addSyslog(const Str& filename) {
+    engine_.addAssociation(toFile(filename, new TextLogWriter(false)),
+                           new SyslogSeverityRule(settings_.syslogSeverity_, true));
+}
+
+void OutputAssembly::addText(const Str& filename) {
+    LogWriter* const file = toFile(filename, new TextLogWriter(false));
+    if (!isLimited()) {
+        engine_.addAssociation(file, nullptr);
+        return;
+    }
+    engine_.addAssociation(isThinned() ? thin(file, false, false) : limitToNames(file, true), DataRule());
+}
+
+// Everything on the way of the vehicle, and messages from the severity on.
+static Rule* TrackRule(Syslog::Severity severity, Rule* more = nullptr) {
+    return new OrRule(DataRule(), new EventTypeRule(EventEntry::START_CYCLE), new SyslogSeverityRule(severity, true),
+                      more);
+}
+
+static Rule* NoMessageThatBegins(const char* start) {
+    return new NotRule(new SyslogStartRule(start));
+}
+
+// Few messages beside the track: missions that start, but not those that run by default, and no routine failures.
+static Rule* MinimalTrackRule(Syslog::Severity severity) {
+    return new AndRule(TrackRule(severity, new SyslogStartRule("Started mission")),
+                       NoMessageThatBegins("Started mission Default"), NoMessageThatBegins("Started mission Startup"),
+                       NoMessageThatBegins("SBIT Failed"), NoMessageThatBegins("Failed to parse uplink"),
+                       NoMessageThatBegins("Packet size is not"));
+}
+
+void OutputAssembly::addKml(const Str& filename) {
+    const bool minimal = settings_.minimalKml_;
+    KmlLogWriter* const kml = new KmlLogWriter(settings_.vehicleName_, !minimal, !minimal);
+    if (settings_.kmlColor_ != nullptr) kml->setColor(settings_.kmlColor_);
+    std::unique_ptr<FileEncoder> encoder(minimal ? nullptr : new ZipEncoder(".kmz"));
+    LogWriter* const file = toFile(filename, kml, std::move(encoder));
+    engine_.addAssociation(selectTrack(file), minimal ? MinimalTrackRule(settings_.minimalKmlSeverity_)
+                                                      : TrackRule(settings_.textSeverity_));
+}
+
+// Stands a table of the vehicle's positions in front of a KML writer. The tables only read their lists.
+LogWriter* OutputAssembly::selectTrack(LogWriter* writer) const {
+    const bool flat = settings_.minimalKml_;
+    const int count = KmlLogWriter::GetKmlCount(flat);
+    char** const names = const_cast<char**>(KmlLogWriter::GetKmlArgs(flat));
+    char** const units = const_cast<char**>(KmlLogWriter::GetKmlUnits(flat));
+    if (settings_.interpolate_) return new TableLogWriter(writer, count, names, units, true);
+    return new LinearApproximationLogWriter(writer, count, names, units, KmlLogWriter::GetKmlErrors(flat), true, false);
+}
+
+LogWriter* OutputAssembly::toFile(const Str& filename, LogWriter* writer, std::unique_ptr<FileEncoder> encoder) {
+    if (settings_.toStandardOutput_) return new FileLogWriter(stdout, writer);
+    FileLogWriter* const file = new FileLogWriter(filename, writer, false, encoder.release());
+    if (file->valid()) files_.push(file);
+    return file;
+}
+
+LogWriter* OutputAssembly::limitToNames(LogWriter* writer, bool passCycleStarts) const {
+    return new FilterLogWriter(writer, variables_.count_, variables_.names_.get(), variables_.units_.get(),
+                               passCycleStarts, 0, nullptr);
+}
+
+LogWriter* OutputAssembly::thin(LogWriter* writer, bool sendAtStartCycle, bool makeDirEntries) const {
+    return new LinearApproximationLogWriter(writer, variables_.count_, variables_.names_.get(), variables_.units_.get(),
+                                            variables_.errors_.get(), sendAtStartCycle, makeDirEntries);
+}
+
+void OutputAssembly::writeDirectory() {
+    const bool entriesBringIt = !settings_.isDirectoryOnly() && settings_.missionName_.isEmpty();
+    if (directoryWriter_ != nullptr && !entriesBringIt) directoryWriter_->writeHeader();
+}
+
+static bool Holds(const FlexArray<Str*>& texts, const Str& text) {
+    for (unsigned int i = 0; i < texts.size(); ++i) {
+        if (*texts.at(i) == text) return true;
+    }
+    return false;
+}
+
+void OutputAssembly::collectFilenames(FlexArray<Str*>& names) const {
+    if (settings_.toStandardOutput_) return;
+    for (unsigned int i = 0; i < files_.size(); ++i) {
+        const Str& name = files_.at(i)->getFilename();
+        if (!name.isEmpty() && !Holds(names, name)) names.push(new Str(name));
+    }
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <memory>
+
+#include "data/Logger.h"
+#include "io/FileEncoder.h"
+#include "logger/unserialize/RunSettings.h"
+#include "utils/FlexArray.h"
+#include "utils/Str.h"
+
+class DirectoryLogWriter;
+class HasFilename;
+class Inputs;
+class LogEngine;
+class LogWriter;
+class Rule;
+
+// Builds the writers and rules of a run on its engine: one operation per kind of output, called in the order of the
+// kinds. The engine's associations own what is built; it is all gone once the engine is uninitialized.
+class OutputAssembly {
+public:
+    // Everything is borrowed for the run. The variables are to be complete before assemble.
+    OutputAssembly(const RunSettings& settings, const Inputs& inputs, LogEngine& engine, const Logger& logger)
+        : settings_(settings), inputs_(inputs), variables_(settings.variables_), engine_(engine), logger_(logger) {}
+
+    // Creates the files that are asked for and associates a writer with the engine for each.
+    void assemble();
+    // Writes the Slate's directory to the `.dir` output, when there is one and the log's own directory does not get
+    // there with the entries: in a run without entries or with a mission filter.
+    void writeDirectory();
+    // Adds the name of each file that can be renamed when it is finished, once; the list owns the names.
+    void collectFilenames(FlexArray<Str*>& names) const;
+
+private:
+    struct Output {
+        OutputKind kind_;
+        const char* extension_;
+        void (OutputAssembly::*add_)(const Str& filename);  // null: the build has no writer for it
+    };
+    static const Output OUTPUTS[];
+
+    void addOutput(const Output& output);
+    void addBinary(const Str& filename);
+    void addCsv(const Str& filename);
+    void addDirectory(const Str& filename);
+    void addSyslog(const Str& filename);
+    void addText(const Str& filename);
+    void addKml(const Str& filename);
+
+    LogWriter* toFile(const Str& filename, LogWriter* writer, std::unique_ptr<FileEncoder> encoder = nullptr);
+    LogWriter* limitToNames(LogWriter* writer, bool passCycleStarts) const;
+    LogWriter* thin(LogWriter* writer, bool sendAtStartCycle, bool makeDirEntries) const;
+    LogWriter* selectTrack(LogWriter* writer) const;
+    bool isLimited() const { return variables_.count_ > 0; }
+    bool isThinned() const { return variables_.errorCount_ > 0; }
+    void complain(const Str& text) const { logger_.syslog(text, Syslog::ERROR); }
+
+    const RunSettings& settings_;  // borrowed, as are the others
+    const Inputs& inputs_;
+    const OutputVariables& variables_;
+    LogEngine& engine_;
+    const Logger& logger_;
+    DirectoryLogWriter* directoryWriter_ = nullptr;  // the engine's; null without a `.dir`
+    FlexArray<HasFilename*> files_;                  // the engine's, in the order of their creation
+};

@@ -1,0 +1,153 @@
+#include "logger/unserialize/Unserialize.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+
+#include "data/Slate.h"
+#include "logger/entry/DirectoryEntry.h"
+#include "logger/reader/BinaryLogReader.h"
+#include "logger/reader/FileLogReader.h"
+#include "logger/rule/SyslogRules.h"
+#include "logger/unserialize/CommandLine.h"
+#include "logger/unserialize/OutputNaming.h"
+#include "logger/unserialize/Progress.h"
+#include "logger/writer/DirectoryLogWriter.h"
+#include "logger/writer/TextLogWriter.h"
+
+int Unserialize::Run(int argc, char** argv) {
+    RunSettings settings;
+    const CommandLine::Result result = CommandLine(argc, argv).parse(settings);
+    if (result == CommandLine::RUN) Unserialize(settings).convert();
+    return result;
+}
+
+void Unserialize::convert() {
+    reportComplaints();
+    listVariables();
+    outputs_.assemble();
+    outputs_.collectFilenames(outputFilenames_);
+    readInputs();
+    engine_.uninitialize();
+    showMessages();
+    nameOutputs();
+    sayDone();
+}
+
+// A failed write is an error to report, not a signal to die of: a file that grows too large, and a reader of standard
+// output that has gone while files are still to be finished.
+static void KeepRunningWhenWritesFail(const RunSettings& settings) {
+    signal(SIGXFSZ, SIG_IGN);
+    if (!settings.toStandardOutput_) signal(SIGPIPE, SIG_IGN);
+}
+
+Unserialize::Unserialize(RunSettings& settings)
+    : settings_(settings),
+      console_(stdout, false),
+      logger_("unserialize", &consoleEngine_),
+      engine_(queue_),
+      inputs_(settings),
+      outputs_(settings, inputs_, engine_, logger_),
+      outputFilenames_(true),
+      timeCorrection_(settings.localTimeOnly_ ? Timespan::INVALID_TIMESPAN : Timespan::ZERO_TIMESPAN),
+      newestLogVersion_(DirectoryEntry::CurrentLogVersion_) {
+    KeepRunningWhenWritesFail(settings);
+    consoleEngine_.addAssociation(new TextLogWriter(console_, false),
+                                  new SyslogSeverityRule(settings.quiet_ ? Syslog::ERROR : Syslog::DEBUG, true));
+    Slate::SetLogger(&logger_);
+    if (settings.priorityListGiven_) FileLogReader::SetPriorityList(&settings.priorityList_);
+}
+
+// Leaves the process as it was found: writers first, then what their entries point to.
+Unserialize::~Unserialize() {
+    engine_.uninitialize();
+    showMessages();
+    FileLogReader::SetPriorityList(nullptr);
+    DirectoryLogWriter::Uninitialize();
+    Slate::ClearDirectory();
+    Slate::Uninitialize();
+    Slate::SetLogger(nullptr);
+    DirectoryEntry::CurrentLogVersion_ = newestLogVersion_;
+}
+
+void Unserialize::reportComplaints() {
+    for (unsigned int i = 0; i < settings_.complaints_.size(); ++i) {
+        logger_.syslog(*settings_.complaints_.at(i), Syslog::ERROR);
+    }
+    showMessages();
+}
+
+// Tables need to know every variable before the first entry. Other outputs learn names as they come; with a single
+// input they are given what its side file, or in a run that writes one the log itself, says.
+void Unserialize::listVariables() {
+    if (settings_.variables_.count_ > 0) return;
+    if (settings_.hasTableOutput()) {
+        variableList_.readFrom(inputs_, settings_, consoleEngine_);
+        variableList_.giveTo(settings_.variables_);
+    } else if (inputs_.count() == 1) {
+        Inputs::ReadDirectoryAhead(inputs_.at(0), settings_);
+    }
+}
+
+void Unserialize::readInputs() {
+    if (inputs_.count() == 0) logger_.syslog("No slate file is given", Syslog::ERROR);
+    Progress progress(!settings_.quiet_, settings_.isDirectoryOnly() ? 0 : inputs_.totalBytes());
+    for (unsigned int i = 0; i < inputs_.count(); ++i) {
+        readInput(inputs_.at(i), progress);
+        if (inputs_.count() == 1) continue;
+        engine_.resetInputs();
+        Slate::ClearDirectory();
+    }
+}
+
+void Unserialize::readInput(const Str& input, Progress& progress) {
+    Inputs::ReadDirectory(input, settings_);
+    outputs_.writeDirectory();
+    if (settings_.isDirectoryOnly()) {
+        if (!Slate::IsDirectoryRead()) logger_.syslog("No directory in " + input, Syslog::ERROR);
+    } else {
+        readEntries(input, progress);
+    }
+    progress.clear();
+    showMessages();
+}
+
+void Unserialize::readEntries(const Str& input, Progress& progress) {
+    logger_.syslog("Reading data from " + input, Syslog::INFO);
+    BinaryLogReader* const entries = new BinaryLogReader(logger_, settings_.startTime_, settings_.endTime_,
+                                                         settings_.missionName_, &engine_, &consoleEngine_);
+    entries->setTimeAdjust(timeCorrection_);
+    FileLogReader file(input, entries);  // owns the entry reader
+    for (int zeros = 0; zeros < FileLogReader::MAX_ZERO_READS; ++zeros) {
+        while (file.read() > 0) {
+            zeros = 0;
+            if (progress.isDue()) progress.show(bytesBefore_ + file.getBytesPassed());
+        }
+    }
+    bytesBefore_ += file.getBytesPassed();
+    timeCorrection_ = entries->getTimeAdjust();
+    if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entries->getFirstTime();
+    lastTime_ = entries->getLastTime();
+    if (file.getEntriesRead() == 0) reportNoEntry(input, file.getOpenError());
+}
+
+void Unserialize::reportNoEntry(const Str& input, const Str& reason) {
+    logger_.syslog("No entry was read from " + input + (reason.isEmpty() ? Str::EMPTY_STR : ": " + reason),
+                   Syslog::ERROR);
+}
+
+void Unserialize::nameOutputs() {
+    if (firstTime_ == Timestamp::NOT_SET_TIME || !settings_.appendDates_) return;
+    const OutputNaming naming(settings_, firstTime_, lastTime_, logger_);
+    for (unsigned int i = 0; i < outputFilenames_.size(); ++i) {
+        naming.finish(*outputFilenames_.at(i));
+        showMessages();
+    }
+}
+
+// Nobody can be told on standard output that it does not take what is written.
+void Unserialize::sayDone() const {
+    if (!settings_.quiet_) puts("Unserialize done.");
+    if (fflush(stdout) != 0) fprintf(stderr, "Cannot write to standard output: %s\n", strerror(errno));
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "io/FileOutStream.h"
+#include "logger/engine/LogEngine.h"
+#include "logger/engine/LogQueue.h"
+#include "logger/unserialize/Inputs.h"
+#include "logger/unserialize/OutputAssembly.h"
+#include "logger/unserialize/RunSettings.h"
+#include "logger/unserialize/VariableList.h"
+
+class Progress;
+
+// One conversion: every entry of every input goes to the outputs that the command line asks for.
+class Unserialize {
+public:
+    // The exit status of the program: 0 after a run, whatever failed in it; the statuses of CommandLine otherwise.
+    static int Run(int argc, char** argv);
+
+private:
+    explicit Unserialize(RunSettings& settings);
+    ~Unserialize();
+
+    void convert();
+    void reportComplaints();
+    void listVariables();
+    void readInputs();
+    void readInput(const Str& input, Progress& progress);
+    void readEntries(const Str& input, Progress& progress);
+    void reportNoEntry(const Str& input, const Str& reason);
+    void nameOutputs();
+    void sayDone() const;
+    void showMessages() { consoleEngine_.processQueue(Timespan::ZERO_TIMESPAN); }
+
+    RunSettings& settings_;    // borrowed
+    FileOutStream console_;    // standard output
+    LogEngine consoleEngine_;  // shows the program's own messages
+    const Logger logger_;
+    LogQueue queue_;
+    LogEngine engine_;  // feeds the outputs
+    Inputs inputs_;
+    VariableList variableList_;  // owns the names of an automatic list
+    OutputAssembly outputs_;
+    FlexArray<Str*> outputFilenames_;                // owned
+    Timespan timeCorrection_;                        // GPS against vehicle clock, carried from input to input
+    Timestamp firstTime_ = Timestamp::NOT_SET_TIME;  // of the entries that were passed on
+    Timestamp lastTime_ = Timestamp::NOT_SET_TIME;
+    long long bytesBefore_ = 0;              // of the inputs that are done
+    const unsigned short newestLogVersion_;  // in force before the run
+};

@@ -1,0 +1,122 @@
+#include "logger/unserialize/VariableList.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "data/Slate.h"
+#include "logger/engine/LogEngine.h"
+#include "logger/entry/DirectoryEntry.h"
+#include "logger/unserialize/Inputs.h"
+#include "units/Units.h"
+
+namespace {
+
+bool Contains(const Str& name, const char* text) {
+    return name.find(text) != Str::NO_POS;
+}
+
+bool IsBookkeeping(const Str& name) {
+    return Contains(name, ":") && Contains(name, "durationOfLastRun");
+}
+
+// A component that reads one element under several names has several accesses to it, one after the other.
+bool Repeats(const DataAccess& access, const DataAccess* previous) {
+    return previous != nullptr && previous->getAccessorType() == DataAccessor::DATA_READER &&
+           previous->getElementCode() == access.getElementCode() && previous->getOwnerCode() == access.getOwnerCode();
+}
+
+bool IsSetting(const ElementURI& name) {
+    static const char PREFIX[] = "Config/";
+    return name.getElementType() == ElementURI::CONFIG_ELEMENT ||
+           name.getElementType() == ElementURI::SETTING_ELEMENT || strncmp(name.cStr(), PREFIX, strlen(PREFIX)) == 0;
+}
+
+// A parent is compared over the length of the name's component, so a longer parent selects it too.
+bool IsChild(const FlexArray<char*>& parents, const Str& name) {
+    if (parents.isEmpty()) return true;
+    const size_t componentLength = name.find('.');
+    if (componentLength == Str::NO_POS) return false;
+    for (unsigned int i = 0; i < parents.size(); ++i) {
+        if (strncmp(parents.at(i), name.cStr(), componentLength) == 0) return true;
+    }
+    return false;
+}
+
+char* NewText(const Str& text) {
+    char* const copy = new char[text.length() + 1];
+    std::copy_n(text.cStr(), text.length() + 1, copy);
+    return copy;
+}
+
+const ElementURI* UniversalOf(const DataAccess& access) {
+    const unsigned short code = access.getUniversalCode();
+    return code < ElementURI::NUM_CODES ? Slate::GetElementURI(code) : nullptr;
+}
+
+std::unique_ptr<char* []> ArrayOf(const FlexArray<char*>& texts) {
+    std::unique_ptr<char*[]> array(new char*[texts.size()]);
+    for (unsigned int i = 0; i < texts.size(); ++i) array[i] = texts.at(i);
+    return array;
+}
+
+}  // namespace
+
+VariableList::VariableList() {
+    for (FlexArray<char*>* const texts : {&names_, &units_, &settings_}) texts->setDoArrayDelete(true);
+}
+
+void VariableList::readFrom(const Inputs& inputs, const RunSettings& settings, LogEngine& console) {
+    const unsigned short versionInForce = DirectoryEntry::CurrentLogVersion_;
+    for (unsigned int i = 0; i < inputs.count(); ++i) {
+        Inputs::ReadDirectory(inputs.at(i), settings);
+        addDirectory(settings.parents_, i == 0);
+        console.processQueue(Timespan::ZERO_TIMESPAN);
+        if (inputs.count() > 1) Slate::ClearDirectory();
+    }
+    if (inputs.count() > 1) DirectoryEntry::CurrentLogVersion_ = versionInForce;
+}
+
+void VariableList::addDirectory(const FlexArray<char*>& parents, bool withSettings) {
+    const DataAccess* previous = nullptr;
+    for (unsigned short code = 0; code < Slate::NextDataAccessCode_; ++code) {
+        const DataAccess* const access = Slate::GetDataAccess(code);
+        if (access == nullptr) continue;
+        const ElementURI* const name = Slate::GetElementURI(access->getElementCode());
+        if (name == nullptr || IsBookkeeping(*name)) continue;
+        const bool isSetting = IsSetting(*name) || Repeats(*access, previous);
+        previous = access;
+        if (isSetting) {
+            if (withSettings && !Contains(*name, "keyText")) addSetting(*name);
+            continue;
+        }
+        if (IsChild(parents, *name)) addVariable(*name, *access);
+        const ElementURI* const universal = UniversalOf(*access);
+        if (universal != nullptr) addVariable(*universal, *access);
+    }
+}
+
+void VariableList::addSetting(const ElementURI& name) {
+    char* const text = NewText(name);
+    if (settingsByText_.put(name, text, false)) {
+        settings_.push(text);
+    } else {
+        delete[] text;
+    }
+}
+
+void VariableList::addVariable(const ElementURI& name, const DataAccess& access) {
+    if (namesByText_.get(name) != nullptr) return;
+    char* const text = NewText(name);
+    namesByText_.put(name, text, false);
+    names_.push(text);
+    const Unit* const unit = access.getUnit();
+    units_.push(NewText(unit == nullptr ? Units::NONE.getName() : unit->getName()));
+}
+
+void VariableList::giveTo(OutputVariables& variables) const {
+    variables.count_ = static_cast<int>(names_.size());
+    variables.names_ = ArrayOf(names_);
+    variables.units_ = ArrayOf(units_);
+    variables.settingCount_ = static_cast<int>(settings_.size());
+    variables.settings_ = ArrayOf(settings_);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "logger/unserialize/RunSettings.h"
+#include "utils/FastMap.h"
+#include "utils/FlexArray.h"
+
+class DataAccess;
+class ElementURI;
+class Inputs;
+class LogEngine;
+
+// The variables and settings that table outputs are about when the user names none: everything that the directories of
+// the inputs describe. Variables come in the order of their accesses' codes, each followed by the universal it serves.
+class VariableList {
+public:
+    VariableList();
+
+    // Reads the directory of every input into the Slate, one after the other; with a single input it stays there.
+    // Messages are shown on the console after each. The version of the log in force is as before when there are
+    // several.
+    void readFrom(const Inputs& inputs, const RunSettings& settings, LogEngine& console);
+    // Adds what the Slate holds now; settings count when withSettings.
+    void addDirectory(const FlexArray<char*>& parents, bool withSettings);
+    // Makes the list the run's variables: it owns their names and must outlive their use.
+    void giveTo(OutputVariables& variables) const;
+
+private:
+    void addSetting(const ElementURI& name);
+    void addVariable(const ElementURI& name, const DataAccess& access);
+
+    FlexArray<char*> names_{true};     // owned
+    FlexArray<char*> units_{true};     // one per name; owned
+    FlexArray<char*> settings_{true};  // owned
+    FastMap<Str, char*> namesByText_;  // the same names, for look-up
+    FastMap<Str, char*> settingsByText_;
+};

@@ -1,0 +1,108 @@
+#include "logger/unserialize/OutputNaming.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "support/CapturedLog.h"
+#include "support/TempDir.h"
+
+namespace {
+
+const Timestamp FIRST(1338553800, 0);  // 2012-06-01T12:30:00Z
+const Timestamp LAST(1338560100, 0);   // 2012-06-01T14:15:00Z
+
+using Lines = std::vector<std::string>;
+
+class OutputNamingTest : public ::testing::Test {
+protected:
+    void finish(const std::string& path) {
+        const Logger& logger = log_;
+        OutputNaming(settings_, FIRST, LAST, logger).finish(path.c_str());
+    }
+
+    TempDir directory_;
+    RunSettings settings_;
+    CapturedLog log_;
+};
+
+}  // namespace
+
+TEST_F(OutputNamingTest, DatesStandBeforeTheExtension) {
+    const struct {
+        const char* slateFile_;
+        bool outputNameGiven_;
+        const char* name_;
+        const char* datedName_;
+    } cases[] = {
+        {"dive", false, "dive.csv", "dive_201206011230_201206011415.csv"},
+        {"slate", false, "slate.csv", "201206011230_201206011415.csv"},
+        {"myslate", false, "myslate.nc4", "my201206011230_201206011415.nc4"},
+        {"SLATE", false, "SLATE.csv", "SLATE_201206011230_201206011415.csv"},
+        {"slate", true, "slate.csv", "slate_201206011230_201206011415.csv"},
+        {"dive", true, "a.b.csv", "a.b_201206011230_201206011415.csv"},
+        {"dive", true, ".csv", "_201206011230_201206011415.csv"},
+    };
+    for (const auto& c : cases) {
+        settings_.slateFile_ = directory_.path(c.slateFile_).c_str();
+        settings_.outputNameGiven_ = c.outputNameGiven_;
+        finish(directory_.write(c.name_, c.name_));
+        EXPECT_EQ(c.name_, directory_.read(c.datedName_));
+        EXPECT_FALSE(directory_.has(c.name_)) << c.name_;
+        EXPECT_EQ(Lines{"INFO Saved " + directory_.path(c.datedName_)}, log_.take());
+    }
+}
+
+TEST_F(OutputNamingTest, ANameWithoutExtensionStays) {
+    std::filesystem::create_directory(directory_.path("logs.d"));
+    for (const char* const name : {"out", "logs.d/out"}) {
+        finish(directory_.write(name, "x"));
+        EXPECT_EQ("x", directory_.read(name));
+    }
+    EXPECT_EQ(Lines{}, log_.take());
+}
+
+TEST_F(OutputNamingTest, ResultsOfTheSameStartAreReplaced) {
+    const char* const replaced[] = {"dive_201206011230_201206011300.csv", "dive_201206011230.csv"};
+    const char* const kept[] = {"dive_201206011229_201206011300.csv", "dive_201206011230_201206011300.nc",
+                                "Dive_201206011230_201206011300.csv", "dive_201206011230_x.csv~"};
+    for (const char* const name : replaced) directory_.write(name, "old");
+    for (const char* const name : kept) directory_.write(name, "old");
+    finish(directory_.write("dive.csv", "new"));
+    for (const char* const name : replaced) EXPECT_FALSE(directory_.has(name)) << name;
+    for (const char* const name : kept) EXPECT_TRUE(directory_.has(name)) << name;
+    EXPECT_EQ("new", directory_.read("dive_201206011230_201206011415.csv"));
+}
+
+TEST_F(OutputNamingTest, TheLinkPointsIntoItsOwnDirectory) {
+    settings_.symlink_ = true;
+    const std::string path = directory_.write("dive.csv", "new");
+    finish(path);
+    EXPECT_EQ("dive_201206011230_201206011415.csv", std::filesystem::read_symlink(path));
+    EXPECT_EQ("new", directory_.read("dive.csv"));
+    EXPECT_EQ((Lines{"INFO Saved " + directory_.path("dive_201206011230_201206011415.csv"), "INFO Symlink: " + path}),
+              log_.take());
+}
+
+// What can fail is said, with the reason.
+
+TEST_F(OutputNamingTest, AFileThatIsNotThere) {
+    const std::string path = directory_.path("dive.csv");
+    finish(path);
+    EXPECT_EQ(Lines{"ERROR Could not rename " + path + " to " + directory_.path("dive_201206011230_201206011415.csv") +
+                    " due to No such file or directory"},
+              log_.take());
+}
+
+TEST_F(OutputNamingTest, AFileInTheWorkingDirectory) {
+    std::filesystem::current_path(directory_.path(""));
+    directory_.write("dive.csv", "x");
+    finish("dive.csv");
+    std::filesystem::current_path("/");
+    EXPECT_TRUE(directory_.has("dive_201206011230_201206011415.csv"));
+    EXPECT_EQ(
+        (Lines{"ERROR Unserialize is unable to open directory: ", "INFO Saved dive_201206011230_201206011415.csv"}),
+        log_.take());
+}

@@ -1,0 +1,89 @@
+#include "logger/unserialize/VariableList.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+
+#include "support/SmallLog.h"
+
+namespace {
+
+class VariableListTest : public ::testing::Test {
+protected:
+    // What the Slate's directory adds, as "name unit" for each variable.
+    std::string add(std::initializer_list<const char*> parents = {}, bool withSettings = true) {
+        FlexArray<char*> list;
+        for (const char* const parent : parents) list.push(const_cast<char*>(parent));
+        list_.addDirectory(list, withSettings);
+        list_.giveTo(variables_);
+        std::string all;
+        for (int i = 0; i < variables_.count_; ++i) {
+            all += std::string(i == 0 ? "" : ", ") + variables_.names_[i] + " " + variables_.units_[i];
+        }
+        return all;
+    }
+    std::string settings() const {
+        std::string all;
+        for (int i = 0; i < variables_.settingCount_; ++i) all += std::string(variables_.settings_[i]) + " ";
+        return all;
+    }
+
+    SmallLog log_;
+    VariableList list_;
+    OutputVariables variables_;
+};
+
+}  // namespace
+
+TEST_F(VariableListTest, VariablesAndUniversalsInTheOrderOfCodes) {
+    log_.declareServing("depth", "Depth.depth", Units::METER);
+    log_.declare("Nav.speed", Units::METER_PER_SECOND);
+    log_.declareServing("depth", "Backup.depth", Units::METER);
+    EXPECT_EQ("Depth.depth meter, depth meter, Nav.speed meter_per_second, Backup.depth meter", add());
+    EXPECT_EQ("", settings());
+}
+
+TEST_F(VariableListTest, ParentsSelectVariablesButNeverUniversals) {
+    log_.declareServing("depth", "Depth.depth", Units::METER);
+    log_.declare("Nav.x");
+    log_.declare("NavX.y");
+    log_.declare("lone");
+    EXPECT_EQ("depth meter, Nav.x none", add({"Nav"}));
+    EXPECT_EQ("depth meter, Nav.x none", add({"Navigation"}));
+}
+
+TEST_F(VariableListTest, SettingsAreListedApart) {
+    log_.declareSetting("Nav.gain");
+    log_.declare("Config/Nav.limit");
+    log_.declareSetting("Nav.keyText");
+    log_.declare("Nav.x");
+    EXPECT_EQ("Nav.x none", add());
+    EXPECT_EQ("Nav.gain Config/Nav.limit ", settings());
+    add();
+    EXPECT_EQ("Nav.gain Config/Nav.limit ", settings());  // once each
+}
+
+TEST_F(VariableListTest, OnlyTheFirstInputGivesSettings) {
+    log_.declareSetting("Nav.gain");
+    log_.declare("Nav.x");
+    EXPECT_EQ("Nav.x none", add({}, false));
+    EXPECT_EQ("", settings());
+}
+
+TEST_F(VariableListTest, AReadingThatIsRepeatedCountsAsASetting) {
+    DataAccess* const depth = log_.declare("Depth.depth", Units::METER);
+    log_.declareReader("Control", depth);
+    EXPECT_EQ("Depth.depth meter", add());
+    EXPECT_EQ("", settings());  // one reading of what another component wrote is none
+    log_.declareReader("Control", depth);
+    EXPECT_EQ("Depth.depth meter", add());
+    EXPECT_EQ("Depth.depth ", settings());
+}
+
+TEST_F(VariableListTest, BookkeepingIsLeftOut) {
+    log_.declare("Mission:Dive.durationOfLastRun");
+    log_.declare("Mission.durationOfLastRun");
+    log_.declare("Mission:Dive.depth");
+    EXPECT_EQ("Mission.durationOfLastRun none, Mission:Dive.depth none", add());
+}

@@ -1,0 +1,70 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "DiveLog.h"
+#include "Program.h"
+
+// Logs that are torn or overwritten in places: the run ends as always, and what is whole is read.
+
+namespace {
+
+class DamageTest : public ::testing::Test {
+protected:
+    // The lines of text that a log gives.
+    size_t linesOf(const std::string& log) {
+        program_.files().write("dive", log);
+        const Outcome outcome = program_.run({"-qOab", "dive"});
+        EXPECT_EQ(0, outcome.status_);
+        EXPECT_EQ("", outcome.err_);
+        return CountOf(program_.files().read("dive.asc"), "\n");
+    }
+
+    Program program_;
+};
+
+}  // namespace
+
+TEST_F(DamageTest, ALogCutAnywhereGivesTheEntriesBeforeTheCut) {
+    const std::string whole = DiveLog::Of(1);
+    size_t lines = 0;
+    for (size_t length = 0; length < whole.size(); ++length) {
+        const size_t now = linesOf(whole.substr(0, length));
+        EXPECT_GE(now, lines) << length;
+        EXPECT_LE(now, lines + 1) << length;
+        lines = now;
+    }
+    EXPECT_EQ(lines + 1, linesOf(whole));
+}
+
+// Damage may look like the length of a text and take that many bytes with it, but no more than a length can say.
+TEST_F(DamageTest, EntriesAfterDamageAreFoundAgain) {
+    const std::string whole = DiveLog::Of(5000);
+    ASSERT_GT(whole.size(), 2u * SyslogEntry::MAX_MESSAGE_LENGTH);
+    const size_t allLines = linesOf(whole);
+    DiveLog directory;
+    directory.begin();
+    const size_t directoryLength = directory.bytes().size();
+    for (size_t i = 0; i < 20; ++i) {
+        const size_t at = directoryLength + i * 997;  // a prime: the places fall on every part of an entry
+        for (const char fill : {'\0', '\x02', '\x2A', '\xFF'}) {
+            std::string damaged = whole;
+            damaged.replace(at, 5, 5, fill);
+            EXPECT_LT(allLines / 3, linesOf(damaged)) << at << " " << static_cast<int>(fill);
+        }
+    }
+}
+
+TEST_F(DamageTest, NothingButDamage) {
+    std::string noise;
+    unsigned int state = 1;
+    for (int i = 0; i < 200000; ++i) {
+        state = state * 1664525u + 1013904223u;
+        noise += static_cast<char>(state >> 24);
+    }
+    linesOf(noise);
+    linesOf(std::string(100000, '\0'));
+    linesOf(std::string(100000, '\xFF'));
+    linesOf(noise + DiveLog::Of(2));
+}

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "DiveLog.h"
+#include "Program.h"
+#include "support/WorkedLog.h"
+
+// What a run makes of its inputs.
+
+namespace {
+
+class RunTest : public ::testing::Test {
+protected:
+    // Runs quietly, with names that stay, and expects nothing to be said.
+    void runInSilence(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), "-qO");
+        const Outcome outcome = program_.run(arguments);
+        EXPECT_EQ(0, outcome.status_);
+        EXPECT_EQ("", outcome.out_ + outcome.err_) << ::testing::PrintToString(arguments);
+    }
+    std::string read(const char* name) const { return program_.files().read(name); }
+
+    Program program_;
+};
+
+std::string WorkedLines() {
+    std::string lines;
+    for (const WorkedEntry& entry : WORKED_LOG) lines += entry.line_ + std::string("\n");
+    return lines;
+}
+
+std::string WorkedBytes() {
+    const Str bytes = WorkedLogBytes();
+    return std::string(bytes.data(), bytes.length());
+}
+
+}  // namespace
+
+TEST_F(RunTest, WithoutOptionsEveryEntryBecomesALine) {
+    program_.files().write("dive", WorkedBytes());
+    const Outcome outcome = program_.run({"-O", "dive"});
+    EXPECT_EQ(0, outcome.status_);
+    EXPECT_EQ("", outcome.err_);
+    EXPECT_EQ("dive dive.asc ", program_.list());
+    EXPECT_EQ(WorkedLines(), read("dive.asc"));
+    EXPECT_NE(std::string::npos, outcome.out_.find("[unserialize](INFO): Reading data from dive\n"));
+    EXPECT_EQ("Unserialize done.\n", outcome.out_.substr(outcome.out_.rfind('\n', outcome.out_.size() - 2) + 1));
+}
+
+TEST_F(RunTest, StandardOutputTakesTheTextBetweenTheMessages) {
+    program_.files().write("dive", WorkedBytes());
+    EXPECT_EQ(WorkedLines(), program_.run({"-qo", "stdout", "dive"}).out_);
+    EXPECT_EQ("dive ", program_.list());
+}
+
+TEST_F(RunTest, TheBinaryOutputReadsAsTheLogDid) {
+    program_.files().write("dive", DiveLog::Of(20));
+    runInSilence({"-ab", "dive"});
+    runInSilence({"dive.bin"});
+    EXPECT_EQ(read("dive.asc"), read("dive.bin.asc"));
+    EXPECT_EQ(DiveLog::Of(20), read("dive.bin"));
+}
+
+TEST_F(RunTest, TheDirectoryMakesALogReadableThatHasNone) {
+    DiveLog dive;
+    dive.begin();
+    const size_t directoryLength = dive.bytes().size();
+    dive.cycles(0, 20);
+    program_.files().write("dive", dive.bytes());
+    program_.files().write("bare", dive.bytes().substr(directoryLength));
+    for (const std::vector<std::string>& options :
+         {std::vector<std::string>{"-d", "dive"}, {"-ad", "dive"}, {"-adr", "Dive", "dive"}}) {
+        runInSilence(options);
+        std::filesystem::rename(program_.files().path("dive.dir"), program_.files().path("bare.dir"));
+        runInSilence({"-a", "bare", "Depth.depth", "Nav.speed"});
+        EXPECT_EQ(40u, CountOf(read("bare.asc"), "==>") + CountOf(read("bare.asc"), "-->")) << options[0];
+    }
+}
+
+TEST_F(RunTest, NamesLimitTheTextAndTheBinaryOutput) {
+    program_.files().write("dive", DiveLog::Of(4));
+    runInSilence({"-ab", "dive", "Depth.depth", "(centimeter)"});
+    EXPECT_EQ(4u, CountOf(read("dive.asc"), "\n"));
+    EXPECT_NE(std::string::npos, read("dive.asc").find("Depth.depth=150.000000 cm\n"));
+    EXPECT_LT(read("dive.bin").size(), read("dive").size());
+    EXPECT_LT(0u, read("dive.bin").size());
+}
+
+TEST_F(RunTest, TheTimeWindowIncludesItsBounds) {
+    program_.files().write("dive", DiveLog::Of(10));
+    runInSilence({"-ase", "2012-06-01T12:30:02.25", "2012-06-01T12:30:04.25", "dive", "Depth.depth"});
+    const std::string lines = read("dive.asc");
+    EXPECT_EQ(3u, CountOf(lines, "\n"));
+    EXPECT_EQ(0u, lines.find("2012-06-01T12:30:02.250Z"));
+    EXPECT_NE(std::string::npos, lines.find("2012-06-01T12:30:04.250Z"));
+}
+
+TEST_F(RunTest, ATimeThatCannotBeReadIsReportedAndIgnored) {
+    program_.files().write("dive", DiveLog::Of(10));
+    const Outcome outcome = program_.run({"-qOls", "soon", "dive"});
+    EXPECT_NE(std::string::npos, outcome.out_.find("(ERROR): Cannot read the start time soon, it is ignored\n"));
+    EXPECT_EQ(10u, CountOf(read("dive.log"), "\n"));
+}
+
+TEST_F(RunTest, ASeverityThresholdLimitsTheSyslog) {
+    program_.files().write("dive", DiveLog::Of(10));
+    const struct {
+        const char* letter_;
+        size_t lines_;
+    } cases[] = {{"d", 10}, {"i", 10}, {"e", 5}, {"m", 0}, {"x", 0}};
+    for (const auto& c : cases) {
+        runInSilence({"-lS", c.letter_, "dive"});
+        EXPECT_EQ(c.lines_, CountOf(read("dive.log"), "\n")) << c.letter_;
+    }
+}
+
+TEST_F(RunTest, AMissionLimitsTheOutputToItself) {
+    DiveLog dive;
+    dive.begin();
+    dive.add(dive.log_.nameEntry(dive.log_.declare("Survey.loop")));
+    dive.cycles(0, 3);
+    dive.add(dive.log_.running("Survey", 3.0, 1));
+    dive.cycles(3, 4);
+    dive.add(dive.log_.running("Survey", 7.0, 0));
+    dive.cycles(7, 5);
+    program_.files().write("dive", dive.bytes());
+    runInSilence({"-alr", "Survey", "dive"});
+    EXPECT_EQ(4u, CountOf(read("dive.log"), "\n"));
+    EXPECT_EQ(4u * 4 + 2, CountOf(read("dive.asc"), "\n")) << read("dive.asc");  // both markers are in it
+}
+
+TEST_F(RunTest, GpsFixesCorrectTheTimesUnlessTheyAreLeftAlone) {
+    DiveLog dive;
+    dive.begin();
+    dive.add(dive.log_.cycle(0));
+    dive.add(dive.log_.syslog(1, "GPS fix at: 1338553901", Syslog::INFO, "Nav"));  // 100 s on
+    dive.add(dive.log_.syslog(2, "after", Syslog::INFO, "Nav"));
+    program_.files().write("a", dive.bytes());
+    program_.files().write("b", DiveLog::Of(1, 5));
+    runInSilence({"-lo", "out", "a;b"});
+    EXPECT_NE(std::string::npos, read("out").find("2012-06-01T12:31:42.000Z,1338553902.000 [Nav](INFO): after"));
+    EXPECT_NE(std::string::npos, read("out").find("2012-06-01T12:31:45.750Z"));  // in the next input too
+    runInSilence({"-lLo", "out", "a;b"});
+    EXPECT_NE(std::string::npos, read("out").find("2012-06-01T12:30:02.000Z,1338553802.000 [Nav](INFO): after"));
+    EXPECT_NE(std::string::npos, read("out").find("2012-06-01T12:30:05.750Z"));
+}
+
+TEST_F(RunTest, InputsOfEveryKind) {
+    const TempDir& files = program_.files();
+    std::filesystem::create_directories(files.path("Logs/latest"));
+    files.write("Logs/latest/slate", DiveLog::Of(3));
+    files.write("parts0000", DiveLog::Of(2));
+    files.write("parts0001", DiveLog::Of(3, 2));
+    std::filesystem::create_directory(files.path("priority"));
+    files.write("priority/Courier0000", DiveLog::Of(4));
+    const struct {
+        std::vector<std::string> arguments_;
+        const char* output_;
+        size_t messages_;
+    } cases[] = {
+        {{"-l"}, "Logs/latest/slate.log", 3},
+        {{"-l", "Logs/latest"}, "Logs/latest/slate.log", 3},
+        {{"-l", "parts"}, "parts.log", 5},
+        {{"-l", "parts0000"}, "parts0000.log", 5},
+        {{"-lo", "both.log", "parts;Logs/latest\n"}, "both.log", 0},  // one name with a ';'
+        {{"-lo", "both.log", "parts;Logs/latest;"}, "both.log", 8},
+        {{"-lP", "c", "priority/slate"}, "priority/slate.log", 4},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> arguments = c.arguments_;
+        arguments.insert(arguments.begin(), "-qO");
+        EXPECT_EQ(0, program_.run(arguments).status_);
+        EXPECT_EQ(c.messages_, CountOf(read(c.output_), "\n")) << ::testing::PrintToString(c.arguments_);
+    }
+}
+
+TEST_F(RunTest, SameInputSameBytes) {
+    program_.files().write("dive", DiveLog::Of(50));
+    runInSilence({"-abl", "dive"});
+    const std::string first = read("dive.asc") + read("dive.bin") + read("dive.log");
+    runInSilence({"-abl", "dive"});
+    EXPECT_EQ(first, read("dive.asc") + read("dive.bin") + read("dive.log"));
+}
