@@ -91,7 +91,7 @@ void Dive::logPlan(const Timestamp& t) {
         log_.log(entry);
     }
     if (plan_.phaseBegan()) {
-        logMessage("MissionManager", Syslog::IMPORTANT, Str(PHASE_TEXTS[plan_.phase()]) + ", " + plan_.mission(), t);
+        logMessage("Executive", Syslog::IMPORTANT, Str(PHASE_TEXTS[plan_.phase()]) + ", " + plan_.mission(), t);
     }
     if (plan_.hasFix()) logFix(t);
 }

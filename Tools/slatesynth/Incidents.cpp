@@ -11,7 +11,7 @@ const MessageIncident MESSAGES[] = {
     {{14, 240}, "Modem", Syslog::INFO, "Sent 312 bytes, 2 packets; \"ok\" <ack> & done"},
     {{21, 300}, "Modem", Syslog::ERROR, "No answer to ping 3, trying again"},
     {{33, 420}, "Altimeter", Syslog::ERROR, "No bottom lock"},
-    {{47, 600}, "MissionManager", Syslog::IMPORTANT, "Depth envelope checked: 120 m"},
+    {{47, 600}, "Executive", Syslog::IMPORTANT, "Depth envelope checked: 120 m"},
     {{55, 900},
      "Fluorometer",
      Syslog::INFO,
@@ -28,12 +28,12 @@ const FailureIncident FAILURES[] = {
     {{22, 1200}, "Modem", FailureMode::COMMUNICATIONS},
     {{81, 1800}, "Thruster", FailureMode::OVERCURRENT},
     {{140, 3600}, "Nitrate", FailureMode::HARDWARE},
-    {{260, 5400}, "VerticalControl", FailureMode::PERFORMANCE},
-    {{300, 7200}, "MissionManager", FailureMode::SOFTWARE},
+    {{260, 5400}, "DepthController", FailureMode::PERFORMANCE},
+    {{300, 7200}, "Executive", FailureMode::SOFTWARE},
 };
 
 const StateIncident STATES[] = {
-    {{0.5, 1e9}, "Depth_Keller", "Depth_Keller.depth", EventEntry::DATA_STATE_CHANGE_SET_BEST},
+    {{0.5, 1e9}, "DepthSensor", "DepthSensor.depth", EventEntry::DATA_STATE_CHANGE_SET_BEST},
     {{34, 840}, "Altimeter", "Altimeter.height_above_sea_floor", EventEntry::DATA_STATE_CHANGE_INVALID},
     {{46, 840}, "Altimeter", "Altimeter.height_above_sea_floor", EventEntry::DATA_STATE_CHANGE_VALID},
     {{141, 3600},
@@ -48,7 +48,7 @@ const StateIncident STATES[] = {
 
 const AccuracyIncident ACCURACIES[] = {
     {{1, 1200}, "CTD", "CTD.sea_water_temperature", 0.002},
-    {{1, 1200}, "Depth_Keller", "Depth_Keller.depth", 0.05},
+    {{1, 1200}, "DepthSensor", "DepthSensor.depth", 0.05},
     {{16, 300}, "Navigator", "Navigator.latitude", 1.5e-6},
 };
 

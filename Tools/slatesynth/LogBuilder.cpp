@@ -34,6 +34,7 @@ LogBuilder::~LogBuilder() {
     close();
     Slate::StopDirectoryWrites();
     Slate::SetDirectoryEngine(nullptr);
+    Slate::Uninitialize();
     DirectoryEntry::CurrentLogVersion_ = versionBefore_;
 }
 

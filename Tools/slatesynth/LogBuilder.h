@@ -20,7 +20,7 @@ private:
 };
 
 // The writing side of the vehicle's log: an engine with one binary writer on a file, to which the Slate sends its
-// directory entries too. One at a time: the Slate knows one directory engine.
+// directory entries too. One at a time, and the Slate is its own: empty before, and emptied when it goes.
 class LogBuilder {
 public:
     // parts 0: one file at path; else path0000, path0001, ...

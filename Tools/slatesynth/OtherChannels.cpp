@@ -19,8 +19,8 @@ const char* const MODEM_LINES[] = {
 };
 
 const TextChannel TEXTS[] = {
-    {"MissionManager", "mission", NO_INTERP, 10, [](In r) { return r.plan_.mission(); }},
-    {"MissionManager", "plan", SETTING | NO_INTERP, 500, [](In) { return "yoyo, 3 dives, \"north\" track"; }},
+    {"Executive", "mission", NO_INTERP, 10, [](In r) { return r.plan_.mission(); }},
+    {"Executive", "plan", SETTING | NO_INTERP, 500, [](In) { return "yoyo, 3 dives, \"north\" track"; }},
     {"Modem", "received", NO_INTERP | MILLIS, 75,
      [](In r) { return MODEM_LINES[r.random_.below(sizeof(MODEM_LINES) / sizeof(MODEM_LINES[0]))]; }},
     {"Modem", "state", PLAIN, 25, [](In r) { return r.vehicle_.isAtSurface() ? "radio" : "acoustic"; }},
@@ -74,11 +74,11 @@ const ArrayChannel ARRAYS[] = {
 };
 
 const ReaderChannel READERS[] = {
-    {"VerticalControl", "DepthFilter.depth", PLAIN, 1},
-    {"VerticalControl", "Attitude.pitch", MILLIS, 2},
-    {"HorizontalControl", "Attitude.heading", PLAIN, 1},
-    {"MissionManager", "Battery.charge", UNTYPED, 5},
-    {"MissionManager", "MissionManager.maximumDepth", PLAIN, 200},
+    {"DepthController", "DepthFilter.depth", PLAIN, 1},
+    {"DepthController", "Attitude.pitch", MILLIS, 2},
+    {"HeadingController", "Attitude.heading", PLAIN, 1},
+    {"Executive", "Battery.charge", UNTYPED, 5},
+    {"Executive", "Executive.maximumDepth", PLAIN, 200},
     {"Navigator", "Attitude.pitch", UNTYPED | MILLIS, 2},
 };
 

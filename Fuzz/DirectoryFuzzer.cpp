@@ -1,0 +1,30 @@
+// Directory records of any bytes, back to back; what they register is written out again as a whole directory.
+#include <memory>
+
+#include "FuzzStreams.h"
+#include "data/Slate.h"
+#include "logger/entry/DirectoryEntry.h"
+#include "logger/writer/BinaryLogWriter.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const unsigned short newest = DirectoryEntry::CurrentLogVersion_;
+    const Logger logger("Fuzzer", nullptr);
+    BytesInStream in(data, size);
+    while (!in.eof()) {
+        Timestamp timeBase;
+        Timespan timeAdjust;
+        bool error = false;
+        const std::unique_ptr<LogEntry> entry(LogEntry::Read(timeBase, timeAdjust, in, logger, error));
+        if (entry != nullptr) entry->toString(nullptr);
+    }
+    NullOutStream out;
+    BinaryLogWriter writer(out, true);
+    writer.writeHeader();
+    Slate::WriteDirectory(&writer, true);
+
+    Slate::ClearDirectory();
+    Slate::Uninitialize();
+    DirectoryEntry::ElementStore_.clear();
+    DirectoryEntry::CurrentLogVersion_ = newest;
+    return 0;
+}

@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+
+#include "data/DataAccess.h"
+#include "logger/entry/DataEntry.h"
+#include "logger/entry/DirectoryEntry.h"
+#include "logger/entry/EventEntry.h"
+#include "logger/entry/SyslogEntry.h"
+#include "logger/writer/BinaryLogWriter.h"
+#include "slatesynth/Damage.h"
+#include "slatesynth/Dive.h"
+#include "support/MemoryStreams.h"
+#include "support/SlateFixture.h"
+#include "support/TempDir.h"
+
+namespace {
+
+struct LogContent {
+    std::string rewritten_;  // every entry decoded and written again
+    unsigned long long entries_ = 0;
+    std::set<BinaryDataType> types_;
+    std::set<Syslog::Severity> severities_;
+    std::set<int> runningValues_;
+    std::map<std::string, int> counts_;
+};
+
+class SlateSynthTest : public SlateFixture {
+protected:
+    void TearDown() override {
+        DirectoryEntry::CurrentLogVersion_ = 8;
+        SlateFixture::TearDown();
+    }
+
+    // Writes a log and leaves an empty Slate; the number of entries written.
+    unsigned long long synthesise(SynthOptions options) {
+        options.output_ = files_.path("log").c_str();
+        Dive dive(options);
+        EXPECT_EQ(0, dive.run());
+        return dive.log().entriesWritten();
+    }
+
+    LogContent decode(const std::string& name) {
+        LogContent content;
+        MemoryOutStream out;
+        BinaryLogWriter writer(out, false);
+        const std::string bytes = files_.read(name);
+        const Str text(bytes.data(), bytes.size());
+        MemoryInStream in(text);
+        Timestamp timeBase;
+        Timespan asStored = Timespan::INVALID_TIMESPAN;
+        bool error = false;
+        while (const std::unique_ptr<LogEntry> entry{LogEntry::Read(timeBase, asStored, in, log_, error)}) {
+            EXPECT_FALSE(error);
+            note(*entry, content);
+            writer.write(entry.get(), nullptr);
+        }
+        content.rewritten_ = out.bytes_;
+        return content;
+    }
+
+    static void note(const LogEntry& entry, LogContent& content) {
+        ++content.entries_;
+        ++content.counts_[LogEntry::TypeToString(entry.getType())];
+        if (const auto* data = dynamic_cast<const DataEntry*>(&entry)) {
+            content.types_.insert(data->getDataAccess()->getBinaryType());
+            ++content.counts_[data->isChanged() ? "changed" : "unchanged"];
+            if (data->isBest()) ++content.counts_["best"];
+        } else if (const auto* message = dynamic_cast<const SyslogEntry*>(&entry)) {
+            content.severities_.insert(message->getSeverity());
+        } else if (const auto* event = dynamic_cast<const EventEntry*>(&entry)) {
+            ++content.counts_[EventEntry::EventTypeToString(event->getEventType())];
+            if (event->getEventType() == EventEntry::COMPONENT_ACTION &&
+                event->getComponentAction() == EventEntry::COMPONENT_MISSION_RUN) {
+                content.runningValues_.insert(event->getRunning());
+            }
+        }
+    }
+
+    TempDir files_;
+};
+
+TEST_F(SlateSynthTest, EveryEntryComesBackByteForByteInEveryVersion) {
+    for (int version = 3; version <= 8; ++version) {
+        SynthOptions options;
+        options.minutes_ = 2;
+        options.version_ = version;
+        const unsigned long long written = synthesise(options);
+        const LogContent content = decode("log");
+        EXPECT_EQ(written, content.entries_) << version;
+        EXPECT_TRUE(files_.read("log") == content.rewritten_) << version;
+        DirectoryEntry::CurrentLogVersion_ = 8;
+        Slate::Uninitialize();
+    }
+}
+
+TEST_F(SlateSynthTest, ADiveHoldsEveryKindOfEntry) {
+    SynthOptions options;
+    options.minutes_ = 70;  // the third dive is preempted
+    synthesise(options);
+    const LogContent content = decode("log");
+    EXPECT_EQ((std::set<BinaryDataType>{STRVALUE, UCHAR1, SHORT2, USHORT2, FLOAT2, FLOAT3, INT4, FLOAT4, DOUBLE8,
+                                        DOUBLE4, DOUBLE6}),
+              content.types_);
+    EXPECT_EQ((std::set<Syslog::Severity>{Syslog::DEBUG, Syslog::INFO, Syslog::ERROR, Syslog::IMPORTANT,
+                                          Syslog::CRITICAL, Syslog::FAULT}),
+              content.severities_);
+    EXPECT_EQ((std::set<int>{-1, 0, 1, 2, 3, 4, 5, 6}), content.runningValues_);
+    for (const char* kind : {"EVENT", "DIRECTORY", "DATA", "SYSLOG", "changed", "unchanged", "best", "START_CYCLE",
+                             "SET_DATA_ACCURACY", "SET_DATA_STATE", "COMPONENT_ACTION"}) {
+        EXPECT_GT(content.counts_.count(kind), 0u) << kind;
+    }
+}
+
+TEST_F(SlateSynthTest, TheSeedDecidesEveryByte) {
+    SynthOptions options;
+    options.minutes_ = 0.2;
+    synthesise(options);
+    const std::string first = files_.read("log");
+    synthesise(options);
+    EXPECT_TRUE(first == files_.read("log"));
+    options.seed_ = 2;
+    synthesise(options);
+    EXPECT_FALSE(first == files_.read("log"));
+}
+
+TEST_F(SlateSynthTest, EveryPartDecodesAlone) {
+    SynthOptions options;
+    options.megabytes_ = 0.3;
+    options.parts_ = 3;
+    const unsigned long long written = synthesise(options);
+    unsigned long long decoded = 0;
+    for (const char* part : {"log0000", "log0001", "log0002"}) {
+        Slate::Uninitialize();
+        const LogContent content = decode(part);
+        EXPECT_TRUE(files_.read(part) == content.rewritten_) << part;
+        decoded += content.entries_;
+    }
+    EXPECT_EQ(written, decoded);
+    EXPECT_FALSE(files_.has("log0003"));
+}
+
+TEST_F(SlateSynthTest, DamageIsReproducibleAndSparesTheVersion) {
+    const std::string whole(100000, 'x');
+    const char* const names[] = {"a", "b", "c"};
+    const uint64_t seeds[] = {1, 1, 2};
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_TRUE(DamageFile(files_.write(names[i], whole).c_str(), 30, seeds[i]));
+    }
+    EXPECT_NE(whole, files_.read("a"));
+    EXPECT_EQ(files_.read("a"), files_.read("b"));
+    EXPECT_NE(files_.read("a"), files_.read("c"));
+    EXPECT_EQ("xxxxxxxx", files_.read("a").substr(0, 8));
+    EXPECT_NEAR(100000, static_cast<double>(files_.read("a").size()), 30 * 16);
+    EXPECT_FALSE(DamageFile(files_.path("missing").c_str(), 1, 1));
+}
+
+}  // namespace
