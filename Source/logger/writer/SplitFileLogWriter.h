@@ -18,10 +18,10 @@ public:
 
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
 
-    // Numbers: a positive one is used next, any other leaves the count alone.
     virtual void split(bool reopen, int number);              // finishes the file; reopen: and begins the next
-    virtual void resetFileBase(const Str& base, int number);  // goes on with files of another name
-    virtual Str nextFilename(int number);                     // of the next file, which may exist already
+    virtual void resetFileBase(const Str& base, int number);  // goes on with files of another name, from that number
+    // Of the next file, which may exist already. A positive number is taken; any other goes on counting.
+    virtual Str nextFilename(int number);
 
 private:
     SplitFileLogWriter(const Str& filebase, unsigned int capacity, const Timespan& span, LogWriter* writer,
