@@ -9,7 +9,7 @@
 // start of the file.
 class DamageWatch {
 public:
-    static const unsigned int MAX_SHOWN = 20;  // failures of one stretch whose messages are shown
+    static constexpr unsigned int MAX_SHOWN = 20;  // failures of one stretch whose messages are shown
 
     explicit DamageWatch(MessageGate* gate) : gate_(gate) {}  // borrowed; null: nothing is reported
 

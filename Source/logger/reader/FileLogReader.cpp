@@ -103,15 +103,21 @@ unsigned int FileLogReader::readEntries() {
     const long long start = position();
     damage_.beginAttempt();
     const unsigned int n = logReader_->read();
-    const long long end = position();
-    const bool torn = fileStream_.eof() && end > start;
     if (n > 0) {
-        damage_.entryRead(start, end);
+        damage_.entryRead(start, position());
     } else {
-        damage_.nothingRead(logReader_->hasError() || torn, end);
+        goOnAfter(start);
     }
-    if (n == 0 && logReader_->hasError() && !fileStream_.eof()) stepTo(start + 1);
     return n;
+}
+
+// An attempt that gave nothing: what can be made nothing of is tried again from its second byte on. An entry that the
+// end of the file cuts off counts as damage too.
+void FileLogReader::goOnAfter(long long start) {
+    const bool atEnd = fileStream_.eof();
+    const bool failed = logReader_->hasError() || (atEnd && position() > start);
+    damage_.nothingRead(failed, position());
+    if (logReader_->hasError() && !atEnd) stepTo(start + 1);
 }
 
 void FileLogReader::stepTo(long long position) {

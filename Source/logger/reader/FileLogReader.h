@@ -33,7 +33,7 @@ public:
     unsigned int readEntries();               // one attempt; after an error the next one begins a byte later
     bool isReadable();                        // a file is open, and neither at its end nor broken
 
-    static const int MAX_ZERO_READS = 20;
+    static constexpr int MAX_ZERO_READS = 20;
 
     static void SetPriorityList(FlexArray<const char*>* list) { PriorityList_ = list; }  // borrowed; null for none
 
@@ -45,6 +45,7 @@ private:
     unsigned int readOpenFile();
     void closeFile();
     long long position() const { return origin_ + static_cast<long long>(fileStream_.getTotalBytesRead()); }
+    void goOnAfter(long long start);
     void stepTo(long long position);
 
     const Str filebase_;    // the name given
