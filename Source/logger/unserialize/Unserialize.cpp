@@ -59,10 +59,8 @@ Unserialize::Unserialize(RunSettings& settings)
     if (settings.priorityListGiven_) FileLogReader::SetPriorityList(&settings.priorityList_);
 }
 
-// Leaves the process as it was found: writers first, then what their entries point to.
+// Leaves the process as it was found. The writers, whose entries point into the Slate, are gone by now.
 Unserialize::~Unserialize() {
-    engine_.uninitialize();
-    showMessages();
     FileLogReader::SetPriorityList(nullptr);
     DirectoryLogWriter::Uninitialize();
     Slate::ClearDirectory();
