@@ -69,8 +69,9 @@ size_t QuickFixed(double value, unsigned int decimals, char* buf) {
         PrependDigits(rest, decimals, at);
         *--at = '.';
     }
-    while (rest >= 10) PrependDigits(rest, 2, at);
-    if (rest > 0 || at == end || *at == '.') PrependDigits(rest, 1, at);
+    do {
+        PrependDigits(rest, rest >= 10 ? 2 : 1, at);
+    } while (rest > 0);
     if (std::signbit(value)) *--at = '-';
     const size_t length = static_cast<size_t>(end - at);
     memcpy(buf, at, length);

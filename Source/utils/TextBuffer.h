@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 
 #include "utils/NumberText.h"
 #include "utils/Str.h"
@@ -16,7 +17,7 @@ public:
 
     TextBuffer& append(const char* text, size_t length) {
         if (length > room_ - length_) grow(length);
-        for (size_t i = 0; i < length; ++i) chars_[length_ + i] = text[i];
+        memcpy(chars_ + length_, text, length);
         length_ += length;
         return *this;
     }
