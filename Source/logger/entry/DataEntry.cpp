@@ -16,6 +16,7 @@
 #include "units/Units.h"
 
 RecyclingPool DataEntry::Pool_("DataEntry", sizeof(DataEntry));
+const PoolDrain DataEntry::PoolDrain_(Pool_);
 
 DataEntry::DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed)
     : LogEntry(DATA_LOG_ENTRY, t),

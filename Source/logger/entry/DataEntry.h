@@ -2,6 +2,7 @@
 
 #include "data/DataValue.h"
 #include "logger/entry/LogEntry.h"
+#include "logger/entry/PoolDrain.h"
 #include "utils/RecyclingPool.h"
 
 class DataAccess;
@@ -68,4 +69,5 @@ private:
     bool ownsValue_;
 
     static RecyclingPool Pool_;
+    static const PoolDrain PoolDrain_;
 };

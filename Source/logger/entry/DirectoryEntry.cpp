@@ -8,6 +8,7 @@
 #include "utils/TextBuffer.h"
 
 RecyclingPool DirectoryEntry::Pool_("DirectoryEntry", sizeof(DirectoryEntry));
+const PoolDrain DirectoryEntry::PoolDrain_(Pool_);
 unsigned short DirectoryEntry::MinimumLogVersion_ = 3;
 unsigned short DirectoryEntry::CurrentLogVersion_ = 8;
 FlexArray<ElementURI*> DirectoryEntry::ElementStore_;

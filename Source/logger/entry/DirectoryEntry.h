@@ -1,6 +1,7 @@
 #pragma once
 
 #include "logger/entry/LogEntry.h"
+#include "logger/entry/PoolDrain.h"
 #include "utils/FlexArray.h"
 #include "utils/RecyclingPool.h"
 
@@ -55,4 +56,5 @@ private:
     bool wasRead_ = false;
 
     static RecyclingPool Pool_;
+    static const PoolDrain PoolDrain_;
 };

@@ -11,6 +11,7 @@
 #include "logger/entry/TimeBounds.h"
 
 RecyclingPool EventEntry::Pool_("EventEntry", sizeof(EventEntry));
+const PoolDrain EventEntry::PoolDrain_(Pool_);
 
 static const size_t CYCLE_TIME_SIZE = 7;  // bytes of compact micros
 static const size_t INT24_SIZE = 3;

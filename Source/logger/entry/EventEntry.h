@@ -2,6 +2,7 @@
 
 #include "logger/entry/FailureMode.h"
 #include "logger/entry/LogEntry.h"
+#include "logger/entry/PoolDrain.h"
 #include "utils/RecyclingPool.h"
 
 class Component;
@@ -93,4 +94,5 @@ private:
     };
 
     static RecyclingPool Pool_;
+    static const PoolDrain PoolDrain_;
 };

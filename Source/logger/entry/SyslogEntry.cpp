@@ -9,6 +9,7 @@
 #include "logger/entry/EntryText.h"
 
 RecyclingPool SyslogEntry::Pool_("SyslogEntry", sizeof(SyslogEntry));
+const PoolDrain SyslogEntry::PoolDrain_(Pool_);
 
 static const char GPS_FIX[] = "GPS fix at: ";  // followed by seconds since the epoch
 static const size_t GPS_FIX_LENGTH = sizeof GPS_FIX - 1;

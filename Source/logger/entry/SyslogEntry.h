@@ -3,6 +3,7 @@
 #include "data/CodedStr.h"
 #include "data/Syslog.h"
 #include "logger/entry/LogEntry.h"
+#include "logger/entry/PoolDrain.h"
 #include "utils/RecyclingPool.h"
 
 // A message that a component logged, with its severity and the facility that issued it.
@@ -38,4 +39,5 @@ private:
     const CodedStr& loggerFacility_;  // borrowed
 
     static RecyclingPool Pool_;
+    static const PoolDrain PoolDrain_;
 };
