@@ -3,17 +3,6 @@
 #include <cerrno>
 
 static const size_t BUFFER_BYTES = 65536;
-static const size_t FEW_BYTES = 16;  // longer than any number of the log
-
-// Straight out of the standard I/O buffer: the log is read in pieces too small to be worth a call of fread each.
-static size_t ReadFew(FILE* file, char* buf, size_t n) {
-    for (size_t i = 0; i < n; ++i) {
-        const int c = getc_unlocked(file);
-        if (c == EOF) return i;
-        buf[i] = static_cast<char>(c);
-    }
-    return n;
-}
 
 FileInStream::FileInStream(const char* path) : filename_(path) {
     hold(fopen(path, "rb"), true);
@@ -24,15 +13,21 @@ FileInStream::FileInStream(FILE* file, bool autoClose) : filename_("unknown") {
 }
 
 FileInStream::~FileInStream() {
-    if (autoClose_) close();
+    if (autoClose_) {
+        close();
+    } else {
+        returnReady();
+    }
 }
 
 InStream& FileInStream::read(char* buf, size_t n) {
     MutexLocker lock(fileMutex_);
     if (file_ == nullptr) return *this;
-    lastRead_ = n <= FEW_BYTES ? ReadFew(file_, buf, n) : fread_unlocked(buf, 1, n, file_);
+    returnReady();
+    lastRead_ = fread_unlocked(buf, 1, n, file_);
     totalBytesRead_ += lastRead_;
     if (lastRead_ < n && readError_ == 0 && ferror_unlocked(file_)) readError_ = errno;
+    lendReady();
     return *this;
 }
 
@@ -52,11 +47,13 @@ bool FileInStream::seek(unsigned int offset) {
 
 bool FileInStream::seekTo(long long offset) {
     MutexLocker lock(fileMutex_);
+    returnReady();
     return file_ != nullptr && fseeko(file_, offset, SEEK_SET) == 0;
 }
 
 long long FileInStream::tell() {
     MutexLocker lock(fileMutex_);
+    returnReady();
     return file_ == nullptr ? 0 : ftello(file_);
 }
 
@@ -67,6 +64,7 @@ int FileInStream::readError() {
 
 void FileInStream::close() {
     MutexLocker lock(fileMutex_);
+    returnReady();
     if (file_ != nullptr) fclose(file_);
     file_ = nullptr;
 }
@@ -74,6 +72,7 @@ void FileInStream::close() {
 void FileInStream::setFile(FILE* file, const Str& name, bool autoClose) {
     MutexLocker lock(fileMutex_);
     if (autoClose_) close();
+    returnReady();
     filename_ = name;
     hold(file, autoClose);
 }
@@ -86,4 +85,16 @@ void FileInStream::hold(FILE* file, bool autoClose) {
     if (file == nullptr || !autoClose) return;
     if (buffer_ == nullptr) buffer_.reset(new char[BUFFER_BYTES]);
     setvbuf(file, buffer_.get(), _IOFBF, BUFFER_BYTES);
+}
+
+// Both as getc does inline, for more than one byte at a time.
+void FileInStream::lendReady() {
+    if (!__libc_single_threaded) return;
+    ready_ = file_->_IO_read_ptr;
+    readyEnd_ = file_->_IO_read_end;
+}
+
+void FileInStream::returnReady() {
+    if (ready_ != nullptr) file_->_IO_read_ptr = const_cast<char*>(ready_);
+    ready_ = readyEnd_ = nullptr;
 }

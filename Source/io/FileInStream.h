@@ -7,9 +7,9 @@
 #include "utils/Mutex.h"
 #include "utils/Str.h"
 
-// Reads a standard I/O file; the standard I/O buffer is the only one.
+// Reads a standard I/O file. The standard I/O buffer is the only one: its unread bytes are the stream's ready ones.
 // Threads: locks each single read; a primitive made of several reads is not atomic.
-class FileInStream : public InStream {
+class FileInStream final : public InStream {
 public:
     explicit FileInStream(const char* path);   // a failed open leaves the stream without a file, silently
     FileInStream(FILE* file, bool autoClose);  // may be null; "unknown"; owned, and not read from yet, when autoClose
@@ -32,6 +32,8 @@ public:
 
 private:
     void hold(FILE* file, bool autoClose);
+    void lendReady();    // the file's unread bytes become the stream's ready ones
+    void returnReady();  // the file goes on where the ready ones were taken to
 
     FILE* file_ = nullptr;
     bool autoClose_ = false;          // the file is owned

@@ -14,7 +14,7 @@ static char* BytesOf(T& value, size_t firstByte = 0) {
 }
 
 // Counted by the running total: a stream without a file leaves lastRead_ as it was.
-bool InStream::fetch(char* buf, size_t n) {
+bool InStream::fetchByRead(char* buf, size_t n) {
     const size_t before = totalBytesRead_;
     read(buf, n);
     return totalBytesRead_ - before == n;
@@ -61,42 +61,37 @@ InStream& InStream::readFloat3(float& value) {
     return read(BytesOf(value, 1), 3);
 }
 
-// ---- Compact codes: the low 1-bits of the first byte, up to the first 0-bit, count the bytes that follow it.
+// ---- Compact codes, piece by piece where the bytes are not at hand
 
-InStream& InStream::readUShortCompact(unsigned short& value) {
+void InStream::fetchUShortCompact(unsigned short& value) {
     unsigned char first;
-    if (!fetch(BytesOf(first), 1)) return *this;
+    if (!fetch(BytesOf(first), 1)) return;
     value = first;
     if ((first & 1) == 0) {
         value = static_cast<unsigned short>(value >> 1);
         incBytesRead(1);
     } else if ((first & 2) == 0) {
-        if (!fetch(BytesOf(value, 1), 1)) return *this;
+        if (!fetch(BytesOf(value, 1), 1)) return;
         value = static_cast<unsigned short>(value >> 2);
         incBytesRead(2);
     } else {
-        if (!fetch(BytesOf(value), 2)) return *this;
+        if (!fetch(BytesOf(value), 2)) return;
         incBytesRead(3);
     }
-    return *this;
 }
 
-InStream& InStream::readLongLongCompact(long long& value) {
+void InStream::fetchLongLongCompact(long long& value) {
     unsigned char first;
-    if (!fetch(BytesOf(first), 1)) return *this;
-    const int following = first == 0xFF ? 8 : __builtin_ctz(~static_cast<unsigned int>(first));
-    const int length = 1 + following;
+    if (!fetch(BytesOf(first), 1)) return;
+    const int length = CompactLength(first);
     value = first;
-    if (length == 9) {
-        if (!fetch(BytesOf(value), 8)) return *this;
+    if (length == LONGEST_COMPACT) {
+        if (!fetch(BytesOf(value), sizeof value)) return;
     } else {
-        if (following > 0 && !fetch(BytesOf(value, 1), static_cast<size_t>(following))) return *this;
-        // Seven bits of every byte are the number; its top bit is the sign.
-        const int unusedBits = 64 - 8 * length;
-        value = static_cast<long long>(static_cast<unsigned long long>(value) << unusedBits) >> (unusedBits + length);
+        if (length > 1 && !fetch(BytesOf(value, 1), static_cast<size_t>(length) - 1)) return;
+        value = CompactValue(static_cast<unsigned long long>(value), length);
     }
     incBytesRead(static_cast<size_t>(length));
-    return *this;
 }
 
 // ---- Hexadecimal digits; strtol ends the number at the first character that is none.

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <cstdlib>
 
 #include "utils/Mutex.h"
 #include "utils/RingBuffer.h"
@@ -18,13 +19,32 @@ public:
 
     // A block of the class's size. A request of another size ends the process with status 1 after
     // "Aborting: Requested %zu bytes for a %zu byte " and the class name on standard output.
-    void* allocate(size_t size);
-    void release(void* block);  // null is ignored
+    void* allocate(size_t size) {
+        MutexLocker lock(mutex());
+        if (size != blockSize_) abortRequest(size);
+        void* const block = mallocRing_ == nullptr ? nullptr : mallocRing_->pop();
+        return block != nullptr ? block : makeBlock();
+    }
+    void release(void* block) {  // null is ignored
+        if (block == nullptr) return;
+        MutexLocker lock(mutex());
+        if (mallocRing_ != nullptr) {
+            mallocRing_->push(block);
+        } else {
+            free(block);
+        }
+    }
     void drain();
 
 private:
     [[noreturn]] void abortRequest(size_t size) const;
-    Mutex& mutex();  // made on first use
+    void* makeBlock();  // from the heap; the ring too, on first use
+    // A pool is used before and after every static object lives, so its mutex cannot be one of its members.
+    Mutex& mutex() {
+        Mutex* const made = mutex_.load(std::memory_order_acquire);
+        return made != nullptr ? *made : makeMutex();
+    }
+    Mutex& makeMutex();
 
     const char* const className_;
     const size_t blockSize_;

@@ -31,13 +31,36 @@ public:
     RingBufferVoid(const RingBufferVoid&) = delete;
     RingBufferVoid& operator=(const RingBufferVoid&) = delete;
 
-    void push(void* item);
-    void* pop();                     // null when empty
-    void* peek();                    // null when empty
+    void push(void* item) {
+        MutexLocker lock(mutex_);
+        if (end_ != nullptr && end_->next() != start_) {
+            end_ = end_->next();
+            end_->setItem(item);
+        } else {
+            appendNode(item);
+        }
+        if (start_ == nullptr) start_ = end_;
+    }
+    void* pop() {  // null when empty
+        MutexLocker lock(mutex_);
+        if (start_ == nullptr) return nullptr;
+        void* const item = start_->getItem();
+        start_ = start_ == end_ ? nullptr : start_->next();
+        return item;
+    }
+    void* peek() {  // null when empty
+        MutexLocker lock(mutex_);
+        return start_ == nullptr ? nullptr : start_->getItem();
+    }
     unsigned int nodeCount() const;  // nodes of the ring, used or free
 
 private:
-    typedef ListEntry<void*> Node;
+    // Final, so that the queue's own calls are direct ones.
+    class Node final : public ListEntry<void*> {
+    public:
+        using ListEntry::ListEntry;
+        Node* next() const { return static_cast<Node*>(getNext()); }
+    };
 
     void appendNode(void* item);
 

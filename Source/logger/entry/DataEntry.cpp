@@ -142,10 +142,10 @@ static DataValue* NewValue(const DataAccess& access, const DataElement* element)
 static bool ReadBytes(const DataAccess& access, InStream& in, DataValue* value) {
     const bool variable = access.getBinaryType() == STRVALUE;
     unsigned short size = access.getTypeSize();
-    if (variable && !EntryStream::ReadExactly(in, &size, sizeof size)) return false;
+    if (variable && !in.readExactly(&size, sizeof size)) return false;
     char bytes[std::numeric_limits<unsigned short>::max()];
     memset(bytes, 0, sizeof(double));  // what the widest number reads, however few bytes the access declares
-    if (!EntryStream::ReadExactly(in, bytes, size)) return false;
+    if (!in.readExactly(bytes, size)) return false;
     if (value == nullptr) return true;
     if (variable) {
         static_cast<StrValue*>(value)->fromBinary(bytes, size);

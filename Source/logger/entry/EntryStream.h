@@ -11,10 +11,6 @@ namespace EntryStream {
 // Header words, codes and lengths; unlike the plain compact form this brings back every value.
 size_t WriteCompact(OutStream& out, unsigned short value);  // bytes written
 
-inline bool ReadExactly(InStream& in, void* bytes, size_t n) {
-    return in.read(static_cast<char*>(bytes), n).bytesRead() == n;
-}
-
 // Logs the text at ERROR; always false, so that a reader can say: return ok || Fail(...).
 bool Fail(const Logger& logger, const char* text);
 // Says where the stream stands, as the second line of a message.

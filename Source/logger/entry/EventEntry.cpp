@@ -35,7 +35,7 @@ static const StateName STATE_NAMES[] = {
 template <typename T>
 static bool ReadByte(InStream& in, T& value) {
     unsigned char byte = 0;
-    if (!EntryStream::ReadExactly(in, &byte, 1)) return false;
+    if (!in.readExactly(&byte, 1)) return false;
     value = static_cast<T>(byte);
     return true;
 }
@@ -123,7 +123,7 @@ unsigned int EventEntry::writeCycleStart(Timestamp& timeBase, OutStream& out) co
 EventEntry* EventEntry::ReadCycleStart(Timestamp& timeBase, const Timespan& timeAdjust, InStream& in,
                                        unsigned short actor, const Logger& logger, bool& error) {
     long long packed = 0;
-    if (!EntryStream::ReadExactly(in, &packed, CYCLE_TIME_SIZE)) {
+    if (!in.readExactly(&packed, CYCLE_TIME_SIZE)) {
         EntryStream::Fail(logger, "Encountered eof while reading start of cycle timestamp");
         return nullptr;
     }
@@ -154,7 +154,7 @@ EventEntry* EventEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream
     const unsigned short actor = static_cast<unsigned short>(header >> ACTOR_SHIFT);
     if (type == START_CYCLE) return ReadCycleStart(timeBase, timeAdjust, in, actor, logger, error);
     std::unique_ptr<EventEntry> entry(new EventEntry(Timestamp::EPOCH_START_TIME, type, actor));
-    if (type != COMPONENT_ACTION && in.readUShortCompact(entry->elementCode_).eof()) {
+    if (type != COMPONENT_ACTION && in.readUShortCompact(entry->elementCode_).ended()) {
         EntryStream::Fail(logger, "Encountered eof while reading Data Element code");
         return nullptr;
     }

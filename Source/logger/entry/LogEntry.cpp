@@ -27,7 +27,7 @@ bool LogEntry::TimesHaveFlag() {
 LogEntry* LogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, const Logger& logger, bool& error,
                          Values values) {
     unsigned short header = 0;
-    if (in.readUShortCompact(header).eof()) return nullptr;
+    if (in.readUShortCompact(header).ended()) return nullptr;
     switch (header & TYPE_MASK) {
         case EVENT_LOG_ENTRY:
             return EventEntry::Read(timeBase, timeAdjust, in, header, logger, error);
@@ -44,7 +44,7 @@ bool LogEntry::ReadTimestamp(Timestamp& t, bool& flag, InStream& in, const Logge
                              Logger::TimePrecisionType precision) {
     long long packed = 0;
     flag = false;
-    if (in.readLongLongCompact(packed).eof()) {
+    if (in.readLongLongCompact(packed).ended()) {
         return EntryStream::Fail(logger, "End of Binary File Reached while reading LogEntry Timestamp");
     }
     if (!TimesHaveFlag()) {

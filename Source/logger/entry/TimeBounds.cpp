@@ -5,12 +5,12 @@
 #include "utils/TextBuffer.h"
 #include "utils/Timespan.h"
 
-bool TimeBounds::Holds(const Timestamp& t) {
-    static thread_local timeval latest{0, 0};  // what the last look at the clock allowed
-    if (t < Timestamp::EPOCH_START_TIME) return false;
-    if (t <= Timestamp(latest)) return true;
-    latest = (Timestamp::Now() + Timespan(MAX_AHEAD, 0)).getTimeval();
-    return t <= Timestamp(latest);
+std::atomic<time_t> TimeBounds::AllowedSeconds_{0};
+
+bool TimeBounds::HoldsNow(const Timestamp& t) {
+    const Timestamp latest = Timestamp::Now() + Timespan(MAX_AHEAD, 0);
+    AllowedSeconds_.store(latest.getTimeval().tv_sec, std::memory_order_relaxed);
+    return Timestamp::EPOCH_START_TIME <= t && t <= latest;
 }
 
 void TimeBounds::LogViolation(const Logger& logger, const char* who, const Timestamp& timeBase, const InStream& in) {

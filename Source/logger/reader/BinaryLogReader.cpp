@@ -20,7 +20,7 @@ BinaryLogReader::BinaryLogReader(const Logger& logger, const Timestamp& start, c
 
 unsigned int BinaryLogReader::read() {
     setError(false);
-    if (logStream_ == nullptr || logStream_->eof()) return 0;
+    if (logStream_ == nullptr || logStream_->ended()) return 0;
     resolveMission();
     bool error = false;
     const std::unique_ptr<LogEntry> entry(readEntry(error));

@@ -114,7 +114,7 @@ unsigned int FileLogReader::readEntries() {
 // An attempt that gave nothing: what can be made nothing of is tried again from its second byte on. An entry that the
 // end of the file cuts off counts as damage too.
 void FileLogReader::goOnAfter(long long start) {
-    const bool atEnd = fileStream_.eof();
+    const bool atEnd = fileStream_.ended();
     const bool failed = logReader_->hasError() || (atEnd && position() > start);
     damage_.nothingRead(failed, position());
     if (logReader_->hasError() && !atEnd) stepTo(start + 1);
@@ -125,7 +125,8 @@ void FileLogReader::stepTo(long long position) {
 }
 
 bool FileLogReader::isReadable() {
-    return file_ != nullptr && !fileStream_.eof() && fileStream_.readError() == 0;
+    if (file_ == nullptr) return false;
+    return fileStream_.hasReady() || (!fileStream_.eof() && fileStream_.readError() == 0);
 }
 
 void FileLogReader::closeFile() {

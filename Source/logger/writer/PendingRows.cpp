@@ -51,15 +51,16 @@ PendingRows::~PendingRows() {
 void PendingRows::add(const DataEntry& entry, int column, const Timestamp& earliest) {
     ready_ = nullptr;
     Row* row = rowAt(entry.getTimestamp() < earliest ? earliest : entry.getTimestamp());
-    Sample* successor = sampleAtOrAfter(columns_[column], *row);
-    if (successor != nullptr) settleSpan(successor);
+    Sample* sample = sampleAtOrAfter(columns_[column], *row);
+    if (sample != nullptr) {
+        settleSpan(sample);
+        sample = sampleAtOrAfter(columns_[column], *row);  // settling may have put a cell into the row
+    }
     std::unique_ptr<DataEntry> copy = Copy(entry, row->time_);
-    Sample* sample = successor;
     if (sample != nullptr && sample->row_ == row) {
         sample->entry_ = std::move(copy);
     } else {
-        // Settling may have put cells between the row and the former successor.
-        sample = insertSample(row, column, sampleAtOrAfter(columns_[column], *row), std::move(copy));
+        sample = insertSample(row, column, sample, std::move(copy));
     }
     fillBack(sample);
     judgeReadiness(row);
