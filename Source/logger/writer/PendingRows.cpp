@@ -58,6 +58,7 @@ void PendingRows::add(const DataEntry& entry, int column, const Timestamp& earli
     }
     std::unique_ptr<DataEntry> copy = Copy(entry, row->time_);
     if (sample != nullptr && sample->row_ == row) {
+        if (sample->next_ != nullptr) settleSpan(sample->next_);
         sample->entry_ = std::move(copy);
     } else {
         sample = insertSample(row, column, sample, std::move(copy));
