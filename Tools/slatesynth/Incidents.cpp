@@ -12,11 +12,7 @@ const MessageIncident MESSAGES[] = {
     {{21, 300}, "Modem", Syslog::ERROR, "No answer to ping 3, trying again"},
     {{33, 420}, "Altimeter", Syslog::ERROR, "No bottom lock"},
     {{47, 600}, "Executive", Syslog::IMPORTANT, "Depth envelope checked: 120 m"},
-    {{55, 900},
-     "Fluorometer",
-     Syslog::INFO,
-     "Lens \xC2\xB5-wiped at 24 \xC2\xB0"
-     "C"},  // UTF-8
+    {{55, 900}, "Fluorometer", Syslog::INFO, "Lens \xC2\xB5-wiped at 24 \xC2\xB0 outside"},  // UTF-8
     {{62, 1200}, "Hull", Syslog::CRITICAL, "Humidity rises, 34 percent"},
     {{71, 1500}, "Battery", Syslog::INFO, "Stick table:\n 1: 16.4 V\n 2: 16.3 V"},
     {{80, 1800}, "Thruster", Syslog::FAULT, "Controller restarted after overcurrent"},

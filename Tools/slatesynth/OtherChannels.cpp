@@ -13,8 +13,7 @@ const char* const MODEM_LINES[] = {
     "ack",
     "command \"resume\", priority 2",
     "line one\nline two",
-    "\xC3\xA9tat: nominal, 24 \xC2\xB0"
-    "C",  // UTF-8
+    "\xC3\xA9tat: nominal, 24 \xC2\xB0 outside",  // UTF-8
     "",
 };
 
@@ -74,12 +73,9 @@ const ArrayChannel ARRAYS[] = {
 };
 
 const ReaderChannel READERS[] = {
-    {"DepthController", "DepthFilter.depth", PLAIN, 1},
-    {"DepthController", "Attitude.pitch", MILLIS, 2},
-    {"HeadingController", "Attitude.heading", PLAIN, 1},
-    {"Executive", "Battery.charge", UNTYPED, 5},
-    {"Executive", "Executive.maximumDepth", PLAIN, 200},
-    {"Navigator", "Attitude.pitch", UNTYPED | MILLIS, 2},
+    {"DepthController", "DepthFilter.depth", PLAIN, 1},  {"DepthController", "Attitude.pitch", MILLIS, 2},
+    {"HeadingController", "Attitude.heading", PLAIN, 1}, {"Executive", "Battery.charge", UNTYPED, 5},
+    {"Executive", "Executive.maximumDepth", PLAIN, 200}, {"Navigator", "Attitude.pitch", UNTYPED | MILLIS, 2},
 };
 
 }  // namespace
