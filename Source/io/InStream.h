@@ -44,7 +44,7 @@ public:
     InStream& readUShortHex(unsigned short& value);
 
     // All n bytes in one read; false when fewer came.
-    bool readExactly(void* buf, size_t n) { return fetch(static_cast<char*>(buf), n); }
+    bool readExactly(void* buf, size_t n) { return n == 0 || fetch(static_cast<char*>(buf), n); }
 
     size_t bytesRead() const { return lastRead_; }
     size_t getBytesRead() const { return lastRead_; }

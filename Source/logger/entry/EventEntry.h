@@ -49,6 +49,7 @@ public:
 
     EventType getEventType() const { return eventType_; }
     unsigned short getActorCode() const { return actorCode_; }
+    // Each of these belongs to its own kind of event and says nothing for another.
     unsigned short getElementCode() const { return elementCode_; }
     ComponentAction getComponentAction() const { return action_; }
     DataStateChange getDataStateChange() const { return state_; }
