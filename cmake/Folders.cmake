@@ -13,11 +13,27 @@ if(SLATE_COVERAGE)
   target_link_options(slate_options INTERFACE --coverage)
 endif()
 
+# The objects carry both forms, so that the many test programs, which gain nothing, link the ordinary one.
+if(SLATE_LTO)
+  # Array sizes are counts held as ints; seen across files, gcc imagines negative ones.
+  target_compile_options(slate_options INTERFACE -flto=auto -ffat-lto-objects -Wno-alloc-size-larger-than)
+  set(SLATE_PROGRAM_LINK_OPTIONS -flto=auto -O3 -Wno-alloc-size-larger-than)
+  set(SLATE_TEST_LINK_OPTIONS -fno-lto)
+endif()
+
 # slate_folder(name SOURCES file... LINKS target...): one static library for one folder; LINKS names the floors below.
 function(slate_folder name)
   cmake_parse_arguments(FOLDER "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${FOLDER_SOURCES})
   target_link_libraries(${name} PUBLIC slate_options ${FOLDER_LINKS})
+endfunction()
+
+# slate_program(name LIBRARY): a program for users, of main.cpp and a library.
+function(slate_program name library)
+  add_executable(${name} main.cpp)
+  target_link_libraries(${name} PRIVATE ${library})
+  target_link_options(${name} PRIVATE ${SLATE_PROGRAM_LINK_OPTIONS})
+  install(TARGETS ${name})
 endfunction()
 
 # slate_test(name SOURCES file... LINKS target...): one GoogleTest program, its cases listed for CTest.
@@ -26,5 +42,6 @@ function(slate_test name)
   add_executable(${name} ${TEST_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/Tests)
   target_link_libraries(${name} PRIVATE ${TEST_LINKS} GTest::gtest_main)
+  target_link_options(${name} PRIVATE ${SLATE_TEST_LINK_OPTIONS})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
 endfunction()

@@ -4,17 +4,28 @@
 #include <cstdio>
 #include <cstdlib>
 
-void* RecyclingPool::makeBlock() {
+void* RecyclingPool::takeBlock() {
     if (mallocRing_ == nullptr && !drained_) mallocRing_ = new RingBufferVoid(true);
-    void* const block = malloc(blockSize_);
+    void* const recycled = mallocRing_ == nullptr ? nullptr : mallocRing_->pop();
+    void* const block = recycled != nullptr ? recycled : malloc(blockSize_);
     assert(block != nullptr);
     return block;
+}
+
+void RecyclingPool::keepBlock(void* block) {
+    if (mallocRing_ != nullptr) {
+        mallocRing_->push(block);
+    } else {
+        free(block);
+    }
 }
 
 void RecyclingPool::drain() {
     MutexLocker lock(mutex());
     delete mallocRing_;
     mallocRing_ = nullptr;
+    free(warmBlock_);
+    warmBlock_ = nullptr;
     drained_ = true;
 }
 

@@ -22,23 +22,27 @@ public:
     void* allocate(size_t size) {
         MutexLocker lock(mutex());
         if (size != blockSize_) abortRequest(size);
-        void* const block = mallocRing_ == nullptr ? nullptr : mallocRing_->pop();
-        return block != nullptr ? block : makeBlock();
+        if (void* const block = warmBlock_) {
+            warmBlock_ = nullptr;
+            return block;
+        }
+        return takeBlock();
     }
     void release(void* block) {  // null is ignored
         if (block == nullptr) return;
         MutexLocker lock(mutex());
-        if (mallocRing_ != nullptr) {
-            mallocRing_->push(block);
+        if (warmBlock_ == nullptr && mallocRing_ != nullptr) {
+            warmBlock_ = block;
         } else {
-            free(block);
+            keepBlock(block);
         }
     }
     void drain();
 
 private:
     [[noreturn]] void abortRequest(size_t size) const;
-    void* makeBlock();  // from the heap; the ring too, on first use
+    void* takeBlock();  // out of the ring, else from the heap; makes the ring on first use
+    void keepBlock(void* block);
     // A pool is used before and after every static object lives, so its mutex cannot be one of its members.
     Mutex& mutex() {
         Mutex* const made = mutex_.load(std::memory_order_acquire);
@@ -49,6 +53,7 @@ private:
     const char* const className_;
     const size_t blockSize_;
     RingBufferVoid* mallocRing_ = nullptr;  // owned free blocks; made on first use, null again after drain
+    void* warmBlock_ = nullptr;             // the block released last, likely still in the processor's cache; owned
     bool drained_ = false;
     std::atomic<Mutex*> mutex_{nullptr};  // guards the two above; never destroyed
 };

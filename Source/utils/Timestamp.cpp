@@ -10,11 +10,8 @@
 
 namespace {
 
-const long MICROS_PER_SECOND = 1000000;
 const long SECONDS_PER_DAY = 86400;
 const int MAX_DECIMALS = 6;
-const int COMPACT_MICROS_BITS = 20;          // of the microseconds in the packed form
-const int COMPACT_MILLIS_BITS = 10;          // of the 1/1024 seconds in the packed form
 const double OUT_OF_RANGE_SECONDS = 9.2e18;  // what does not fit 64 bits, with a margin for rounding
 
 // A log can name any instant at all, so sums and products of seconds wrap around instead of overflowing.
@@ -30,11 +27,6 @@ time_t WrappingProduct(time_t a, time_t b) {
 
 long FloorDivide(long a, long b) {
     return a / b - (a % b < 0);
-}
-
-timeval Normalised(time_t seconds, long microseconds) {
-    const long carry = FloorDivide(microseconds, MICROS_PER_SECOND);
-    return {WrappingSum(seconds, carry), microseconds - carry * MICROS_PER_SECOND};
 }
 
 // The text of the current day. Entries come in time order, so that almost all of them find their day here.
@@ -101,7 +93,7 @@ const char* ClockLayout(const char* text) {
 long MicrosOfFraction(const char* text) {
     long microseconds = 0;
     if (*text != '.') return 0;
-    for (long weight = MICROS_PER_SECOND / 10; *++text >= '0' && *text <= '9'; weight /= 10) {
+    for (long weight = 100000; *++text >= '0' && *text <= '9'; weight /= 10) {
         microseconds += (*text - '0') * weight;
     }
     return microseconds;
@@ -150,15 +142,6 @@ Timestamp& Timestamp::operator=(double seconds) {
     return *this;
 }
 
-timeval Timestamp::TimevalFromMicros(long long compactMicros) {
-    return {compactMicros >> COMPACT_MICROS_BITS, compactMicros & ((1 << COMPACT_MICROS_BITS) - 1)};
-}
-
-timeval Timestamp::TimevalFromMillis(long long compactMillis) {
-    return {compactMillis >> COMPACT_MILLIS_BITS, (compactMillis & ((1 << COMPACT_MILLIS_BITS) - 1))
-                                                      << COMPACT_MILLIS_BITS};
-}
-
 timeval Timestamp::TimevalFromIntegers(int seconds, unsigned int microseconds) {
     return {seconds, microseconds};
 }
@@ -169,14 +152,6 @@ Timestamp Timestamp::FromMicros(long long compactMicros) {
 
 Timestamp Timestamp::FromMillis(long long compactMillis) {
     return Timestamp(TimevalFromMillis(compactMillis));
-}
-
-void Timestamp::addFromMicros(long long compactMicros) {
-    add(TimevalFromMicros(compactMicros));
-}
-
-void Timestamp::addFromMillis(long long compactMillis) {
-    add(TimevalFromMillis(compactMillis));
 }
 
 long long Timestamp::asCompactMicros() const {
@@ -238,12 +213,14 @@ void Timestamp::toTimespec(timespec* t) const {
     if (t != nullptr) *t = {timeval_.tv_sec, timeval_.tv_usec * 1000};
 }
 
-void Timestamp::add(const timeval& t) {
-    timeval_ = Normalised(WrappingSum(timeval_.tv_sec, t.tv_sec), timeval_.tv_usec + t.tv_usec);
+void Timestamp::normalise() {
+    const long carry = FloorDivide(timeval_.tv_usec, MICROS_PER_SECOND);
+    timeval_ = {WrappingSum(timeval_.tv_sec, carry), timeval_.tv_usec - carry * MICROS_PER_SECOND};
 }
 
 void Timestamp::subtract(const timeval& t) {
-    timeval_ = Normalised(WrappingDifference(timeval_.tv_sec, t.tv_sec), timeval_.tv_usec - t.tv_usec);
+    timeval_ = {WrappingDifference(timeval_.tv_sec, t.tv_sec), timeval_.tv_usec - t.tv_usec};
+    normalise();
 }
 
 Timestamp& Timestamp::operator+=(const Timespan& span) {
