@@ -12,6 +12,8 @@
 #include "logger/writer/FilterLogWriter.h"
 #include "logger/writer/KmlLogWriter.h"
 #include "logger/writer/LinearApproximationLogWriter.h"
+#include "logger/writer/NetCdfLogWriter.h"
+#include "logger/writer/NetCdfTableLogWriter.h"
 #include "logger/writer/TextLogWriter.h"
 #include "logger/writer/TextTableLogWriter.h"
 
@@ -26,8 +28,8 @@ const OutputAssembly::Output OutputAssembly::OUTPUTS[] = {
     {MATLAB_OUTPUT, ".mat", nullptr},
     {JSON_OUTPUT, ".js", nullptr},
     {KML_OUTPUT, ".kml", &OutputAssembly::addKml},
-    {NETCDF_TABLE_OUTPUT, ".nc", nullptr},
-    {NETCDF_OUTPUT, ".nc4", nullptr},
+    {NETCDF_TABLE_OUTPUT, ".nc", &OutputAssembly::addNetCdfTable},
+    {NETCDF_OUTPUT, ".nc4", &OutputAssembly::addNetCdf},
 };
 
 static Rule* DataRule() {
@@ -136,6 +138,28 @@ LogWriter* OutputAssembly::selectTrack(LogWriter* writer) const {
     char** const units = const_cast<char**>(KmlLogWriter::GetKmlUnits(flat));
     if (settings_.interpolate_) return new TableLogWriter(writer, count, names, units, true);
     return new LinearApproximationLogWriter(writer, count, names, units, KmlLogWriter::GetKmlErrors(flat), true, false);
+}
+
+// Thinned series have times of their own, which the table then shows; settings go with whole series only.
+void OutputAssembly::addNetCdfTable(const Str& filename) {
+    NetCdfTableLogWriter* const table = new NetCdfTableLogWriter(
+        filename, false, variables_.count_, variables_.names_.get(), variables_.units_.get(),
+        isThinned() || settings_.interpolate_, isThinned() ? 0 : variables_.settingCount_, variables_.settings_.get());
+    addArrayFile(table, true, TableRule());
+}
+
+void OutputAssembly::addNetCdf(const Str& filename) {
+    NetCdfLogWriter* const arrays =
+        new NetCdfLogWriter(filename, true, variables_.count_, variables_.names_.get(), variables_.units_.get(),
+                            variables_.settingCount_, variables_.settings_.get());
+    addArrayFile(arrays, true, TableRule());
+}
+
+// Writers of array files open them by name, also in a run to standard output.
+template <typename ArrayWriter>
+void OutputAssembly::addArrayFile(ArrayWriter* writer, bool sendAtStartCycle, Rule* rule) {
+    if (writer->isValid()) files_.push(writer);
+    engine_.addAssociation(isThinned() ? thin(writer, sendAtStartCycle, false) : writer, rule);
 }
 
 LogWriter* OutputAssembly::toFile(const Str& filename, LogWriter* writer, std::unique_ptr<FileEncoder> encoder) {

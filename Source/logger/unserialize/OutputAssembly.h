@@ -46,6 +46,10 @@ private:
     void addSyslog(const Str& filename);
     void addText(const Str& filename);
     void addKml(const Str& filename);
+    void addNetCdfTable(const Str& filename);
+    void addNetCdf(const Str& filename);
+    template <typename ArrayWriter>
+    void addArrayFile(ArrayWriter* writer, bool sendAtStartCycle, Rule* rule);
 
     LogWriter* toFile(const Str& filename, LogWriter* writer, std::unique_ptr<FileEncoder> encoder = nullptr);
     LogWriter* limitToNames(LogWriter* writer, bool passCycleStarts) const;

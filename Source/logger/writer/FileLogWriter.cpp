@@ -8,14 +8,9 @@
 #include <cstring>
 
 #include "data/Slate.h"
+#include "io/OldFile.h"
 
 namespace {
-// Leaves a device, a pipe or a directory of that name alone.
-void RemoveOldFile(const char* path) {
-    struct stat status;
-    if (lstat(path, &status) == 0 && (S_ISREG(status.st_mode) || S_ISLNK(status.st_mode))) remove(path);
-}
-
 // A count of bytes that stays at its largest value instead of starting again from 0.
 unsigned int ClippedCount(unsigned long long count) {
     return static_cast<unsigned int>(std::min<unsigned long long>(count, UINT_MAX));

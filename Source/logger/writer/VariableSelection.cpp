@@ -19,23 +19,15 @@ void VariableSelection::reset() {
     std::fill_n(variables_.get(), count_, Variable());
     std::fill_n(codeLookup_.get(), ElementURI::NUM_CODES, -1);
     resolved_ = false;
-    tried_ = false;
-}
-
-bool VariableSelection::isStale() const {
-    return !tried_ || seenElementCount_ != Slate::GetElementURICount() ||
-           seenAccessCount_ != Slate::GetDataAccessCount() || seenDirectoryRead_ != Slate::IsDirectoryRead();
+    watch_.reset();
 }
 
 bool VariableSelection::lookUpAll() {
-    seenElementCount_ = Slate::GetElementURICount();
-    seenAccessCount_ = Slate::GetDataAccessCount();
-    seenDirectoryRead_ = Slate::IsDirectoryRead();
-    tried_ = true;
+    watch_.look();
     resolved_ = true;
     for (int index = 0; index < count_; ++index) {
         lookUpUnit(index);
-        if (!isFound(index) && !lookUpCode(index) && !seenDirectoryRead_) resolved_ = false;
+        if (!isFound(index) && !lookUpCode(index) && !Slate::IsDirectoryRead()) resolved_ = false;
     }
     return resolved_;
 }
@@ -55,10 +47,11 @@ void VariableSelection::lookUpUnit(int index) {
     if (unitName != nullptr && unit(index) == nullptr) variables_[index].unit_ = UnitRegistry::FindUnit(unitName);
 }
 
-int VariableSelection::firstIndexOfName(int index) const {
-    int first = 0;
-    while (first < index && strcmp(names_[first], names_[index]) != 0) ++first;
-    return first;
+int VariableSelection::indexOfName(const char* name) const {
+    for (int index = 0; index < count_; ++index) {
+        if (strcmp(names_[index], name) == 0) return index;
+    }
+    return -1;
 }
 
 const DataAccess* VariableSelection::access(int index) const {

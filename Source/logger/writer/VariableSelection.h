@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdio>
 #include <memory>
 
 #include "data/ElementURI.h"
+#include "logger/writer/SlateWatch.h"
 
 class DataAccess;
 
@@ -19,7 +21,7 @@ public:
     bool resolve() { return resolved_ || (isStale() && lookUpAll()); }
     bool isResolved() const { return resolved_; }
     // The Slate has grown, or its directory was read, since the last resolve.
-    bool isStale() const;
+    bool isStale() const { return watch_.hasChanged(); }
 
     int count() const { return count_; }
     const char* name(int index) const { return names_[index]; }
@@ -30,10 +32,21 @@ public:
     // The index of the variable with that code (the last of equal names), -1 when none was asked for.
     int indexOf(unsigned short code) const { return code < ElementURI::NUM_CODES ? codeLookup_[code] : -1; }
     // The first index of the same name.
-    int firstIndexOfName(int index) const;
+    int firstIndexOfName(int index) const { return indexOfName(name(index)); }
+    int indexOfName(const char* name) const;  // the first one; -1 when it was not asked for
     // The access that describes the variable, and the unit in which it is shown; null while there is none.
     const DataAccess* access(int index) const;
     const Unit* shownUnit(int index) const;
+    // Says on standard output why an output holds nothing; hasPlace(index) tells whether it has one for the variable.
+    template <typename HasPlace>
+    void printMissing(HasPlace hasPlace) const {
+        for (int i = 0; i < count_; ++i) {
+            if (!isFound(i)) printf("Could not find variable \"%s\"\n", name(i));
+        }
+        for (int i = 0; resolved_ && i < count_; ++i) {
+            if (!hasPlace(i)) printf("Never ran writer for variable \"%s\"\n", name(i));
+        }
+    }
 
 private:
     struct Variable {
@@ -51,8 +64,5 @@ private:
     std::unique_ptr<Variable[]> variables_;
     std::unique_ptr<int[]> codeLookup_;  // by code, NUM_CODES of them: the index or -1
     bool resolved_ = false;
-    unsigned int seenElementCount_ = 0;  // of the Slate at the last try
-    unsigned int seenAccessCount_ = 0;
-    bool seenDirectoryRead_ = false;
-    bool tried_ = false;
+    SlateWatch watch_;
 };

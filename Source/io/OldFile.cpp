@@ -1,0 +1,10 @@
+#include "io/OldFile.h"
+
+#include <sys/stat.h>
+
+#include <cstdio>
+
+void RemoveOldFile(const char* path) {
+    struct stat status;
+    if (lstat(path, &status) == 0 && (S_ISREG(status.st_mode) || S_ISLNK(status.st_mode))) remove(path);
+}

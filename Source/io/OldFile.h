@@ -1,0 +1,4 @@
+#pragma once
+
+// Makes way for a new file: removes the file or link at the path, but leaves a device, a pipe or a directory alone.
+void RemoveOldFile(const char* path);

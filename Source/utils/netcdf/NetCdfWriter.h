@@ -1,0 +1,112 @@
+#pragma once
+
+#include "utils/Timestamp.h"
+#include "utils/netcdf/NetCdf.h"
+#include "utils/netcdf/NetCdfAttValue.h"
+
+class BlobValue;
+class ElementURI;
+class NetCdfWriter;
+
+typedef NetCdfWriter NetCdfGroup;
+typedef FastMap<const Str, NetCdfGroup*> NetCdfGroups;
+
+// Writes one NetCDF file, or stands for one group in it. First everything is defined, each definition idempotent by its
+// name; initialize ends that; then come records, which are gathered and put in blocks; finalize closes the file.
+// Errors: definitions give null and everything else false once a call of the library has failed (isOk). A failed record
+// or group is printed on standard output; the first failure of the file is one ERROR message besides. What was written
+// stays.
+class NetCdfWriter : public NetCdf {
+public:
+    static const char* const TIME_NAME;  // of the shared time axis of the classic format
+    static const char* const TRAJECTORY_ID;
+
+    // A new writer, owned by the caller; null, and the reason printed, when the file cannot be created.
+    static NetCdfWriter* NewNetCdfWriter(const char* path, bool version4, const char* trajectoryName);
+
+    // Replaces the file at path. version4: a NetCDF-4 file, otherwise one of the classic format. With a trajectory name
+    // (borrowed; null for none) the file names its trajectory, and in the classic format has a shared time axis.
+    NetCdfWriter(const char* path, bool version4, const char* trajectoryName);
+    // A group in the NetCDF-4 file or group parentId; not ok, and the reason printed, when it cannot be defined.
+    NetCdfWriter(const char* name, int parentId);
+    ~NetCdfWriter() override;  // closes the file if that has not been done
+
+    // Definitions. What they return belongs to the writer; an existing item of that name is returned as it is.
+    NetCdfGroup* findGroup(const Str& name) const { return groups_.get(name); }
+    NetCdfGroup* addGroup(const Str& name);                 // null when it cannot be defined: the file stays ok
+    NetCdfDim* addDim(const Str& name, unsigned int size);  // size 0: unlimited
+    // A variable with a value per record. d1 is unlimited; null stands for the shared time axis. d2 to d4, as far as
+    // given, are the shape of a record.
+    NetCdfVar* addVar(const Str& name, NetCdfType type, const NetCdfDim* d1, const NetCdfDim* d2 = nullptr,
+                      const NetCdfDim* d3 = nullptr, const NetCdfDim* d4 = nullptr);
+    NetCdfVar* addStaticVar(const Str& name, NetCdfType type, const NetCdfDim* dim);
+    NetCdfAtt* addGlobalAtt(const Str& name, const NetCdfAttValue& value) {
+        return addAtt(gatts_, GLOBAL_ID, name, value);
+    }
+    NetCdfAtt* addVarAtt(NetCdfVar& var, const Str& name, const NetCdfAttValue& value) {
+        return addAtt(var.atts_, var.varId_, name, value);
+    }
+    bool setAttValue(NetCdfAtt& att, const NetCdfAttValue& value);
+    // After a failed definition: true when only its own name or type was at fault, so that the file can go on.
+    bool recover();
+
+    // Records to gather per variable at most, for variables still to be defined; 1 puts each record at once.
+    void setBlockRecords(unsigned int records) { blockRecords_ = records; }
+    // Room that the classic format keeps for attributes that become longer later; before initialize.
+    void setHeaderRoom(size_t bytes) { headerRoom_ = bytes; }
+
+    bool initialize();  // ends the definitions, of the groups too; idempotent
+    // The time, and the current value of every other record variable, make the next record.
+    bool writeRecord(const Timestamp& t);
+    // The current value makes the next record of the variable, which may be one of a group; others than record
+    // variables are left alone. An array's shape is that of the element name, which may be null.
+    bool writeVarRecord(NetCdfVar* var, const ElementURI* uri);
+    // Between the two, after initialize, attributes can be set again to values of any length.
+    bool beginAttChanges();
+    bool endAttChanges();
+    bool finalize();  // false, with nothing done, when not ok or finalized already
+
+    bool isOk() const { return ok_; }
+
+private:
+    static const int GLOBAL_ID = -1;  // stands for the file where a variable's id is asked for
+    static const size_t CHUNK_RECORDS = 256;
+    static const size_t CHUNK_CACHE_ROOM = 67108864;  // bytes, for all chunks of a file that are in work
+    static const size_t ROW_ROOM = 524288;            // bytes of a classic file over which a block is spread
+
+    bool isGroup() const { return filename_.isEmpty(); }
+    bool check(int status);  // notes the status of a call of the library
+    void report(const char* failedTo);
+    void defineTrajectory();
+    NetCdfVar* defineVar(const Str& name, NetCdfType type, int nDims, const int* dimIds);
+    void chunk(const NetCdfVar& var, const size_t* recordShape);
+    NetCdfAtt* addAtt(NetCdfAtts& atts, int varId, const Str& name, const NetCdfAttValue& value);
+    bool initializeGroups();
+    void spreadBlocks();
+
+    static double NumberOf(const NetCdfVar& var);
+    static void GatherArray(const NetCdfVar& var, const BlobValue& blob, const ElementURI& uri);
+    bool flushRecords();
+    bool flushVarRecords(NetCdfVar& var);
+    bool flushAll();
+    bool flushVarsOf(NetCdfWriter& writer);  // and of its groups
+
+    bool ok_ = true;
+    const Str filename_;        // empty for a group
+    unsigned int numRecs_ = 0;  // by writeRecord
+    bool initialized_ = false;
+    bool finalized_ = false;
+    const char* const trajectoryName_;  // borrowed; may be null
+    const bool version4_;
+    NetCdfDim* trajectoryLenDim_ = nullptr;  // these four are null where the file has none
+    NetCdfVar* trajectoryVar_ = nullptr;
+    NetCdfDim* timeDim_ = nullptr;
+    NetCdfVar* timeVar_ = nullptr;
+    NetCdfGroups groups_;  // owned
+    NetCdfWriter* root_;   // the writer of the file; itself, or of a group the one that added it
+    unsigned int blockRecords_;
+    size_t headerRoom_ = 0;
+    size_t cacheRoomLeft_ = CHUNK_CACHE_ROOM;
+    int systemError_ = 0;  // errno of the failed call
+    bool reported_ = false;
+};

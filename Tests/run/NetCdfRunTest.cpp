@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+#include "DiveLog.h"
+#include "Program.h"
+#include "support/NetCdfFile.h"
+
+// The array files of whole logs, as other programs read them.
+
+namespace {
+
+// What a command of the shell prints, with what it complains about.
+std::string OutputOf(const std::string& command) {
+    FILE* const pipe = popen((command + " 2>&1").c_str(), "r");
+    std::string output;
+    char part[4096];
+    for (size_t n; (n = fread(part, 1, sizeof part, pipe)) > 0;) output.append(part, n);
+    pclose(pipe);
+    return output;
+}
+
+std::string Python(const std::string& arguments) {
+    return OutputOf(std::string(SCIENCE_PYTHON) + " " + arguments);
+}
+
+class NetCdfRunTest : public ::testing::Test {
+protected:
+    std::string path(const std::string& name) const { return program_.files().path(name); }
+    std::string run(const std::vector<std::string>& arguments) {
+        const Outcome outcome = program_.run(arguments);
+        EXPECT_EQ(0, outcome.status_) << ::testing::PrintToString(arguments);
+        return outcome.out_;
+    }
+    void synthesize(const char* options) {
+        EXPECT_NE("", OutputOf(std::string(SLATESYNTH_PROGRAM) + " " + options + " " + path("dive")));
+    }
+
+    Program program_;
+};
+
+// The messages of a run's own, without times.
+std::string ErrorsIn(const std::string& output) {
+    std::string errors;
+    for (size_t at = output.find("(ERROR): "); at != std::string::npos; at = output.find("(ERROR): ", at + 1)) {
+        errors += output.substr(at, output.find('\n', at) + 1 - at);
+    }
+    return errors;
+}
+
+}  // namespace
+
+TEST_F(NetCdfRunTest, EveryValueOfADiveIsInBothFiles) {
+    synthesize("--minutes 4");
+    EXPECT_EQ("", run({"-qO", "-a", "dive"}));
+    EXPECT_EQ("", run({"-qO", "-n", "-N", "dive"}));
+    const std::string differences =
+        Python(CHECK_NETCDF " " + path("dive.asc") + " " + path("dive.nc") + " " + path("dive.nc4"));
+    EXPECT_LT(100000, atoi(differences.c_str())) << differences;
+}
+
+TEST_F(NetCdfRunTest, XarrayDecodesTheTimes) {
+    program_.files().write("dive", DiveLog::Of(3));
+    run({"-qO", "-n", "-N", "dive"});
+    EXPECT_EQ("2012-06-01T12:30:01.000000000 0.5\n",
+              Python("-c 'import xarray; d = xarray.open_dataset(\"" + path("dive.nc") +
+                     "\"); print(d.Time.values[1], d[\"Depth.depth\"].values[1])'"));
+    EXPECT_EQ("2012-06-01T12:30:01.250000000 0.5\n",
+              Python("-c 'import xarray; d = xarray.open_dataset(\"" + path("dive.nc4") +
+                     "\", group=\"Depth\"); print(d[\"Depth.depth_time\"].dt.round(\"ms\").values[1], "
+                     "d[\"Depth.depth\"].values[1])'"));
+}
+
+TEST_F(NetCdfRunTest, TheExamplePlots) {
+    synthesize("--minutes 2");
+    run({"-qO", "-N", "dive"});
+    EXPECT_EQ("", Python(EXAMPLE_PLOT " " + path("dive.nc4") + " " + path("dive.png")));
+    EXPECT_EQ("\x89PNG", program_.files().read("dive.png").substr(0, 4));
+}
+
+TEST_F(NetCdfRunTest, NcdumpShowsTheTable) {
+    program_.files().write("dive", DiveLog::Of(2));
+    run({"-qO", "-n", "dive", "Depth.depth", "(foot)"});
+    EXPECT_EQ(
+        R"(netcdf dive {
+dimensions:
+	trajectoryNameLen = 15 ;
+	Time = UNLIMITED ; // (2 currently)
+variables:
+	char trajectory_id(trajectoryNameLen) ;
+		trajectory_id:standard_name = "trajectory_id" ;
+	double Time(Time) ;
+		Time:standard_name = "time" ;
+		Time:units = "seconds since 1970-01-01 00:00:00" ;
+		Time:axis = "T" ;
+	float Depth.depth(Time) ;
+		Depth.depth:units = "ft" ;
+
+// global attributes:
+		:Conventions = "CF-1.4" ;
+		:CF\:featureType = "trajectory" ;
+data:
+
+ trajectory_id = "ORVEKTrajectory" ;
+
+ Time = 1338553800, 1338553801 ;
+
+ Depth.depth = 0, 1.64042 ;
+}
+)",
+        OutputOf("ncdump " + path("dive.nc")));
+}
+
+// Names, units, errors: what is thinned has rows of its own.
+TEST_F(NetCdfRunTest, ThinnedSeries) {
+    program_.files().write("dive", DiveLog::Of(100));
+    run({"-qO", "-n", "-N", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
+    const NetCdfFile table(path("dive.nc"));
+    const NetCdfFile series(path("dive.nc4"));
+    EXPECT_GT(20u, series.numbers("Depth/Depth.depth").size());
+    EXPECT_LT(1u, series.numbers("Depth/Depth.depth").size());
+    EXPECT_LT(1u, table.numbers("Time").size());
+    EXPECT_EQ(series.numbers("Depth/Depth.depth").back(), table.numbers("Depth.depth").back());
+    EXPECT_EQ(49.5, table.numbers("Depth.depth").back());
+}
+
+// Everything that can go wrong.
+
+TEST_F(NetCdfRunTest, FilesThatCannotBeCreated) {
+    program_.files().write("dive", DiveLog::Of(2));
+    for (const char* option : {"-n", "-N"}) {
+        const std::string output = run({"-qO", option, "-o", "no/file", "dive"});
+        EXPECT_EQ(0u, output.find("NetCdf error: "));
+        EXPECT_EQ("(ERROR): Failed to open no/file: No such file or directory\n", ErrorsIn(output));
+    }
+}
+
+// Also when no more than the end of the file does not fit any more.
+TEST_F(NetCdfRunTest, ADiskThatFillsUp) {
+    program_.files().write("dive", DiveLog::Of(30000));
+    for (const char* option : {"-n", "-N"}) {
+        const std::string name = option == std::string("-n") ? "dive.nc" : "dive.nc4";
+        run({"-qO", option, "dive"});
+        const size_t whole = program_.files().read(name).size();
+        for (const size_t room : {size_t(1000), whole / 2, whole - 1}) {
+            rlimit before;
+            getrlimit(RLIMIT_FSIZE, &before);
+            const rlimit small{room, before.rlim_max};
+            setrlimit(RLIMIT_FSIZE, &small);
+            const std::string errors = ErrorsIn(run({"-qO", option, "dive"}));
+            setrlimit(RLIMIT_FSIZE, &before);
+            EXPECT_EQ(1u, CountOf(errors, "\n")) << name << " " << room;
+            EXPECT_EQ(1u, CountOf(errors, name + ": File too large\n")) << name << " " << room << errors;
+        }
+    }
+}
+
+TEST_F(NetCdfRunTest, NothingToWrite) {
+    DiveLog empty;
+    empty.begin();
+    program_.files().write("empty", empty.bytes());
+    program_.files().write("dive", DiveLog::Of(2));
+    for (const char* option : {"-n", "-N"}) {
+        EXPECT_EQ(
+            "No netCDF file written\nCould not find variable \"Depth.depth\"\n"
+            "Could not find variable \"Nav.speed\"\n",
+            run({"-qO", option, "empty"}));
+    }
+    EXPECT_EQ("", run({"-qO", "-n", "dive", "No.such"}));
+    EXPECT_TRUE(std::isnan(NetCdfFile(path("dive.nc")).numbers("No.such").at(1)));
+    EXPECT_EQ("Not found: 16383 ?\n", run({"-qO", "-N", "dive", "No.such"}));
+    EXPECT_TRUE(NetCdfFile(path("dive.nc4")).isOpen());
+}

@@ -1,0 +1,277 @@
+#include "utils/netcdf/NetCdfWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+
+#include "data/BlobValue.h"
+#include "data/ElementURI.h"
+#include "support/NetCdfFile.h"
+#include "support/SlateFixture.h"
+#include "support/TempDir.h"
+#include "units/Units.h"
+
+namespace {
+
+const double INF = std::numeric_limits<double>::infinity();
+
+class NetCdfWriterTest : public SlateFixture {
+protected:
+    std::unique_ptr<NetCdfWriter> open(bool version4, unsigned int blockRecords = 256) {
+        std::unique_ptr<NetCdfWriter> writer(
+            NetCdfWriter::NewNetCdfWriter(path_.c_str(), version4, version4 ? nullptr : "Trip"));
+        if (writer != nullptr) writer->setBlockRecords(blockRecords);
+        return writer;
+    }
+
+    const TempDir files_;
+    const std::string path_ = files_.path("file");
+};
+
+// A value in a holder, written as one record of its own.
+bool WriteNumber(NetCdfWriter& writer, NetCdf::NetCdfVar* var, double number) {
+    const std::unique_ptr<DataValue> value(Units::NONE.dataValue(number, DOUBLE8));
+    var->dataValue_ = value.get();
+    const bool isWritten = writer.writeVarRecord(var, nullptr);
+    var->dataValue_ = nullptr;
+    return isWritten;
+}
+
+}  // namespace
+
+TEST_F(NetCdfWriterTest, TheClassicFileHasATrajectoryAndATimeAxis) {
+    const std::unique_ptr<NetCdfWriter> writer = open(false);
+    ASSERT_TRUE(writer->initialize());
+    EXPECT_TRUE(writer->writeRecord(Timestamp(100, 500000)));
+    EXPECT_TRUE(writer->finalize());
+    EXPECT_FALSE(writer->finalize());
+    const NetCdfFile file(path_);
+    EXPECT_EQ(std::vector<size_t>({4}), file.shape("trajectory_id"));
+    EXPECT_EQ("trajectory_id", file.att("trajectory_id", "standard_name"));
+    EXPECT_EQ(std::vector<double>({100.5}), file.numbers("Time"));
+    EXPECT_EQ("seconds since 1970-01-01 00:00:00", file.att("Time", "units"));
+    EXPECT_EQ("time", file.att("Time", "standard_name"));
+    EXPECT_EQ("T", file.att("Time", "axis"));
+}
+
+TEST_F(NetCdfWriterTest, EveryDefinitionIsMadeOnce) {
+    const std::unique_ptr<NetCdfWriter> writer = open(true);
+    NetCdf::NetCdfDim* const dim = writer->addDim("n", 3);
+    EXPECT_EQ(dim, writer->addDim("n", 5));
+    EXPECT_EQ(dim, writer->findDim("n"));
+    NetCdf::NetCdfVar* const var = writer->addVar("v", NetCdf::NC_INT_TYPE, writer->addDim("t", 0), dim);
+    EXPECT_EQ(var, writer->addVar("v", NetCdf::NC_DOUBLE_TYPE, dim));
+    EXPECT_EQ(NetCdf::NC_INT_TYPE, var->netCdfType_);
+    NetCdf::NetCdfAtt* const att = writer->addVarAtt(*var, "units", "m");
+    EXPECT_EQ(att, writer->addVarAtt(*var, "units", "km"));
+    EXPECT_EQ(att, writer->findAtt(*var, "units"));
+    EXPECT_EQ(nullptr, writer->findAtt("units"));
+    NetCdfGroup* const group = writer->addGroup("g");
+    EXPECT_EQ(group, writer->addGroup("g"));
+    EXPECT_EQ(nullptr, group->findVar("v"));
+    EXPECT_EQ(nullptr, writer->findGroup("h"));
+    EXPECT_TRUE(writer->initialize());
+    EXPECT_TRUE(writer->initialize());
+    EXPECT_TRUE(writer->isOk());
+}
+
+TEST_F(NetCdfWriterTest, AttributesOfEveryKindCanGrowAfterTheRecords) {
+    for (bool version4 : {false, true}) {
+        const std::unique_ptr<NetCdfWriter> writer = open(version4);
+        NetCdf::NetCdfAtt* const text = writer->addGlobalAtt("text", "");
+        NetCdf::NetCdfAtt* const small = writer->addGlobalAtt("short", short(0));
+        writer->addGlobalAtt("byte", static_cast<unsigned char>(7));
+        writer->addGlobalAtt("int", -70000);
+        writer->addGlobalAtt("float", 1.5f);
+        writer->addGlobalAtt("double", 2.25);
+        ASSERT_TRUE(writer->initialize());
+        EXPECT_TRUE(writer->writeRecord(Timestamp(1, 0)));
+        ASSERT_TRUE(writer->beginAttChanges());
+        EXPECT_TRUE(writer->setAttValue(*text, Str(nullptr, 1000)));
+        EXPECT_TRUE(writer->setAttValue(*small, 70000));
+        ASSERT_TRUE(writer->endAttChanges());
+        EXPECT_TRUE(writer->finalize());
+        const NetCdfFile file(path_);
+        EXPECT_EQ(1000u, file.att("", "text").size());
+        EXPECT_EQ("32767", file.att("", "short"));
+        EXPECT_EQ("7", file.att("", "byte"));
+        EXPECT_EQ("-70000", file.att("", "int"));
+        EXPECT_EQ("1.5", file.att("", "float"));
+        EXPECT_EQ("2.25", file.att("", "double"));
+        EXPECT_EQ(version4 ? std::vector<double>() : std::vector<double>({1}), file.numbers("Time"));
+    }
+}
+
+TEST_F(NetCdfWriterTest, NumbersAreFittedToTheirType) {
+    const struct {
+        NetCdf::NetCdfType type_;
+        double value_;
+        double read_;
+    } cases[] = {
+        {NetCdf::NC_BYTE_TYPE, 200.9, -56},
+        {NetCdf::NC_BYTE_TYPE, NAN, NC_FILL_BYTE},
+        {NetCdf::NC_UBYTE_TYPE, 257, 1},
+        {NetCdf::NC_UBYTE_TYPE, NAN, NC_FILL_UBYTE},
+        {NetCdf::NC_SHORT_TYPE, 40000, -25536},
+        {NetCdf::NC_SHORT_TYPE, -3.9, -3},
+        {NetCdf::NC_USHORT_TYPE, -25536, 40000},
+        {NetCdf::NC_INT_TYPE, 1e20, 2147483647},
+        {NetCdf::NC_INT_TYPE, -INF, -2147483648.0},
+        {NetCdf::NC_INT_TYPE, NAN, NC_FILL_INT},
+        {NetCdf::NC_UINT_TYPE, -1, 0},
+        {NetCdf::NC_INT64_TYPE, -1e30, -9223372036854775808.0},
+        {NetCdf::NC_UINT64_TYPE, NAN, double(NC_FILL_UINT64)},
+        {NetCdf::NC_FLOAT_TYPE, 1e300, INF},
+        {NetCdf::NC_FLOAT_TYPE, 0.1, double(0.1f)},
+        {NetCdf::NC_DOUBLE_TYPE, -INF, -INF},
+    };
+    const std::unique_ptr<NetCdfWriter> writer = open(true);
+    const NetCdf::NetCdfDim* const time = writer->addDim("t", 0);
+    for (const auto& test : cases) {
+        const Str name = Str("v") + Str(size_t(&test - cases), 10);
+        writer->addVar(name, test.type_, time);
+    }
+    ASSERT_TRUE(writer->initialize());
+    for (const auto& test : cases) {
+        EXPECT_TRUE(WriteNumber(*writer, writer->findVar(Str("v") + Str(size_t(&test - cases), 10)), test.value_));
+    }
+    EXPECT_TRUE(writer->finalize());
+    const NetCdfFile file(path_);
+    for (const auto& test : cases) {
+        const std::vector<double> read = file.numbers("v" + std::to_string(&test - cases));
+        ASSERT_EQ(1u, read.size());
+        EXPECT_EQ(test.read_, read[0]) << test.type_ << " " << test.value_;
+    }
+}
+
+// Rows of an array, a short array, and an array whose first dimension is none.
+TEST_F(NetCdfWriterTest, ArraysAreWrittenElementByElement) {
+    const ElementURI uri(ElementURI::NO_CODE, "C.a", ElementURI::DATA_ELEMENT, Units::NONE, STRVALUE, BLOB_INT16LE, 2,
+                         3);
+    const ElementURI flat(ElementURI::NO_CODE, "C.b", ElementURI::DATA_ELEMENT, Units::NONE, STRVALUE, BLOB_INT16LE, 0,
+                          3);
+    const short elements[] = {1, 2, 3, 4, 5, 6};
+    BlobValue whole(elements, 6, uri);
+    BlobValue cut(elements, 4, uri);
+    const std::unique_ptr<NetCdfWriter> writer = open(true);
+    const NetCdf::NetCdfDim* const time = writer->addDim("t", 0);
+    NetCdf::NetCdfVar* const var =
+        writer->addVar("a", NetCdf::NC_SHORT_TYPE, time, writer->addDim("m", 2), writer->addDim("n", 3));
+    ASSERT_TRUE(writer->initialize());
+    var->dataValue_ = &whole;
+    EXPECT_TRUE(writer->writeVarRecord(var, &uri));
+    var->dataValue_ = &cut;
+    EXPECT_TRUE(writer->writeVarRecord(var, &uri));
+    EXPECT_TRUE(writer->writeVarRecord(var, &flat));
+    EXPECT_EQ(3u, var->numRecs_);
+    EXPECT_TRUE(writer->finalize());
+    const NetCdfFile file(path_);
+    const double fill = NC_FILL_SHORT;
+    EXPECT_EQ(std::vector<size_t>({3, 2, 3}), file.shape("a"));
+    EXPECT_EQ(std::vector<double>({1, 2, 3, 4, 5, 6, 1, 2, 3, 4, fill, fill, fill, fill, fill, fill, fill, fill}),
+              file.numbers("a"));
+}
+
+TEST_F(NetCdfWriterTest, TextsEndAtTheirFirstZero) {
+    StrValue text("");
+    const std::unique_ptr<NetCdfWriter> writer = open(true);
+    NetCdf::NetCdfVar* const var = writer->addVar("s", NetCdf::NC_STRING_TYPE, writer->addDim("t", 0));
+    ASSERT_TRUE(writer->initialize());
+    var->dataValue_ = &text;
+    for (const Str& value : {Str("one"), Str("a\0b", 3), Str(), Str("\xC3\xBC \"\n")}) {
+        text.setFrom(value);
+        EXPECT_TRUE(writer->writeVarRecord(var, nullptr));
+    }
+    EXPECT_TRUE(writer->finalize());
+    EXPECT_EQ(std::vector<std::string>({"one", "a", "", "\xC3\xBC \"\n"}), NetCdfFile(path_).texts("s"));
+}
+
+// Blocks of any size give the same file, byte by byte.
+TEST_F(NetCdfWriterTest, BlocksDoNotShow) {
+    std::string bytes[2];
+    for (unsigned int blockRecords : {1u, 256u}) {
+        const std::unique_ptr<NetCdfWriter> writer = open(false, blockRecords);
+        const std::unique_ptr<DataValue> value(Units::NONE.dataValue(DOUBLE8));
+        NetCdf::NetCdfVar* const vars[] = {writer->addVar("i", NetCdf::NC_SHORT_TYPE, nullptr),
+                                           writer->addVar("f", NetCdf::NC_FLOAT_TYPE, nullptr)};
+        for (NetCdf::NetCdfVar* var : vars) var->dataValue_ = value.get();
+        ASSERT_TRUE(writer->initialize());
+        for (int i = 0; i < 1000; ++i) {
+            value->setFrom(Units::NONE, i * 0.75);
+            EXPECT_TRUE(writer->writeRecord(Timestamp(i, 0)));
+        }
+        EXPECT_TRUE(writer->finalize());
+        bytes[blockRecords == 1] = files_.read("file");
+    }
+    EXPECT_LT(1000u * 14, bytes[0].size());
+    EXPECT_TRUE(bytes[0] == bytes[1]);
+}
+
+// Everything that can go wrong.
+
+TEST_F(NetCdfWriterTest, AFileThatCannotBeCreated) {
+    testing::internal::CaptureStdout();
+    for (bool version4 : {false, true}) {
+        EXPECT_EQ(nullptr, NetCdfWriter::NewNetCdfWriter(files_.path("no/file").c_str(), version4, "Trip"));
+        EXPECT_EQ("ERROR Failed to open " + files_.path("no/file") + ": No such file or directory", log_.take().at(0));
+    }
+    // Of NetCDF-4 files the library says only that it could not.
+    EXPECT_EQ("NetCdf error: No such file or directory\nNetCdf error: Permission denied\n",
+              testing::internal::GetCapturedStdout());
+}
+
+TEST_F(NetCdfWriterTest, ABadNameEndsDefinitionsUntilTheyAreResumed) {
+    const std::unique_ptr<NetCdfWriter> writer = open(true);
+    EXPECT_EQ(nullptr, writer->addDim("a/b", 1));
+    EXPECT_STREQ("NetCDF: Name contains illegal characters", writer->status());
+    EXPECT_FALSE(writer->isOk());
+    EXPECT_EQ(nullptr, writer->addDim("good", 1));
+    EXPECT_EQ(nullptr, writer->addGlobalAtt("good", 1));
+    EXPECT_TRUE(writer->recover());
+    EXPECT_NE(nullptr, writer->addDim("good", 1));
+    EXPECT_EQ(nullptr, writer->addVar(Str(nullptr, 300), NetCdf::NC_INT_TYPE, nullptr));
+    EXPECT_TRUE(writer->recover());
+    EXPECT_TRUE(writer->initialize());
+}
+
+TEST_F(NetCdfWriterTest, GroupsThatCannotBeDefined) {
+    const std::unique_ptr<NetCdfWriter> classic = open(false);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(nullptr, classic->addGroup("g"));
+    EXPECT_EQ(
+        "nc_def_grp failed to define a new NetCdf group for var g with error: "
+        "Attempting a netCDF-4 operation on a netCDF-3 file (code -111).\n",
+        testing::internal::GetCapturedStdout());
+    const TempDir others;
+    const NetCdfWriter version4(others.path("file").c_str(), true, nullptr);
+    NetCdfWriter& writer = const_cast<NetCdfWriter&>(version4);
+    writer.addVar("taken", NetCdf::NC_INT_TYPE, writer.addDim("t", 0));
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(nullptr, writer.addGroup("taken"));
+    EXPECT_EQ(nullptr, writer.addGroup("a/b"));
+    EXPECT_EQ(
+        "nc_def_grp failed to define a new NetCdf group for var taken with error: Name is in use (code -42).\n"
+        "nc_def_grp failed to define a new NetCdf group for var a/b with error: "
+        "Name contains illegal characters (code -59).\n",
+        testing::internal::GetCapturedStdout());
+    EXPECT_TRUE(writer.isOk());
+}
+
+TEST_F(NetCdfWriterTest, RecordsOutsideDataModeStopTheFile) {
+    const std::unique_ptr<NetCdfWriter> writer = open(false, 1);
+    writer->addVar("v", NetCdf::NC_FLOAT_TYPE, nullptr);
+    testing::internal::CaptureStdout();
+    for (int i = 0; i < 300 && writer->isOk(); ++i) writer->writeRecord(Timestamp(i, 0));
+    EXPECT_FALSE(writer->writeRecord(Timestamp(1000, 0)));
+    EXPECT_EQ(
+        "writeRecord #0, var#1 (name=\"Time\", value=null), write 0 error: "
+        "NetCDF: Operation not allowed in define mode\n",
+        testing::internal::GetCapturedStdout());
+    EXPECT_EQ(
+        std::vector<std::string>({"ERROR Failed to write " + path_ + ": NetCDF: Operation not allowed in define mode"}),
+        log_.take());
+    EXPECT_FALSE(writer->initialize());
+    EXPECT_FALSE(writer->finalize());
+}
