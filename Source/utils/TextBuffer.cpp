@@ -2,17 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 
 static const size_t LONGEST_INTEGER = 20;  // characters of the least long long
 static const char HEX_DIGITS[] = "0123456789ABCDEF";
 
 TextBuffer::~TextBuffer() {
     if (chars_ != own_) delete[] chars_;
-}
-
-TextBuffer& TextBuffer::append(const char* text) {
-    return append(text, strlen(text));
 }
 
 TextBuffer& TextBuffer::appendInt(long long value) {
@@ -38,11 +33,6 @@ TextBuffer& TextBuffer::appendHexDigits(unsigned long long value, int digits) {
 TextBuffer& TextBuffer::appendFixed(double value, unsigned int decimals) {
     length_ += NumberText::Fixed(value, decimals, roomFor(NumberText::MAX_LENGTH + 1));
     return *this;
-}
-
-char* TextBuffer::roomFor(size_t more) {
-    if (more > room_ - length_) grow(more);
-    return chars_ + length_;
 }
 
 void TextBuffer::grow(size_t more) {

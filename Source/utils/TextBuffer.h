@@ -16,14 +16,23 @@ public:
     ~TextBuffer();
 
     TextBuffer& append(const char* text, size_t length) {
-        if (length > room_ - length_) grow(length);
-        memcpy(chars_ + length_, text, length);
+        memcpy(roomFor(length), text, length);
         length_ += length;
         return *this;
     }
-    TextBuffer& append(const char* text);
+    TextBuffer& append(const char* text) { return append(text, strlen(text)); }
     TextBuffer& append(const Str& text) { return append(text.data(), text.length()); }
-    TextBuffer& append(char c) { return append(&c, 1); }
+    TextBuffer& append(char c) {
+        *roomFor(1) = c;
+        ++length_;
+        return *this;
+    }
+    TextBuffer& appendDigits(unsigned long value, int count) {  // exactly so many decimal digits
+        char* const at = roomFor(static_cast<size_t>(count));
+        for (int i = count; i-- > 0; value /= 10) at[i] = static_cast<char>('0' + value % 10);
+        length_ += static_cast<size_t>(count);
+        return *this;
+    }
     TextBuffer& appendInt(long long value);                             // decimal
     TextBuffer& appendHex(unsigned long long value);                    // upper-case, without leading zeros
     TextBuffer& appendHexDigits(unsigned long long value, int digits);  // upper-case, exactly so many digits
@@ -37,7 +46,10 @@ public:
 
 private:
     void grow(size_t more);
-    char* roomFor(size_t more);  // where the next piece goes, with so many bytes free behind it
+    char* roomFor(size_t more) {  // where the next piece goes, with so many bytes free behind it
+        if (more > room_ - length_) grow(more);
+        return chars_ + length_;
+    }
 
     static constexpr size_t OWN_ROOM = 512;
     char own_[OWN_ROOM];

@@ -63,16 +63,6 @@ char* PutClock(char* to, long secondOfDay) {
     return PutDigits(to, secondOfDay % 60, 2);
 }
 
-// ".410": the digits that "%.*f" prints of the fraction in single precision; a fraction that rounds up to one gives
-// zeros. A single precision number times at most 1e6 is exact in double precision, hence rounded as printing does.
-char* PutFraction(char* to, long microseconds, int decimals) {
-    static const long POWERS[MAX_DECIMALS + 1] = {1, 10, 100, 1000, 10000, 100000, 1000000};
-    const float fraction = static_cast<float>(microseconds) / 1e6f;
-    const long scaled = std::lrint(std::fabs(static_cast<double>(fraction)) * static_cast<double>(POWERS[decimals]));
-    *to++ = '.';
-    return PutDigits(to, scaled % POWERS[decimals], decimals);
-}
-
 const char* DateLayout(const char* text) {
     const char fifth = strlen(text) > 3 ? text[4] : '\0';
     if (strchr(text, '-') != nullptr) return fifth == '-' || fifth == '/' ? "%Y-%m-%d" : "%m-%d-%Y";
@@ -301,12 +291,24 @@ char* Timestamp::toString(char* buf, int size, int decimals) const {
         memcpy(end, day.text_, day.length_);
         end = PutClock(end + day.length_, timeval_.tv_sec - day.day_ * SECONDS_PER_DAY);
     }
-    if (decimals > 0) end = PutFraction(end, timeval_.tv_usec, decimals);
+    if (decimals > 0) {
+        *end++ = '.';
+        end = PutDigits(end, printedFraction(decimals), decimals);
+    }
     *end++ = 'Z';
     const size_t length = std::min(static_cast<size_t>(end - text), static_cast<size_t>(size) - 1);
     memcpy(buf, text, length);
     buf[length] = '\0';
     return buf;
+}
+
+// The digits that "%.*f" prints of the fraction in single precision; a fraction that rounds up to one gives zeros. A
+// single precision number times at most 1e6 is exact in double precision, hence rounded as printing does.
+long Timestamp::printedFraction(int decimals) const {
+    static const long POWERS[MAX_DECIMALS + 1] = {1, 10, 100, 1000, 10000, 100000, 1000000};
+    const float fraction = static_cast<float>(timeval_.tv_usec) / 1e6f;
+    const double scaled = std::fabs(static_cast<double>(fraction)) * static_cast<double>(POWERS[decimals]);
+    return std::lrint(scaled) % POWERS[decimals];
 }
 
 Str Timestamp::toString(int decimals) const {

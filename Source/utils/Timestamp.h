@@ -91,9 +91,10 @@ public:
     // "2012-06-01T12:30:00.410Z", cut to size; decimals at most 6, none at 0. The result is buf.
     char* toString(char* buf, int size, int decimals) const;
     Str toString(int decimals) const;
-    Str toSmallString() const;     // 20120601T123000
-    Str toSmallerString() const;   // 201206011230
-    Str toDateHourString() const;  // 2012060112
+    long printedFraction(int decimals) const;  // what stands behind the point there, as a number; decimals 1 to 6
+    Str toSmallString() const;                 // 20120601T123000
+    Str toSmallerString() const;               // 201206011230
+    Str toDateHourString() const;              // 2012060112
 
 protected:
     static constexpr long MICROS_PER_SECOND = 1000000;

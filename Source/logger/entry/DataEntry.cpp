@@ -236,8 +236,7 @@ void DataEntry::appendValue(TextBuffer& text, const Unit* unit, bool hideUnit) c
     }
     const Unit& shown = displayUnit(unit);
     dataValue_->appendTo(text, shown);
-    const bool isNumber = dataValue_->getBinaryType() != STRVALUE;
-    if (isNumber && !hideUnit) text.append(' ').append(shown.getAbbreviation());
+    if (isNumber() && !hideUnit) text.append(' ').append(shown.getAbbreviation());
 }
 
 Str DataEntry::getDataValueString(const Unit* unit, bool hideUnit) const {
@@ -252,13 +251,17 @@ const char* DataEntry::arrow() const {
 }
 
 Str DataEntry::toString(const Unit* unit) const {
-    const bool inMillis = dataAccess_->getTimePrecision() == Logger::TIME_PRECISION_MILLIS;
     TextBuffer text;
+    appendTo(text, unit);
+    return text.toStr();
+}
+
+void DataEntry::appendTo(TextBuffer& text, const Unit* unit) const {
+    const bool inMillis = dataAccess_->getTimePrecision() == Logger::TIME_PRECISION_MILLIS;
     EntryText::AppendStamp(text, timestamp_, inMillis ? 3 : 6);
     EntryText::AppendName(text, Slate::GetName(dataAccess_->getOwnerCode()));
     text.append(arrow());
     EntryText::AppendName(text, Slate::GetElementURI(dataAccess_->getElementCode()));
     text.append('=');
     appendValue(text, unit, false);
-    return text.toStr();
 }

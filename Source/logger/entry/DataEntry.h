@@ -27,12 +27,16 @@ public:
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
     Str toString(const Unit* unit) const override;
+    void appendTo(TextBuffer& text, const Unit* unit) const override;
     // The value's text in the unit given, failing that in the access's, failing that in its own; "NULL" without a
     // value.
     virtual Str getDataValueString(const Unit* unit, bool hideUnit) const;
+    void appendValue(TextBuffer& text, const Unit* unit, bool hideUnit) const;  // the same text
 
     DataAccess* getDataAccess() const { return dataAccess_; }
     DataValue* getDataValue() const { return dataValue_; }  // null when there is none
+    // The value is a number, though it may be NaN: no text, no array.
+    bool isNumber() const { return dataValue_ != nullptr && dataValue_->getBinaryType() != STRVALUE; }
     bool isBest() const { return best_; }
     void setBest(bool best) { best_ = best; }
     bool isChanged() const { return changed_; }
@@ -59,7 +63,6 @@ public:
 
 private:
     void shareValueWith(DataElement& element);
-    void appendValue(TextBuffer& text, const Unit* unit, bool hideUnit) const;
     const char* arrow() const;  // from or to the element, doubled for a best value
 
     DataAccess* dataAccess_;  // owned by the Slate

@@ -7,6 +7,7 @@
 #include "logger/entry/EntryStream.h"
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/SyslogEntry.h"
+#include "utils/TextBuffer.h"
 
 const Str LogEntry::UNKNOWN("Unknown");
 
@@ -22,6 +23,10 @@ const char* LogEntry::TypeToString(Type type) {
 
 bool LogEntry::TimesHaveFlag() {
     return DirectoryEntry::CurrentLogVersion_ > LAST_VERSION_WITHOUT_FLAG;
+}
+
+void LogEntry::appendTo(TextBuffer& text, const Unit* unit) const {
+    text.append(toString(unit));
 }
 
 LogEntry* LogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, const Logger& logger, bool& error,

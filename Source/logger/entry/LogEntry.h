@@ -8,6 +8,7 @@
 
 class InStream;
 class OutStream;
+class TextBuffer;
 
 // One entry of a log: what every kind shares. An entry in the log is a header word, its time relative to a running
 // time base, and a body by kind; there is no length.
@@ -34,6 +35,8 @@ public:
     virtual unsigned int write(Timestamp& timeBase, OutStream& out) const = 0;
     // The entry's line of text, a value in the unit given (null: its own); empty for an entry that is not shown.
     virtual Str toString(const Unit* unit) const = 0;
+    // The same text at the end of the caller's.
+    virtual void appendTo(TextBuffer& text, const Unit* unit) const;
 
     Type getType() const { return type_; }
     const Timestamp& getTimestamp() const { return timestamp_; }

@@ -16,7 +16,9 @@ unsigned int TextLogWriter::write(const LogEntry* entry, const Unit* unit) {
     if (!isValid()) return 0;
     const MutexLocker lock(writeMutex_);
     if (entry == nullptr) return 0;
-    const Str line = entry->toString(unit);
-    if (!line.isEmpty()) *logStream_ << line << '\n';
-    return static_cast<unsigned int>(line.length()) + 1;
+    line_.clear();
+    entry->appendTo(line_, unit);
+    const size_t length = line_.length();
+    if (length > 0) logStream_->write(line_.append('\n').data(), length + 1);
+    return static_cast<unsigned int>(length + 1);
 }
