@@ -1,0 +1,141 @@
+#include "utils/hdf5/Hdf5Column.h"
+
+#include <algorithm>
+
+#include "utils/hdf5/Hdf5Handle.h"
+
+static const unsigned int DEFLATE_LEVEL = 1;
+
+size_t Hdf5Shape::elements() const {
+    unsigned long long product = 1;
+    for (int i = 0; i < rank_; ++i) product *= dims_[i];
+    return static_cast<size_t>(product);
+}
+
+// A record without dimensions makes a row of records.
+static Hdf5Shape ShapeOfColumn(const Hdf5Shape& recordShape) {
+    Hdf5Shape shape = recordShape;
+    if (shape.rank_ == 0) shape.dims_[shape.rank_++] = 1;
+    shape.dims_[shape.rank_++] = 0;
+    return shape;
+}
+
+Hdf5Column::Hdf5Column(Hdf5File& file, Hdf5Id group, const char* name, Hdf5Id fileType, const Hdf5Shape& recordShape,
+                       size_t elementSize)
+    : Hdf5Item(file, -1),
+      elements_(recordShape.elements()),
+      shape_(ShapeOfColumn(recordShape)),
+      chunkRecords_(CHUNK_ROOM / std::max<size_t>(1, elements_ * elementSize)) {
+    chunkRecords_ = std::max(1ULL, std::min(chunkRecords_, +CHUNK_RECORDS));
+    create(group, name, fileType);
+}
+
+// The library keeps no chunk in memory: whole ones come and go.
+void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
+    const int last = shape_.rank_ - 1;
+    hsize_t limits[Hdf5Shape::MAX_RANK];
+    hsize_t chunk[Hdf5Shape::MAX_RANK];
+    std::copy_n(shape_.dims_, last, limits);
+    std::copy_n(shape_.dims_, last, chunk);
+    limits[last] = H5S_UNLIMITED;
+    chunk[last] = chunkRecords_;
+    const Hdf5Handle space(file_.call([&] { return H5Screate_simple(shape_.rank_, shape_.dims_, limits); }), &H5Sclose);
+    const Hdf5Handle creation(file_.call([] { return H5Pcreate(H5P_DATASET_CREATE); }), &H5Pclose);
+    const Hdf5Handle access(file_.call([] { return H5Pcreate(H5P_DATASET_ACCESS); }), &H5Pclose);
+    file_.call([&] { return H5Pset_chunk(creation, shape_.rank_, chunk); });
+    file_.call([&] { return H5Pset_deflate(creation, DEFLATE_LEVEL); });
+    file_.call([&] { return H5Pset_obj_track_times(creation, false); });
+    file_.call([&] { return H5Pset_chunk_cache(access, 1, 0, 1); });
+    id_ = file_.call([&] { return H5Dcreate2(group, name, fileType, space, H5P_DEFAULT, creation, access); });
+}
+
+size_t Hdf5Column::beginRecord(size_t bytes) {
+    if (isBlockFull()) flush();
+    file_.countGathered(bytes);
+    return count_++;
+}
+
+void Hdf5Column::flush() {
+    const size_t records = count_;
+    if (records == 0) return;
+    count_ = 0;
+    const int last = shape_.rank_ - 1;
+    hsize_t start[Hdf5Shape::MAX_RANK] = {};
+    hsize_t counts[Hdf5Shape::MAX_RANK];
+    std::copy_n(shape_.dims_, shape_.rank_, counts);
+    start[last] = written_;
+    counts[last] = records;
+    written_ += records;
+    shape_.dims_[last] = written_;
+    file_.call([&] { return H5Dset_extent(id_, shape_.dims_); });
+    const Hdf5Handle fileSpace(file_.call([&] { return H5Dget_space(id_); }), &H5Sclose);
+    file_.call([&] { return H5Sselect_hyperslab(fileSpace, H5S_SELECT_SET, start, nullptr, counts, nullptr); });
+    const Hdf5Handle memorySpace(file_.call([&] { return H5Screate_simple(shape_.rank_, counts, nullptr); }),
+                                 &H5Sclose);
+    put(records, memorySpace, fileSpace);
+    dropBlock();
+}
+
+// Numbers.
+
+Hdf5NumberColumn::Hdf5NumberColumn(Hdf5File& file, Hdf5Id group, const char* name, const Hdf5Shape& recordShape)
+    : Hdf5Column(file, group, name, H5T_IEEE_F64LE, recordShape, sizeof(double)) {}
+
+double* Hdf5NumberColumn::addRecord() {
+    const size_t index = beginRecord(elements_ * sizeof(double));
+    if (block_ == nullptr) block_.reset(new double[blockRecords() * elements_]);
+    return &block_[index * elements_];
+}
+
+// The records lie one after another, in the file side by side.
+void Hdf5NumberColumn::put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) {
+    std::unique_ptr<double[]> turned;
+    if (elements_ > 1) {
+        turned.reset(new double[records * elements_]);
+        for (size_t record = 0; record < records; ++record) {
+            for (size_t i = 0; i < elements_; ++i) turned[i * records + record] = block_[record * elements_ + i];
+        }
+    }
+    const double* const numbers = elements_ > 1 ? turned.get() : block_.get();
+    file_.call([&] { return H5Dwrite(id_, H5T_NATIVE_DOUBLE, memorySpace, fileSpace, H5P_DEFAULT, numbers); });
+}
+
+// Texts.
+
+static Hdf5Id NewTextType() {
+    const Hdf5Id type = H5Tcopy(H5T_C_S1);
+    H5Tset_size(type, H5T_VARIABLE);
+    H5Tset_cset(type, H5T_CSET_UTF8);
+    return type;
+}
+
+Hdf5TextColumn::Hdf5TextColumn(Hdf5File& file, Hdf5Id group, const char* name)
+    : Hdf5Column(file, group, name, Hdf5Handle(NewTextType(), &H5Tclose), Hdf5Shape(), sizeof(const char*)) {}
+
+void Hdf5TextColumn::add(const Str& text) {
+    const size_t index = beginRecord(sizeof(Str) + text.length());
+    if (block_ == nullptr) block_.reset(new Str[blockRecords()]);
+    block_[index] = text;
+}
+
+void Hdf5TextColumn::put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) {
+    const char* texts[CHUNK_RECORDS];
+    for (size_t i = 0; i < records; ++i) texts[i] = block_[i].cStr();
+    const Hdf5Handle type(NewTextType(), &H5Tclose);
+    file_.call([&] { return H5Dwrite(id_, type, memorySpace, fileSpace, H5P_DEFAULT, texts); });
+}
+
+// References.
+
+Hdf5ReferenceColumn::Hdf5ReferenceColumn(Hdf5File& file, Hdf5Id group, const char* name)
+    : Hdf5Column(file, group, name, H5T_STD_REF_OBJ, Hdf5Shape(), sizeof(hobj_ref_t)) {}
+
+void Hdf5ReferenceColumn::add(uint64_t reference) {
+    const size_t index = beginRecord(sizeof reference);
+    if (block_ == nullptr) block_.reset(new uint64_t[blockRecords()]);
+    block_[index] = reference;
+}
+
+void Hdf5ReferenceColumn::put(size_t, Hdf5Id memorySpace, Hdf5Id fileSpace) {
+    file_.call([&] { return H5Dwrite(id_, H5T_STD_REF_OBJ, memorySpace, fileSpace, H5P_DEFAULT, block_.get()); });
+}

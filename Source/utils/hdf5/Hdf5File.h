@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+
+#include "utils/FlexArray.h"
+#include "utils/Str.h"
+
+class Hdf5Column;
+
+typedef int64_t Hdf5Id;  // an object of the library; below 0: none
+
+// What the items of one file share: how the calls of the library went, and the columns with what they have gathered.
+// After the first call that failed no other is made; what is in the file stays.
+class Hdf5File {
+public:
+    Hdf5File();
+    ~Hdf5File();
+    Hdf5File(const Hdf5File&) = delete;
+    Hdf5File& operator=(const Hdf5File&) = delete;
+
+    bool isOk() const { return ok_; }
+    const Str& status() const { return status_; }  // why the first failed call failed; empty while all went well
+
+    // The result of the call: an id, or 0 and above for success; below 0 when it failed or was not made.
+    template <typename Call>
+    Hdf5Id call(const Call& call) {
+        if (!ok_) return -1;
+        errno = 0;
+        const Hdf5Id result = call();
+        if (result < 0) fail();
+        return result;
+    }
+    void fail();  // notes why the last call failed: errno, failing that what the library says
+
+    void adopt(Hdf5Column* column) { columns_.push(column); }  // takes it over
+    // Bytes that a column has gathered. When all of them together take too much room, they are written.
+    void countGathered(size_t bytes);
+    bool flush();   // writes what is gathered
+    void forget();  // closes the columns
+
+private:
+    static const size_t GATHER_ROOM = 67108864;  // bytes
+
+    bool ok_ = true;
+    Str status_;
+    FlexArray<Hdf5Column*> columns_;  // owned
+    size_t gathered_ = 0;             // bytes, since all columns were written last; at least what they hold
+};
