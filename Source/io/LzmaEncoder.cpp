@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "io/OldFile.h"
 #include "utils/Str.h"
 
 extern "C" {
@@ -93,7 +94,7 @@ bool LzmaEncoder::encode(const char* filename, const char* newName, const char* 
     const bool encoded = Encode(from.get(), to.get()) == SZ_OK;
     const bool closed = fclose(to.release()) == 0;
     if (!encoded || !closed) {
-        remove(outputName.cStr());
+        RemoveOldFile(outputName.cStr());
         return true;
     }
     rename(filename, backupName != nullptr ? backupName : (Str(filename) + ".bak").cStr());

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <ctime>
 
+#include "io/OldFile.h"
+
 static const char* const PLAIN_DOCUMENT = ".kml";
 static const int FASTEST = 1;  // compression level
 static const int MEMORY_LEVEL = 8;
@@ -66,7 +68,7 @@ bool ZipEncoder::pack(const Str& filename, const Str& archive) {
         printf("error in closing %s\n", archive.cStr());
         packed = false;
     }
-    if (!packed) remove(archive.cStr());
+    if (!packed) RemoveOldFile(archive.cStr());
     return packed;
 }
 

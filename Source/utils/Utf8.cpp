@@ -1,5 +1,7 @@
 #include "utils/Utf8.h"
 
+#include <cstring>
+
 #include "utils/TextBuffer.h"
 
 namespace {
@@ -49,11 +51,12 @@ bool Utf8::IsValid(const Str& text) {
     return true;
 }
 
-Str Utf8::Sanitized(const Str& text) {
-    if (IsValid(text)) return text;
+Str Utf8::Sanitized(const Str& text, Nul nul) {
+    const bool hasNul = nul == REPLACE_NUL && strlen(text.cStr()) < text.length();
+    if (!hasNul && IsValid(text)) return text;
     TextBuffer result;
     for (size_t at = 0; at < text.length();) {
-        const size_t length = SequenceLength(text, at);
+        const size_t length = hasNul && text[at] == '\0' ? 0 : SequenceLength(text, at);
         if (length == 0) {
             result.append(REPLACEMENT);
             ++at;

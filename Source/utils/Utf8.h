@@ -5,6 +5,7 @@
 // Text from a log may hold any byte; formats that promise UTF-8 get it through here.
 namespace Utf8 {
 bool IsValid(const Str& text);
-// Each byte that begins no well-formed sequence becomes U+FFFD; NUL stays.
-Str Sanitized(const Str& text);
+enum Nul { KEEP_NUL, REPLACE_NUL };
+// Each byte that begins no well-formed sequence becomes U+FFFD; and so, if told, does NUL, where others see an end.
+Str Sanitized(const Str& text, Nul nul = KEEP_NUL);
 }  // namespace Utf8

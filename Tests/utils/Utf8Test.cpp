@@ -47,6 +47,8 @@ TEST(Utf8Test, ReplacesEachByteThatBeginsNothing) {
     }
 }
 
-TEST(Utf8Test, KeepsNulBesideDamage) {
+TEST(Utf8Test, KeepsNulUnlessToldOtherwise) {
     EXPECT_EQ(Str("a\0" BAD, 5), Utf8::Sanitized(Str("a\0\xFF", 3)));
+    EXPECT_EQ(Str("a" BAD BAD), Utf8::Sanitized(Str("a\0\xFF", 3), Utf8::REPLACE_NUL));
+    EXPECT_EQ(Str("a" BAD), Utf8::Sanitized(Str("a\0", 2), Utf8::REPLACE_NUL));
 }

@@ -10,6 +10,7 @@
 #include "logger/writer/DirectoryLogWriter.h"
 #include "logger/writer/FileLogWriter.h"
 #include "logger/writer/FilterLogWriter.h"
+#include "logger/writer/JsonLogWriter.h"
 #include "logger/writer/KmlLogWriter.h"
 #include "logger/writer/LinearApproximationLogWriter.h"
 #include "logger/writer/NetCdfLogWriter.h"
@@ -26,7 +27,7 @@ const OutputAssembly::Output OutputAssembly::OUTPUTS[] = {
     {TEXT_OUTPUT, ".asc", &OutputAssembly::addText},
     {HDF5_OUTPUT, ".h5", nullptr},
     {MATLAB_OUTPUT, ".mat", nullptr},
-    {JSON_OUTPUT, ".js", nullptr},
+    {JSON_OUTPUT, ".js", &OutputAssembly::addJson},
     {KML_OUTPUT, ".kml", &OutputAssembly::addKml},
     {NETCDF_TABLE_OUTPUT, ".nc", &OutputAssembly::addNetCdfTable},
     {NETCDF_OUTPUT, ".nc4", &OutputAssembly::addNetCdf},
@@ -100,6 +101,14 @@ void OutputAssembly::addText(const Str& filename) {
         return;
     }
     engine_.addAssociation(isThinned() ? thin(file, false, false) : limitToNames(file, true), DataRule());
+}
+
+void OutputAssembly::addJson(const Str& filename) {
+    LogWriter* const json = new JsonLogWriter(settings_.formattedJson_, variables_.count_, variables_.names_.get(),
+                                              variables_.units_.get(), variables_.settingCount_,
+                                              variables_.settings_.get());
+    LogWriter* const file = toFile(filename, json);
+    engine_.addAssociation(isThinned() ? thin(file, false, false) : file, DataRule());
 }
 
 // Everything on the way of the vehicle, and messages from the severity on.

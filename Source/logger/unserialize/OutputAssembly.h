@@ -45,6 +45,7 @@ private:
     void addDirectory(const Str& filename);
     void addSyslog(const Str& filename);
     void addText(const Str& filename);
+    void addJson(const Str& filename);
     void addKml(const Str& filename);
     void addNetCdfTable(const Str& filename);
     void addNetCdf(const Str& filename);

@@ -1,0 +1,53 @@
+#include "io/LzmaEncoder.h"
+
+#include <gtest/gtest.h>
+
+#include "support/Command.h"
+#include "support/TempDir.h"
+
+class LzmaEncoderTest : public testing::Test {
+protected:
+    std::string decoded(const std::string& name) { return OutputOf("xz --format=lzma -dc " + dir_.path(name)); }
+
+    TempDir dir_;
+    LzmaEncoder encoder_;
+};
+
+TEST_F(LzmaEncoderTest, LeavesTheEncodedFileAndABackup) {
+    const std::string file = dir_.write("a.log", "hello");
+    EXPECT_FALSE(encoder_.encode(file.c_str(), nullptr, nullptr));
+    EXPECT_FALSE(dir_.has("a.log"));
+    EXPECT_EQ("hello", dir_.read("a.log.bak"));
+    const std::string header("\x5D\x00\x00\x04\x00\x05\x00\x00\x00\x00\x00\x00\x00", 13);
+    EXPECT_EQ(header, dir_.read("a.log.lzma").substr(0, 13));
+    EXPECT_EQ("hello", decoded("a.log.lzma"));
+}
+
+TEST_F(LzmaEncoderTest, OtherReadersDecodeFilesOfAnySize) {
+    const size_t dictionary = 262144;
+    for (size_t size : {size_t{0}, size_t{1}, dictionary, 3 * dictionary + 1}) {
+        std::string bytes;
+        for (unsigned int i = 0; bytes.size() < size; ++i) bytes += static_cast<char>(i * i >> 7);
+        EXPECT_FALSE(encoder_.encode(dir_.write("a", bytes).c_str(), dir_.path("b").c_str(), dir_.path("c").c_str()));
+        EXPECT_TRUE(bytes == decoded("b")) << size;
+        EXPECT_TRUE(bytes == dir_.read("c")) << size;
+        EXPECT_FALSE(dir_.has("a"));
+    }
+}
+
+TEST_F(LzmaEncoderTest, WhatCannotBeOpenedIsLeftAlone) {
+    EXPECT_FALSE(encoder_.encode(dir_.path("missing").c_str(), nullptr, nullptr));
+    EXPECT_FALSE(dir_.has("missing.lzma"));
+    EXPECT_FALSE(encoder_.encode(dir_.write("a", "x").c_str(), dir_.path("missing/b").c_str(), nullptr));
+    EXPECT_EQ("x", dir_.read("a"));
+}
+
+TEST_F(LzmaEncoderTest, AFullDiskLeavesTheFileAndNoHalfMadeOutput) {
+    for (size_t size : {5, 1000000}) {  // noticed when the output is closed, and before
+        const std::string bytes(size, 'x');
+        std::filesystem::create_symlink("/dev/full", dir_.path("a.lzma"));
+        EXPECT_TRUE(encoder_.encode(dir_.write("a", bytes).c_str(), nullptr, nullptr));
+        EXPECT_EQ(bytes, dir_.read("a"));
+        EXPECT_FALSE(dir_.has("a.lzma"));
+    }
+}

@@ -1,0 +1,93 @@
+#include "io/ZipEncoder.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <ctime>
+
+#include "support/Command.h"
+#include "support/TempDir.h"
+
+class ZipEncoderTest : public testing::Test {
+protected:
+    // The names in an archive, a line each, and the bytes of all that it holds.
+    std::string names(const std::string& archive) { return OutputOf("unzip -Z1 " + dir_.path(archive)); }
+    std::string contents(const std::string& archive) { return OutputOf("unzip -p " + dir_.path(archive)); }
+    // What encoding prints when it fails.
+    std::string failure(const std::string& file, const std::string& archive) {
+        testing::internal::CaptureStdout();
+        EXPECT_FALSE(ZipEncoder(nullptr).encode(file.c_str(), archive.c_str(), nullptr));
+        return testing::internal::GetCapturedStdout();
+    }
+
+    TempDir dir_;
+};
+
+TEST_F(ZipEncoderTest, PacksTheFileUnderItsOwnName) {
+    for (size_t size : {0, 1, 16384, 100000}) {
+        const std::string bytes(size, 'x');
+        const std::string file = dir_.write("track.kml", bytes);
+        EXPECT_TRUE(ZipEncoder(".kmz").encode(file.c_str(), nullptr, nullptr));
+        EXPECT_EQ(file + "\n", names("track.kmz"));
+        EXPECT_EQ(bytes, contents("track.kmz"));
+        EXPECT_EQ(bytes, dir_.read("track.kml"));
+    }
+}
+
+TEST_F(ZipEncoderTest, NamesTheArchiveAfterTheFile) {
+    std::filesystem::create_directory(dir_.path("v1.2"));
+    const struct {
+        const char* file_;
+        const char* archive_;
+        const char* extension_;
+    } cases[] = {
+        {"plain", "plain.zip", nullptr}, {"a.b.kml", "a.b.kmz", ".kmz"}, {"v1.2/track", "v1.2/track.kmz", ".kmz"}};
+    for (const auto& c : cases) {
+        EXPECT_TRUE(ZipEncoder(c.extension_).encode(dir_.write(c.file_, "x").c_str(), nullptr, nullptr));
+        EXPECT_EQ("x", contents(c.archive_)) << c.archive_;
+    }
+}
+
+TEST_F(ZipEncoderTest, TakesTheNamesGiven) {
+    const std::string file = dir_.write("a", "x");
+    EXPECT_TRUE(ZipEncoder(".kmz").encode(file.c_str(), dir_.path("b").c_str(), dir_.path("c").c_str()));
+    EXPECT_EQ("x", contents("b"));
+    EXPECT_FALSE(dir_.has("a"));
+    EXPECT_EQ("x", dir_.read("c"));
+}
+
+TEST_F(ZipEncoderTest, AnArchiveInTheFilesPlaceHoldsItAsADocument) {
+    EXPECT_TRUE(ZipEncoder(".kmz").encode(dir_.write("track.kmz", "x").c_str(), nullptr, nullptr));
+    EXPECT_EQ(dir_.path("track.kml") + "\n", names("track.kmz"));
+    EXPECT_EQ("x", dir_.read("track.kml"));
+}
+
+TEST_F(ZipEncoderTest, TheMemberHasTheLocalTimeOfTheFile) {
+    setenv("TZ", "TWO-2", 1);
+    tzset();
+    const std::string file = dir_.write("a", "x");
+    const struct timespec times[2] = {{1338553800, 0}, {1338553800, 0}};
+    utimensat(AT_FDCWD, file.c_str(), times, 0);
+    EXPECT_TRUE(ZipEncoder(nullptr).encode(file.c_str(), nullptr, nullptr));
+    unsetenv("TZ");
+    tzset();
+    EXPECT_NE(std::string::npos, OutputOf("unzip -Z -T " + dir_.path("a.zip")).find("20120601.143000"));
+}
+
+TEST_F(ZipEncoderTest, AFailureIsReportedAndLeavesNoArchive) {
+    const std::string missing = dir_.path("missing"), archive = dir_.path("a.zip");
+    EXPECT_EQ("error in opening " + missing + " for reading\n", failure(missing, archive));
+    EXPECT_FALSE(dir_.has("a.zip"));
+    const std::string file = dir_.write("a", "x"), nowhere = dir_.path("missing/a.zip");
+    EXPECT_EQ("error opening " + nowhere + "\n", failure(file, nowhere));
+    std::filesystem::create_directory(dir_.path("folder"));
+    EXPECT_EQ("error in reading " + dir_.path("folder") + "\n", failure(dir_.path("folder"), archive));
+    EXPECT_FALSE(dir_.has("a.zip"));
+    std::filesystem::create_symlink("/dev/full", archive);
+    EXPECT_EQ("error in closing " + file + " in the zipfile\nerror in closing " + archive + "\n",
+              failure(file, archive));
+    EXPECT_EQ("x", dir_.read("a"));
+    EXPECT_FALSE(dir_.has("a.zip"));
+}
