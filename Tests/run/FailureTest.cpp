@@ -87,9 +87,3 @@ TEST_F(FailureTest, AFileThatGrowsTooLargeKeepsWhatWasWritten) {
     EXPECT_EQ("(ERROR): Failed to write dive.asc: File too large\n", messages);
     EXPECT_EQ(1500000u, program_.files().read("dive.asc").size());
 }
-
-// Formats that no writer of this build makes.
-TEST_F(FailureTest, OutputsThatAreNotInThisBuild) {
-    program_.files().write("dive", DiveLog::Of(3));
-    EXPECT_EQ("(ERROR): The output dive.js is not available in this build\n", complaints({"-j", "dive"}));
-}

@@ -10,6 +10,7 @@
 #include "logger/writer/DirectoryLogWriter.h"
 #include "logger/writer/FileLogWriter.h"
 #include "logger/writer/FilterLogWriter.h"
+#include "logger/writer/HDF5LogWriter.h"
 #include "logger/writer/JsonLogWriter.h"
 #include "logger/writer/KmlLogWriter.h"
 #include "logger/writer/LinearApproximationLogWriter.h"
@@ -25,8 +26,8 @@ const OutputAssembly::Output OutputAssembly::OUTPUTS[] = {
     {DIRECTORY_OUTPUT, ".dir", &OutputAssembly::addDirectory},
     {SYSLOG_OUTPUT, ".log", &OutputAssembly::addSyslog},
     {TEXT_OUTPUT, ".asc", &OutputAssembly::addText},
-    {HDF5_OUTPUT, ".h5", nullptr},
-    {MATLAB_OUTPUT, ".mat", nullptr},
+    {HDF5_OUTPUT, ".h5", &OutputAssembly::addHdf5},
+    {MATLAB_OUTPUT, ".mat", &OutputAssembly::addMatlab},
     {JSON_OUTPUT, ".js", &OutputAssembly::addJson},
     {KML_OUTPUT, ".kml", &OutputAssembly::addKml},
     {NETCDF_TABLE_OUTPUT, ".nc", &OutputAssembly::addNetCdfTable},
@@ -54,9 +55,7 @@ void OutputAssembly::assemble() {
 // An output never replaces the log that it is made of.
 void OutputAssembly::addOutput(const Output& output) {
     const Str filename = settings_.outputFilename(output.extension_);
-    if (output.add_ == nullptr) {
-        complain("The output " + filename + " is not available in this build");
-    } else if (!settings_.toStandardOutput_ && inputs_.contains(filename)) {
+    if (!settings_.toStandardOutput_ && inputs_.contains(filename)) {
         complain("The output " + filename + " is not written, it is an input of this run");
     } else {
         (this->*output.add_)(filename);
@@ -103,10 +102,23 @@ void OutputAssembly::addText(const Str& filename) {
     engine_.addAssociation(isThinned() ? thin(file, false, false) : limitToNames(file, true), DataRule());
 }
 
+void OutputAssembly::addHdf5(const Str& filename) {
+    addArrayFile(newHdf5(filename, false), false, DataRule());
+}
+
+void OutputAssembly::addMatlab(const Str& filename) {
+    addArrayFile(newHdf5(filename, true), false, DataRule());
+}
+
+HDF5LogWriter* OutputAssembly::newHdf5(const Str& filename, bool matlab) const {
+    return new HDF5LogWriter(filename, matlab, variables_.count_, variables_.names_.get(), variables_.units_.get(),
+                             variables_.settingCount_, variables_.settings_.get());
+}
+
 void OutputAssembly::addJson(const Str& filename) {
-    LogWriter* const json = new JsonLogWriter(settings_.formattedJson_, variables_.count_, variables_.names_.get(),
-                                              variables_.units_.get(), variables_.settingCount_,
-                                              variables_.settings_.get());
+    LogWriter* const json =
+        new JsonLogWriter(settings_.formattedJson_, variables_.count_, variables_.names_.get(), variables_.units_.get(),
+                          variables_.settingCount_, variables_.settings_.get());
     LogWriter* const file = toFile(filename, json);
     engine_.addAssociation(isThinned() ? thin(file, false, false) : file, DataRule());
 }

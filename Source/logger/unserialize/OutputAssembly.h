@@ -9,6 +9,7 @@
 #include "utils/Str.h"
 
 class DirectoryLogWriter;
+class HDF5LogWriter;
 class HasFilename;
 class Inputs;
 class LogEngine;
@@ -35,7 +36,7 @@ private:
     struct Output {
         OutputKind kind_;
         const char* extension_;
-        void (OutputAssembly::*add_)(const Str& filename);  // null: the build has no writer for it
+        void (OutputAssembly::*add_)(const Str& filename);
     };
     static const Output OUTPUTS[];
 
@@ -45,6 +46,8 @@ private:
     void addDirectory(const Str& filename);
     void addSyslog(const Str& filename);
     void addText(const Str& filename);
+    void addHdf5(const Str& filename);
+    void addMatlab(const Str& filename);
     void addJson(const Str& filename);
     void addKml(const Str& filename);
     void addNetCdfTable(const Str& filename);
@@ -52,6 +55,7 @@ private:
     template <typename ArrayWriter>
     void addArrayFile(ArrayWriter* writer, bool sendAtStartCycle, Rule* rule);
 
+    HDF5LogWriter* newHdf5(const Str& filename, bool matlab) const;
     LogWriter* toFile(const Str& filename, LogWriter* writer, std::unique_ptr<FileEncoder> encoder = nullptr);
     LogWriter* limitToNames(LogWriter* writer, bool passCycleStarts) const;
     LogWriter* thin(LogWriter* writer, bool sendAtStartCycle, bool makeDirEntries) const;

@@ -33,6 +33,13 @@ protected:
     // Looks open names up, when the Slate has changed since the last try; true when no name is open any more.
     bool initializeFilterLogWriter();
 
+    // Variables and, behind them, attribute variables, as one list of requests.
+    int requestCount() const { return variables_.count() + attributes_.count(); }
+    bool isAttribute(int request) const { return request >= variables_.count(); }
+    const VariableSelection& selectionOf(int request) const { return isAttribute(request) ? attributes_ : variables_; }
+    int positionOf(int request) const { return isAttribute(request) ? request - variables_.count() : request; }
+    const char* nameOf(int request) const { return selectionOf(request).name(positionOf(request)); }
+
     LogWriter* const outputTo_;  // shared; may be null
     VariableSelection variables_;
     VariableSelection attributes_;

@@ -26,7 +26,7 @@ Hdf5Column::Hdf5Column(Hdf5File& file, Hdf5Id group, const char* name, Hdf5Id fi
       elements_(recordShape.elements()),
       shape_(ShapeOfColumn(recordShape)),
       chunkRecords_(CHUNK_ROOM / std::max<size_t>(1, elements_ * elementSize)) {
-    chunkRecords_ = std::max(1ULL, std::min(chunkRecords_, +CHUNK_RECORDS));
+    room_ = chunkRecords_ = std::max(1ULL, std::min(chunkRecords_, +CHUNK_RECORDS));
     create(group, name, fileType);
 }
 
@@ -50,8 +50,8 @@ void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
 }
 
 size_t Hdf5Column::beginRecord(size_t bytes) {
-    if (isBlockFull()) flush();
     file_.countGathered(bytes);
+    if (count_ == room_) flush();
     return count_++;
 }
 
@@ -59,6 +59,7 @@ void Hdf5Column::flush() {
     const size_t records = count_;
     if (records == 0) return;
     count_ = 0;
+    room_ = static_cast<size_t>(chunkRecords_ - (written_ + records) % chunkRecords_);
     const int last = shape_.rank_ - 1;
     hsize_t start[Hdf5Shape::MAX_RANK] = {};
     hsize_t counts[Hdf5Shape::MAX_RANK];

@@ -29,7 +29,6 @@ protected:
 
     // Makes room for one more record; the result is its place in the block, counted from 0.
     size_t beginRecord(size_t bytes);
-    bool isBlockFull() const { return count_ > 0 && (written_ + count_) % chunkRecords_ == 0; }
     size_t blockRecords() const { return static_cast<size_t>(chunkRecords_); }
 
     const size_t elements_;  // of a record
@@ -45,6 +44,7 @@ private:
     unsigned long long chunkRecords_;
     unsigned long long written_ = 0;  // records
     size_t count_ = 0;                // records gathered
+    size_t room_;                     // records that complete the chunk
 };
 
 // Records of double-precision numbers.

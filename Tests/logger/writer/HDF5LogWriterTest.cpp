@@ -1,0 +1,248 @@
+#include "logger/writer/HDF5LogWriter.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <string>
+
+#include "logger/writer/LinearApproximationLogWriter.h"
+#include "support/CapturedLog.h"
+#include "support/Hdf5Reader.h"
+#include "support/NameList.h"
+#include "support/SmallLog.h"
+#include "support/TempDir.h"
+
+namespace {
+class HDF5LogWriterTest : public testing::Test {
+protected:
+    void SetUp() override { Slate::SetLogger(&static_cast<const Logger&>(messages_)); }
+    void TearDown() override { Slate::SetLogger(nullptr); }
+
+    // Writes the entries to file.mat or file.h5, gone when the file is finished.
+    void write(bool matlab, NameList& names, NameList& units, NameList& settings,
+               std::initializer_list<LogEntry*> entries) {
+        HDF5LogWriter writer(path(matlab).c_str(), matlab, names.count(), names.list(), units.list(), settings.count(),
+                             settings.list());
+        for (const LogEntry* entry : entries) writer.write(entry, nullptr);
+    }
+    void writeAll(bool matlab, NameList& names, std::initializer_list<LogEntry*> entries) {
+        HDF5LogWriter writer(path(matlab).c_str(), matlab, names.count(), names.list(), nullptr, 0, nullptr);
+        for (const LogEntry* entry : entries) writer.write(entry, nullptr);
+    }
+    std::string path(bool matlab) const { return dir_.path(matlab ? "file.mat" : "file.h5"); }
+
+    TempDir dir_;
+    SmallLog log_;
+    CapturedLog messages_;
+    NameList none_{};
+};
+
+// A name's value as the file shows it, in both files.
+std::string Shown(const Hdf5Reader& file, const std::string& leaf) {
+    return file.show(leaf + "/value") + ", " + file.show(leaf + "/units");
+}
+}  // namespace
+
+TEST_F(HDF5LogWriterTest, NumbersAreARowInTheUnitAskedFor) {
+    DataAccess* depth = log_.declareServing("depth", "Depth.depth", Units::METER);
+    DataAccess* gain = log_.declareSetting("Control.gain");
+    NameList names{"Depth.depth", "depth", "Control.gain"};
+    NameList units{"cm", nullptr, "kelvin"};
+    NameList settings{"Control.gain"};
+    const double nan = std::nan("");
+    for (const bool matlab : {true, false}) {
+        write(matlab, names, units, settings,
+              {log_.cycle(0), log_.data(depth, 0.41, 1.5), log_.bestData(depth, 1.5, 2), log_.data(depth, 2, nan),
+               log_.data(gain, 0, 7)});
+        const Hdf5Reader file(path(matlab));
+        EXPECT_EQ("double{1,3}: 150 200 nan, char{2,1}: cm", Shown(file, "Depth/depth"));
+        EXPECT_EQ("double{1,1}: 2, char{1,1}: m", Shown(file, "depth"));
+        EXPECT_EQ("double{1,1}: 7, char{1,1}: K", Shown(file, "Control/gain"));
+        EXPECT_EQ("struct", file.att("Depth", "MATLAB_class"));
+        EXPECT_EQ("struct", file.att("Depth/depth", "MATLAB_class"));
+        EXPECT_EQ("Depth.depth", file.att("Depth/depth", "name"));
+        EXPECT_EQ("cm", file.att("Depth/depth/value", "units"));
+        EXPECT_EQ("depth", file.att("Depth/depth/value", "standard_name"));
+        EXPECT_EQ("depth", file.att("depth/value", "standard_name"));
+        EXPECT_EQ("none", file.att("Control/gain/value", "standard_name"));
+        EXPECT_EQ(matlab ? "day since -0001/12/31T00:00:00Z" : "second since 1970/01/01T00:00:00Z",
+                  file.att("depth/time", "units"));
+        EXPECT_EQ(matlab ? "double{1,1}: 735022" : "double{1,1}: 1.33855e+09", file.show("depth/time"));
+    }
+    EXPECT_TRUE(messages_.take().empty());
+}
+
+// Element (i, j) of record n lies at [j][i][n].
+TEST_F(HDF5LogWriterTest, ArraysKeepTheirShape) {
+    DataAccess* row = log_.declareBlob("A.row", Units::METER, BLOB_INT16LE, 2);
+    DataAccess* plane = log_.declareBlob("A.plane", Units::METER, BLOB_FLOAT64LE, 2, 3);
+    DataAccess* cube = log_.declareBlob("A.cube", Units::METER, BLOB_UINT8, 2, 2, 2);
+    DataAccess* open = log_.declareBlob("A.open", Units::METER, BLOB_FLOAT32BE);
+    NameList names{"A.row", "A.plane", "A.cube", "A.open"};
+    NameList units{"cm", nullptr, nullptr, nullptr};
+    write(false, names, units, none_,
+          {log_.blob<short>(row, 0, {1, 2}), log_.blob<short>(row, 1, {3}), log_.blob<short>(row, 2, {4, 5, 6}),
+           log_.blob<double>(plane, 0, {0, 1, 2, 10, 11, 12}), log_.blob<double>(plane, 1, {20, 21, 22, 30, 31, 32}),
+           log_.blob<unsigned char>(cube, 0, {0, 1, 10, 11, 100, 101, 110, 111}),
+           log_.blob<unsigned>(open, 0, {0x803F, 0x40}), log_.blob<unsigned>(open, 1, {})});
+    const Hdf5Reader file(path(false));
+    EXPECT_EQ("double{2,3}: 100 300 400 200 nan 500", file.show("A/row/value"));
+    EXPECT_EQ("double{3,2,2}: 0 20 10 30 1 21 11 31 2 22 12 32", file.show("A/plane/value"));
+    EXPECT_EQ("double{2,2,2,1}: 0 100 10 110 1 101 11 111", file.show("A/cube/value"));
+    EXPECT_EQ("cell{1,2}: [double{1,2}: 1 2] [empty double]", file.show("A/open/value"));
+}
+
+TEST_F(HDF5LogWriterTest, TextsAreCellsForMatlabAndStringsForOthers) {
+    DataAccess* mode = log_.declareText("Mission.mode");
+    NameList names{"Mission.mode"};
+    for (const bool matlab : {true, false}) {
+        writeAll(matlab, names,
+                 {log_.text(mode, 0, "dive"), log_.text(mode, 1, "dive"), log_.text(mode, 2, ""),
+                  log_.text(mode, 3, Str("a\0b", 3)), log_.text(mode, 4, "\xC3\xA4\xF0\x9F\x90\x9F\xFF")});
+    }
+    const Hdf5Reader mat(path(true));
+    EXPECT_EQ(
+        "cell{1,5}: [char{4,1}: dive] [char{4,1}: dive] [empty char] [char{3,1}: a\\x0b] "
+        "[char{4,1}: \\xe4\\xd83d\\xdc1f\\xfffd]",
+        mat.show("Mission/mode/value"));
+    EXPECT_EQ("0 1 2 3 ", mat.list("#refs#"));
+    EXPECT_EQ(
+        "texts{1,5}: dive|dive||a\xEF\xBF\xBD"
+        "b|\xC3\xA4\xF0\x9F\x90\x9F\xEF\xBF\xBD|",
+        Hdf5Reader(path(false)).show("Mission/mode/value"));
+}
+
+TEST_F(HDF5LogWriterTest, VariablesWithoutASampleAreEmpty) {
+    log_.declare("A.number", Units::METER);
+    log_.declareText("A.text");
+    log_.endDirectory();
+    NameList names{"A.number", "A.text", "A.unknown", "A.unknownToo"};
+    NameList units{nullptr, nullptr, "meter", nullptr};
+    write(true, names, units, none_, {log_.cycle(0)});
+    const Hdf5Reader file(path(true));
+    EXPECT_EQ("empty double, char{1,1}: m", Shown(file, "A/number"));
+    EXPECT_EQ("empty double", file.show("A/number/time"));
+    EXPECT_EQ("empty cell", file.show("A/text/value"));
+    EXPECT_EQ("empty double, char{1,1}: m", Shown(file, "A/unknown"));
+    EXPECT_EQ("number text unknown ", file.list("A"));
+    EXPECT_NE(std::string::npos, dir_.read("file.mat").find("Thu Jan  1 00:00:00 1970"));
+}
+
+// Each of the names keeps its values.
+TEST_F(HDF5LogWriterTest, NamesThatClash) {
+    const std::string longName = "L." + std::string(70, 'a');
+    static const char* const PLACES[][2] = {{"a.b", "a/b"},          {"a.b.c", "a/b/c"},   {"a.b.value", "a/b/value_2"},
+                                            {"a:b", "a/b_2"},        {"a.B", "a/B"},       {"m-n.x", "m_n/x"},
+                                            {"m n.x", "m_n_2/x"},    {"m_n.x", "m_n_3/x"}, {".", "x/x"},
+                                            {"9.units", "x9/units"}, {"a.b..d", "a/b/x/d"}};
+    std::vector<DataAccess*> accesses;
+    for (const auto& place : PLACES) accesses.push_back(log_.declare(place[0]));
+    accesses.push_back(log_.declare((longName + "1").c_str()));
+    accesses.push_back(log_.declare((longName + "2").c_str()));
+    NameList names{"a.b.c",
+                   "a.b.value",
+                   "a.b",
+                   "a:b",
+                   "a.B",
+                   "m-n.x",
+                   "m n.x",
+                   "m_n.x",
+                   ".",
+                   "9.units",
+                   "a.b..d",
+                   (longName + "1").c_str(),
+                   (longName + "2").c_str()};
+    {
+        HDF5LogWriter writer(path(true).c_str(), true, names.count(), names.list(), nullptr, 0, nullptr);
+        for (size_t i = 0; i < accesses.size(); ++i) {
+            EXPECT_EQ(1u, writer.write(log_.data(accesses[i], 0, static_cast<double>(i)), nullptr));
+        }
+    }
+    const Hdf5Reader file(path(true));
+    for (size_t i = 0; i < std::size(PLACES); ++i) {
+        EXPECT_EQ("double{1,1}: " + std::to_string(i), file.show(PLACES[i][1] + std::string("/value"))) << PLACES[i][0];
+        EXPECT_EQ(PLACES[i][0], file.att(PLACES[i][1], "name"));
+    }
+    EXPECT_EQ(std::string(61, 'a') + "_2 " + std::string(63, 'a') + " ", file.list("L"));
+    EXPECT_TRUE(messages_.take().empty());
+}
+
+TEST_F(HDF5LogWriterTest, ARepeatedNameIsWrittenOnce) {
+    DataAccess* depth = log_.declare("Depth.depth", Units::METER);
+    NameList names{"Depth.depth", "Depth.depth"};
+    NameList units{"cm", "km"};
+    NameList settings{"Depth.depth"};
+    write(true, names, units, settings, {log_.data(depth, 0, 1)});
+    EXPECT_EQ("double{1,1}: 100, char{2,1}: cm", Shown(Hdf5Reader(path(true)), "Depth/depth"));
+}
+
+TEST_F(HDF5LogWriterTest, ANameMayBecomeKnownLaterAndAnotherInputGoesOn) {
+    DataAccess* first = log_.declare("A.first");
+    NameList names{"A.second", "A.first"};
+    HDF5LogWriter writer(path(true).c_str(), true, names.count(), names.list(), nullptr, 0, nullptr);
+    writer.write(log_.data(first, 0, 1), nullptr);
+    writer.write(log_.data(log_.declare("A.second"), 1, 2), nullptr);
+    Slate::ClearDirectory();
+    writer.resetInputs();
+    log_.declare("B.other");
+    writer.write(log_.data(log_.declare("A.second"), 2, 3), nullptr);
+    writer.writeFooter();
+    const Hdf5Reader file(path(true));
+    EXPECT_EQ("double{1,1}: 1", file.show("A/first/value"));
+    EXPECT_EQ("double{1,2}: 2 3", file.show("A/second/value"));
+}
+
+TEST_F(HDF5LogWriterTest, BehindAThinningWriterTheFileIsFinishedToo) {
+    DataAccess* depth = log_.declare("Depth.depth", Units::METER);
+    NameList names{"Depth.depth"};
+    NameList units{"cm"};
+    const float error = 0.1f;
+    {
+        LinearApproximationLogWriter thinning(
+            new HDF5LogWriter(path(true).c_str(), true, 1, names.list(), units.list(), 0, nullptr), 1, names.list(),
+            units.list(), &error, false, false);
+        for (int i = 0; i <= 10; ++i) thinning.write(log_.data(depth, i, 0.5 * i), nullptr);
+        thinning.writeFooter();
+    }
+    EXPECT_EQ("double{1,2}: 0 500, char{2,1}: cm", Shown(Hdf5Reader(path(true)), "Depth/depth"));
+}
+
+TEST_F(HDF5LogWriterTest, TheHeaderTellsTheTimeOfTheFirstSample) {
+    DataAccess* depth = log_.declare("Depth.depth");
+    NameList names{"Depth.depth"};
+    for (const bool matlab : {true, false}) writeAll(matlab, names, {log_.data(depth, 61, 1)});
+    const std::string text =
+        "MATLAB 7.3 MAT-file, Platform: GLNXA64, Created on: Fri Jun  1 12:31:01 2012 HDF5 schema 1.00 .";
+    const std::string bytes = dir_.read("file.mat");
+    EXPECT_EQ(text + std::string(116 - text.size(), ' ') + std::string(8, '\0') + std::string("\0\2IM", 4) +
+                  std::string(384, '\0') + "\x89HDF",
+              bytes.substr(0, 516));
+    EXPECT_EQ("\x89HDF", dir_.read("file.h5").substr(0, 4));
+    writeAll(true, names, {log_.data(depth, 61, 1)});
+    EXPECT_TRUE(bytes == dir_.read("file.mat"));
+}
+
+TEST_F(HDF5LogWriterTest, AFailureIsOneMessage) {
+    DataAccess* depth = log_.declare("Depth.depth");
+    NameList names{"Depth.depth"};
+    const std::string missing = dir_.path("missing/file.mat");
+    {
+        HDF5LogWriter writer(missing.c_str(), true, 1, names.list(), nullptr, 0, nullptr);
+        EXPECT_FALSE(writer.isValid());
+        EXPECT_EQ(0u, writer.write(log_.data(depth, 0, 1), nullptr));
+    }
+    EXPECT_EQ(std::vector<std::string>{"ERROR Failed to open " + missing + ": No such file or directory"},
+              messages_.take());
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit before;
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit small{32768, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    {
+        HDF5LogWriter writer(path(true).c_str(), true, 1, names.list(), nullptr, 0, nullptr);
+        for (int i = 0; i < 20000; ++i) writer.write(log_.data(depth, i, 1.0 / (i + 1)), nullptr);
+    }
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(std::vector<std::string>{"ERROR Failed to write " + path(true) + ": File too large"}, messages_.take());
+}
