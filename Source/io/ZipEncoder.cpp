@@ -7,10 +7,12 @@
 #include <ctime>
 
 #include "io/OldFile.h"
+#include "utils/Utf8.h"
 
 static const char* const PLAIN_DOCUMENT = ".kml";
 static const int FASTEST = 1;  // compression level
 static const int MEMORY_LEVEL = 8;
+static const unsigned long NAME_IS_UTF8 = 1 << 11;         // general purpose flag of an entry
 static const long long ZIP64_FROM = 0xFFFFFFFFLL - 65536;  // bytes; deflating can add a little to a member
 
 static Str WithoutExtension(const Str& name) {
@@ -77,9 +79,10 @@ bool ZipEncoder::packEntry(void* zip, const Str& filename) {
     zip_fileinfo info = {};
     info.tmz_date = EntryTime(filename);
     const int zip64 = Examine(filename, status) && status.st_size >= ZIP64_FROM;
+    const unsigned long flags = Utf8::IsValid(filename) ? NAME_IS_UTF8 : 0;
     const int opened =
-        zipOpenNewFileInZip3_64(zip, filename.cStr(), &info, nullptr, 0, nullptr, 0, nullptr, Z_DEFLATED, FASTEST, 0,
-                                -MAX_WBITS, MEMORY_LEVEL, Z_DEFAULT_STRATEGY, nullptr, 0, zip64);
+        zipOpenNewFileInZip4_64(zip, filename.cStr(), &info, nullptr, 0, nullptr, 0, nullptr, Z_DEFLATED, FASTEST, 0,
+                                -MAX_WBITS, MEMORY_LEVEL, Z_DEFAULT_STRATEGY, nullptr, 0, 0, flags, zip64);
     if (opened != ZIP_OK) {
         printf("error in opening %s in zipfile\n", filename.cStr());
         return false;

@@ -17,7 +17,7 @@ public:
     bool encode(const char* filename, const char* zipName, const char* backupName) override;
 
 private:
-    static const size_t BLOCK = 16384;  // bytes copied at a time
+    static constexpr size_t BLOCK = 16384;  // bytes copied at a time
 
     Str archiveName(const Str& filename) const;
     bool pack(const Str& filename, const Str& archive);

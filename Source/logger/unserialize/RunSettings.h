@@ -33,7 +33,7 @@ struct OutputVariables {
     int settingCount_ = 0;
     std::unique_ptr<char*[]> names_;     // count_ of them, as are units and errors; null when there are none
     std::unique_ptr<char*[]> units_;     // null: the unit of the log
-    std::unique_ptr<float[]> errors_;    // in the variable's unit; NaN: none given. Null for an automatic list
+    std::unique_ptr<float[]> errors_;    // in the variable's base unit; NaN: none given. Null for an automatic list
     std::unique_ptr<char*[]> settings_;  // settingCount_ names
 };
 

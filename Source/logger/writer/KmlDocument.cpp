@@ -1,5 +1,7 @@
 #include "logger/writer/KmlDocument.h"
 
+#include <cstring>
+
 #include "utils/Utf8.h"
 
 namespace {
@@ -72,11 +74,14 @@ void AppendLineStyles(TextBuffer& text, const Str& escapedColor) {
     text.append("    </StyleMap>\n");
 }
 
-// Control characters have no place in XML; they show as '#'.
+// Control characters have no place in XML and show as '#'; nor have the noncharacters U+FFFE and U+FFFF, EF BF BE and
+// EF BF BF in UTF-8, which become U+FFFD.
 Str Printable(const Str& text) {
     Str printable = Utf8::Sanitized(text);
     for (size_t i = 0; i < printable.length(); ++i) {
-        if (static_cast<unsigned char>(printable[i]) < FIRST_PRINTABLE) printable.setChar(i, '#');
+        const unsigned char c = static_cast<unsigned char>(printable[i]);
+        if (c < FIRST_PRINTABLE) printable.setChar(i, '#');
+        if (c >= 0xBE && i >= 2 && memcmp(printable.data() + i - 2, "\xEF\xBF", 2) == 0) printable.setChar(i, '\xBD');
     }
     return printable;
 }

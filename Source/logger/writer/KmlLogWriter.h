@@ -17,7 +17,7 @@ class KmlLogWriter : public LogWriter {
 public:
     // What the table writer in front is to select, its units, and its error bounds in each unit's base unit. Depth
     // comes first, so that 2D uses the same tables from their second row.
-    static const int KML_COUNT = 3;
+    static constexpr int KML_COUNT = 3;
     static const char* const KmlArgs_[KML_COUNT];
     static const char* const KmlUnits_[KML_COUNT];
     static const float KmlErrors_[KML_COUNT];

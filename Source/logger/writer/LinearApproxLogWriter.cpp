@@ -17,7 +17,7 @@ LinearApproxLogWriter::~LinearApproxLogWriter() = default;
 
 unsigned int LinearApproxLogWriter::sample(const DataEntry& entry, const Unit* unit) {
     if (approxErrorValue_ == nullptr) return 0;
-    if (!VarData::HasNumber(entry)) return passOn(entry, unit);
+    if (!entry.isNumber()) return passOn(entry, unit);
     if (varData_ == nullptr) {
         varData_.reset(new VarData(entry, bound()));
         return passOn(*varData_->getDataEntry(), unit);
@@ -34,8 +34,9 @@ unsigned int LinearApproxLogWriter::flush() {
     return bytes;
 }
 
+// Others write to the output too: its footer is not this writer's to call.
 unsigned int LinearApproxLogWriter::writeFooter() {
-    return flush() + outputTo_.writeFooter();
+    return flush();
 }
 
 void LinearApproxLogWriter::setParameter(DataValue* value, Logger& logger) {

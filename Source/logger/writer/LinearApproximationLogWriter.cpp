@@ -1,6 +1,6 @@
 #include "logger/writer/LinearApproximationLogWriter.h"
 
-#include "data/DataAccess.h"
+#include "logger/entry/DataEntry.h"
 
 LinearApproximationLogWriter::LinearApproximationLogWriter(LogWriter* outputTo, int varCount, char** varList,
                                                            char** unitList, const float* approxErrors,
@@ -27,10 +27,7 @@ void LinearApproximationLogWriter::config(Logger& logger) {
 }
 
 unsigned int LinearApproximationLogWriter::writeToColumn(const DataEntry* entry, int column) {
-    if (entry != nullptr && !VarData::HasNumber(*entry)) {
-        DataEntry copy(*entry);
-        return copy.getDataValue() == nullptr ? 0 : forceWrite(&copy, column);
-    }
+    if (entry != nullptr && !entry->isNumber()) return entry->getDataValue() == nullptr ? 0 : passOn(*entry, column);
     VarData* series = varData_[column].get();
     if (series == nullptr) return entry == nullptr ? 0 : startSeries(*entry, column);
     if (entry == nullptr) return passPoint(column);
@@ -54,6 +51,13 @@ unsigned int LinearApproximationLogWriter::writeFooter() {
     return forceWriteRow();
 }
 
+// What is pending speaks in the codes of the input that ends.
+void LinearApproximationLogWriter::resetInputs() {
+    forceWriteRow();
+    for (int column = 0; column < columns_.count(); ++column) varData_[column].reset();
+    TableLogWriter::resetInputs();
+}
+
 unsigned int LinearApproximationLogWriter::forceWriteRow() {
     unsigned int bytes = 0;
     for (int column = 0; column < columns_.count(); ++column) {
@@ -62,28 +66,30 @@ unsigned int LinearApproximationLogWriter::forceWriteRow() {
     return bytes + writeRow();
 }
 
-unsigned int LinearApproximationLogWriter::forceWrite(DataEntry* entry, int column) {
-    recentOutput_ = true;
-    return sendOutput(entry, column);
+unsigned int LinearApproximationLogWriter::forceWrite(DataEntry* entry) {
+    const int column = columns_.indexOf(entry->getElementCode());
+    return column < 0 ? 0 : passOn(*entry, column);
 }
 
 unsigned int LinearApproximationLogWriter::startSeries(const DataEntry& entry, int column) {
     varData_[column].reset(new VarData(entry, approxErrors_[column]));
-    return forceWrite(varData_[column]->getDataEntry(), column);
+    return passOn(*varData_[column]->getDataEntry(), column);
 }
 
 unsigned int LinearApproximationLogWriter::passPoint(int column) {
     varData_[column]->advance();
-    return forceWrite(varData_[column]->getDataEntry(), column);
+    return passOn(*varData_[column]->getDataEntry(), column);
 }
 
-unsigned int LinearApproximationLogWriter::sendOutput(DataEntry* entry, int column) {
-    const Unit* unit = columns_.unit(column);
+unsigned int LinearApproximationLogWriter::passOn(const DataEntry& entry, int column) {
+    recentOutput_ = true;
+    return sendOutput(&entry, column);
+}
+
+unsigned int LinearApproximationLogWriter::sendOutput(const DataEntry* entry, int column) {
+    const Unit* const unit = columns_.unit(column);
     if (!makeDirEntries_) return outputTo_->write(entry, unit);
-    unsigned int bytes = 0;
-    DataAccess* const logged = entry->getDataAccess();
-    entry->setDataAccess(directory_.describe(columns_.name(column), column, *entry, unit, *outputTo_, bytes));
-    bytes += outputTo_->write(entry, unit);
-    entry->setDataAccess(logged);
-    return bytes;
+    const unsigned int bytes = directory_.describe(columns_.name(column), column, *entry, unit, *outputTo_);
+    const std::unique_ptr<DataEntry> translated = directory_.translated(*entry, column);
+    return translated == nullptr ? bytes : bytes + outputTo_->write(translated.get(), unit);
 }

@@ -8,7 +8,7 @@
 #include "logger/writer/VarData.h"
 
 // Thins the series of the selected variables, each within its own error bound, and hands what is left to another
-// writer as data entries. Texts and arrays are passed on as they are.
+// writer as data entries. Texts and arrays are passed on as they are. When the inputs change, every series ends.
 class LinearApproximationLogWriter : public TableLogWriter {
 public:
     // approxErrors, per column in the base unit of the variable (NaN: only first, forced and last points pass), is
@@ -22,17 +22,19 @@ public:
     void endCycle() override;
     void config(Logger& logger) override;
     unsigned int writeFooter() override;
+    void resetInputs() override;
     unsigned int writeRow() override;
     unsigned int writeToColumn(const DataEntry* entry, int column) override;
 
-    void resetDirectoryEntries() { directory_.reset(); }    // they are written again
-    unsigned int forceWrite(DataEntry* entry, int column);  // passes an entry on at once
-    unsigned int forceWriteRow();                           // passes on what every column still holds
+    void resetDirectoryEntries() { directory_.reset(); }  // they are written again
+    unsigned int forceWrite(DataEntry* entry);            // passes an entry on at once, for its element's column
+    unsigned int forceWriteRow();                         // passes on what every column still holds
 
 private:
     unsigned int startSeries(const DataEntry& entry, int column);
     unsigned int passPoint(int column);
-    unsigned int sendOutput(DataEntry* entry, int column);
+    unsigned int passOn(const DataEntry& entry, int column);
+    unsigned int sendOutput(const DataEntry* entry, int column);
 
     const float* const approxErrors_;  // borrowed
     const bool sendAtStartCycle_;

@@ -11,10 +11,11 @@ OutputDirectory::OutputDirectory(int columnCount)
 
 OutputDirectory::~OutputDirectory() = default;
 
-DataAccess* OutputDirectory::describe(const Str& name, int column, const DataEntry& entry, const Unit* unit,
-                                      LogWriter& output, unsigned int& bytes) {
+unsigned int OutputDirectory::describe(const Str& name, int column, const DataEntry& entry, const Unit* unit,
+                                       LogWriter& output) {
     Column& described = columns_[column];
-    if (described.written_) return described.access_.get();
+    if (described.written_) return 0;
+    unsigned int bytes = 0;
     const auto write = [&](const DirectoryEntry& directoryEntry) { bytes += output.write(&directoryEntry, nullptr); };
     if (!wroteVersion_) write(DirectoryEntry(static_cast<short>(0)));
     wroteVersion_ = true;
@@ -27,7 +28,25 @@ DataAccess* OutputDirectory::describe(const Str& name, int column, const DataEnt
     write(DirectoryEntry(described.element_.get()));
     write(DirectoryEntry(described.access_.get()));
     described.written_ = true;
-    return described.access_.get();
+    return bytes;
+}
+
+// The value as one of the type; null when it has no such form.
+static std::unique_ptr<DataValue> AsType(BinaryDataType type, const DataEntry& entry) {
+    const DataValue& value = *entry.getDataValue();
+    if (value.getBinaryType() == type) return std::unique_ptr<DataValue>(value.copy());
+    if (type == STRVALUE || !entry.isNumber()) return nullptr;
+    const Unit& base = value.getBaseUnit();
+    std::unique_ptr<DataValue> number(base.dataValue(entry.getNumber(base), type));
+    return number->isNaN() == value.isNaN() ? std::move(number) : nullptr;
+}
+
+// Another type than the access declares would put the reader out of step, and so would an entry without its value.
+std::unique_ptr<DataEntry> OutputDirectory::translated(const DataEntry& entry, int column) const {
+    DataAccess* const access = columns_[column].access_.get();
+    std::unique_ptr<DataValue> value = AsType(access->getBinaryType(), entry);
+    if (value == nullptr) return nullptr;
+    return std::make_unique<DataEntry>(access, value.release(), entry.getTimestamp(), entry.isBest(), true);
 }
 
 void OutputDirectory::reset() {

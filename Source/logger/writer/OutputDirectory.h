@@ -18,10 +18,11 @@ public:
     ~OutputDirectory();
 
     // Writes what the output's reader must know before the column's first data entry and has not been told: once the
-    // version, once each component, then the element and its access. Adds the bytes written to `bytes`; the result, in
-    // whose name the column's entries are to be written, is owned by this object.
-    DataAccess* describe(const Str& name, int column, const DataEntry& entry, const Unit* unit, LogWriter& output,
-                         unsigned int& bytes);
+    // version, once each component, then the element and its access, which are made after this entry. Bytes written.
+    unsigned int describe(const Str& name, int column, const DataEntry& entry, const Unit* unit, LogWriter& output);
+    // The entry in the terms in which its column was described, borrowing from this object; null when its value has no
+    // form of the described type.
+    std::unique_ptr<DataEntry> translated(const DataEntry& entry, int column) const;
     void reset();  // everything is to be written again
 
 private:

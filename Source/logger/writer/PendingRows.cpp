@@ -11,12 +11,6 @@ namespace {
 
 const double NOT_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
-bool IsNumber(const DataEntry& entry) {
-    double number = 0;
-    const DataValue* value = entry.getDataValue();
-    return value != nullptr && value->getUnit() != nullptr && value->copyTo(*value->getUnit(), number);
-}
-
 const Unit& UnitOf(const DataEntry& entry) {
     const DataValue* value = entry.getDataValue();
     return value == nullptr || value->getUnit() == nullptr ? Units::NONE : *value->getUnit();
@@ -198,7 +192,7 @@ void PendingRows::fillBack(Sample* sample) {
 PendingRows::Fill PendingRows::fillFor(const DataEntry& before, const DataEntry& after) const {
     if (!after.isDataWrite()) return NOT_A_NUMBER;
     if (before.getDataAccess()->getNoInterpFlag()) return HELD;
-    const bool isText = !IsNumber(before) && !IsNumber(after);
+    const bool isText = !before.isNumber() && !after.isNumber();
     return isText ? NOTHING : INTERPOLATED;
 }
 
@@ -223,7 +217,7 @@ const DataEntry* PendingRows::entryBefore(const Sample& sample) const {
 std::unique_ptr<DataEntry> PendingRows::Between(const Timestamp& t, const DataEntry& before, const Sample& after) {
     switch (after.fill_) {
         case HELD:
-            if (!IsNumber(before)) return Copy(before, t);
+            if (!before.isNumber()) return Copy(before, t);
             return CopyWithNumber(*after.entry_, before.getNumber(UnitOf(*after.entry_)), t);
         case NOT_A_NUMBER:
             return CopyWithNumber(*after.entry_, NOT_NUMBER, t);

@@ -29,7 +29,7 @@ unsigned int TableLogWriter::writeHeader() {
 unsigned int TableLogWriter::write(const LogEntry* entry, const Unit*) {
     const MutexLocker lock(writeMutex_);
     if (entry == nullptr) return 0;
-    refreshTableLogWriter();
+    initializeTableLogWriter();
     switch (entry->getType()) {
         case LogEntry::DATA_LOG_ENTRY:
             return writeSample(static_cast<const DataEntry&>(*entry));
@@ -123,12 +123,4 @@ unsigned int TableLogWriter::writeSyslog(const SyslogEntry* entry) {
 unsigned int TableLogWriter::writeToColumn(const DataEntry* entry, int column) {
     if (outputTo_ == nullptr || entry == nullptr) return 0;
     return outputTo_->write(entry, columns_.unit(column));
-}
-
-bool TableLogWriter::initializeTableLogWriter() {
-    return columns_.resolve();
-}
-
-bool TableLogWriter::refreshTableLogWriter() {
-    return columns_.isResolved() || (columns_.isStale() && initializeTableLogWriter());
 }

@@ -37,10 +37,8 @@ public:
     virtual unsigned int writeToColumn(const DataEntry* entry, int column);
 
 protected:
-    // Resolves names against the Slate; true when no name is open any more.
-    bool initializeTableLogWriter();
-    // Looks names up again when the Slate has changed since the last try; true when no name is open any more.
-    bool refreshTableLogWriter();
+    // Looks open names up, when the Slate has changed since the last try; true when no name is open any more.
+    bool initializeTableLogWriter() { return columns_.resolve(); }
 
     LogWriter* const outputTo_;  // shared; may be null
     VariableSelection columns_;

@@ -1,48 +1,55 @@
 #include "logger/writer/TextTableLogWriter.h"
 
-#include "logger/entry/DataEntry.h"
-#include "utils/TextBuffer.h"
+#include <algorithm>
+#include <cstring>
 
-static const int TIME_DECIMALS = 3;
+#include "logger/entry/DataEntry.h"
+
+static const unsigned int TIME_DECIMALS = 3;
 static const char* const NO_VALUE = "nan";
 
 TextTableLogWriter::TextTableLogWriter(const char* separator, int varCount, char** varList, char** unitList,
                                        bool hideUnits, bool interpolate)
     : TableLogWriter(varCount, varList, unitList, interpolate),
       separator_(separator),
+      separatorLength_(strlen(separator)),
       hideUnits_(hideUnits),
       valueStrings_(new Str[varCount]) {
-    for (int column = 0; column < varCount; ++column) valueStrings_[column] = NO_VALUE;
+    for (const unsigned char c : {'"', '\r', '\n'}) forcesQuotes_[c] = true;
+    if (separatorLength_ == 1) forcesQuotes_[static_cast<unsigned char>(*separator_)] = true;
+    for (int column = 0; column < varCount; ++column) setCell(column, NO_VALUE, strlen(NO_VALUE));
 }
 
 unsigned int TextTableLogWriter::writeHeader() {
     if (!isValid()) return 0;
-    TextBuffer line;
-    line.append("Timestamp").append(separator_).append("EpochSeconds");
+    line_.clear();
+    line_.append("Timestamp").append(separator_).append("EpochSeconds");
     for (int column = 0; column < columns_.count(); ++column) {
-        line.append(separator_).append(quoted(columns_.name(column)));
+        appendCell(columns_.name(column), strlen(columns_.name(column)));
     }
-    line.append('\n');
-    return static_cast<unsigned int>(logStream_->write(line.data(), line.length()).bytesWritten());
+    return putLine();
 }
 
+// A text is made once for its value, however many rows show it.
 unsigned int TextTableLogWriter::writeToColumn(const DataEntry* entry, int column) {
-    valueStrings_[column] =
-        entry == nullptr ? Str(NO_VALUE) : quoted(entry->getDataValueString(columns_.unit(column), hideUnits_));
+    if (entry == nullptr) {
+        setCell(column, NO_VALUE, strlen(NO_VALUE));
+    } else {
+        value_.clear();
+        entry->appendValue(value_, columns_.unit(column), hideUnits_);
+        setCell(column, value_.data(), value_.length());
+    }
     return 0;
 }
 
 unsigned int TextTableLogWriter::writeRow() {
     if (!isValid()) return 0;
     char time[Timestamp::TEXT_ROOM];
-    TextBuffer line;
-    line.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
-    line.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
-    for (int column = 0; column < columns_.count(); ++column) {
-        line.append(separator_).append(valueStrings_[column]);
-    }
-    line.append('\n');
-    return static_cast<unsigned int>(logStream_->write(line.data(), line.length()).bytesWritten());
+    line_.clear();
+    line_.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
+    line_.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
+    for (int column = 0; column < columns_.count(); ++column) line_.append(valueStrings_[column]);
+    return putLine();
 }
 
 unsigned int TextTableLogWriter::writeFooter() {
@@ -52,15 +59,33 @@ unsigned int TextTableLogWriter::writeFooter() {
     return writeRow();
 }
 
-Str TextTableLogWriter::quoted(const Str& text) const {
-    const bool plain = text.find(separator_) == Str::NO_POS && text.find('"') == Str::NO_POS &&
-                       text.find('\r') == Str::NO_POS && text.find('\n') == Str::NO_POS;
-    if (plain) return text;
-    TextBuffer cell;
-    cell.append('"');
-    for (size_t i = 0; i < text.length(); ++i) {
-        if (text[i] == '"') cell.append('"');
-        cell.append(text[i]);
+unsigned int TextTableLogWriter::putLine() {
+    line_.append('\n');
+    return static_cast<unsigned int>(logStream_->write(line_.data(), line_.length()).bytesWritten());
+}
+
+void TextTableLogWriter::setCell(int column, const char* text, size_t length) {
+    line_.clear();
+    appendCell(text, length);
+    valueStrings_[column].set(line_.data(), line_.length());
+}
+
+void TextTableLogWriter::appendCell(const char* text, size_t length) {
+    line_.append(separator_, separatorLength_);
+    if (!needsQuotes(text, length)) {
+        line_.append(text, length);
+        return;
     }
-    return cell.append('"').toStr();
+    line_.append('"');
+    for (size_t i = 0; i < length; ++i) {
+        if (text[i] == '"') line_.append('"');
+        line_.append(text[i]);
+    }
+    line_.append('"');
+}
+
+bool TextTableLogWriter::needsQuotes(const char* text, size_t length) const {
+    const auto forces = [this](char c) { return forcesQuotes_[static_cast<unsigned char>(c)]; };
+    return std::any_of(text, text + length, forces) ||
+           (separatorLength_ > 1 && memmem(text, length, separator_, separatorLength_) != nullptr);
 }

@@ -26,12 +26,6 @@ VarData::VarData(const DataEntry& first, float approxError)
       endTime_(startTime_),
       nextTime_(startTime_) {}
 
-bool VarData::HasNumber(const DataEntry& entry) {
-    double number = 0;
-    const DataValue* value = entry.getDataValue();
-    return value != nullptr && value->getUnit() != nullptr && value->copyTo(*value->getUnit(), number);
-}
-
 bool VarData::checkNextEntry(const DataEntry* entry) {
     dataEntry_->setDataAccess(entry->getDataAccess());
     if (entry->isBest()) dataEntry_->setBest(true);

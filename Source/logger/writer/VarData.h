@@ -7,7 +7,8 @@
 
 // One variable's series on its way to fewer points: straight lines between the points that are passed on stay within an
 // error bound of every point that is not. A segment runs from its start to its last admitted point; the corridor of
-// slopes from the start that meet every admitted point's error band closes in until a point falls outside.
+// slopes from the start that meet every admitted point's error band closes in until a point falls outside. Only numbers
+// form a series.
 class VarData {
 public:
     // Starts at a copy of the entry. The bound is in the base unit of the entry's unit; NaN admits everything.
@@ -25,8 +26,6 @@ public:
     DataEntry* getDataEntry() { return dataEntry_.get(); }  // the point to pass on; borrowed
     bool isReady() const { return ready_; }
     bool wasNaN() const { return wasNaN_; }  // of the newest sample
-    // A text or an array has no number and no place in a series.
-    static bool HasNumber(const DataEntry& entry);
 
 private:
     double numberOf(const DataEntry& entry) const { return entry.getNumber(unit_); }

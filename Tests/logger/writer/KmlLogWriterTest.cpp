@@ -1,0 +1,230 @@
+#include "logger/writer/KmlLogWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "logger/writer/KmlDocument.h"
+#include "support/MemoryStreams.h"
+#include "support/SmallLog.h"
+
+namespace {
+
+size_t CountOf(const std::string& text, const std::string& part) {
+    size_t count = 0;
+    for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+    return count;
+}
+
+// A writer behind the table that selects the track: it gets best values and a cycle start after them.
+class KmlLogWriterTest : public ::testing::Test {
+protected:
+    void open(bool timestamps, bool doDepth) {
+        kml_.reset(new KmlLogWriter("Whale", timestamps, doDepth));
+        kml_->setOutStream(out_);
+        out_.clear();
+    }
+    void write(const LogEntry* entry) { kml_->write(entry, nullptr); }
+    void fix(double seconds, double latitude, double longitude) {
+        write(log_.bestData(latitude_, seconds, latitude));
+        write(log_.bestData(longitude_, seconds, longitude));
+    }
+    void point(double seconds, double latitude, double longitude, double depth) {
+        fix(seconds, latitude, longitude);
+        write(log_.bestData(depth_, seconds, depth));
+        write(log_.cycle(seconds));
+    }
+    std::string take() { return std::exchange(out_.bytes_, ""); }
+
+    SmallLog log_;
+    DataAccess* latitude_ = log_.declareServing("latitude", "Nav.latitude", Units::DEGREE);
+    DataAccess* longitude_ = log_.declareServing("longitude", "Nav.longitude", Units::DEGREE);
+    DataAccess* depth_ = log_.declareServing("depth", "Depth.depth", Units::METER);
+    MemoryOutStream out_;
+    std::unique_ptr<KmlLogWriter> kml_;
+};
+
+const char* const LINE_3D =
+    "    <Placemark>\n      <name>trajectory</name>\n      <styleUrl>#linemap</styleUrl>\n      <LineString>\n"
+    "      <altitudeMode>absolute</altitudeMode>\n        <coordinates> \n";
+const char* const END_LINE = "        </coordinates>\n      </LineString>\n    </Placemark>\n";
+const char* const END_DOCUMENT = "  </Document>\n</kml>\n";
+
+}  // namespace
+
+TEST_F(KmlLogWriterTest, ATrackInThreeDimensions) {
+    open(true, true);
+    fix(0, 36.5, -122);
+    write(log_.cycle(0));
+    EXPECT_EQ("", take());  // no depth yet
+    point(1, 36.5, -122, 10);
+    EXPECT_EQ(
+        "    <Placemark>\n"
+        "     <TimeStamp><when>2012-06-01T12:30:01Z</when></TimeStamp>\n"
+        "      <styleUrl>#start</styleUrl>\n"
+        "     <Point>\n"
+        "      <altitudeMode>absolute</altitudeMode>\n"
+        "      <coordinates>\n"
+        "-122.000000,36.500000,-10.000000\n"
+        "      </coordinates>\n"
+        "     </Point>\n"
+        "    </Placemark>\n" +
+            std::string(LINE_3D) + "-122.000000,36.500000,-10.000000\n",
+        take());
+    write(log_.cycle(2));
+    EXPECT_EQ("", take());  // nothing has changed
+    write(log_.bestData(depth_, 3, 0));
+    write(log_.cycle(3));
+    write(log_.cycle(4));  // at the surface every cycle counts
+    EXPECT_EQ("-122.000000,36.500000,-0.000000\n-122.000000,36.500000,-0.000000\n", take());
+    write(log_.syslog(5, "two\nlines", Syslog::CRITICAL, "Nav"));
+    EXPECT_EQ("", take());
+    kml_->writeFooter();
+    EXPECT_EQ(END_LINE +
+                  std::string("    <Placemark>\n"
+                              "     <description><![CDATA[20120601T123005 [Nav]:two#lines     ]]></description>\n"
+                              "     <TimeStamp><when>2012-06-01T12:30:03Z</when></TimeStamp>\n"
+                              "      <styleUrl>#critical</styleUrl>\n"
+                              "     <Point>\n"
+                              "      <altitudeMode>absolute</altitudeMode>\n"
+                              "      <coordinates>\n"
+                              "-122.000000,36.500000,-0.000000\n"
+                              "      </coordinates>\n"
+                              "     </Point>\n"
+                              "    </Placemark>\n"
+                              "    <Placemark>\n"
+                              "     <TimeStamp><when>2012-06-01T12:30:03Z</when></TimeStamp>\n"
+                              "      <styleUrl>#end</styleUrl>\n"
+                              "     <Point>\n"
+                              "      <altitudeMode>absolute</altitudeMode>\n"
+                              "      <coordinates>\n"
+                              "-122.000000,36.500000,-0.000000\n"
+                              "      </coordinates>\n"
+                              "     </Point>\n"
+                              "    </Placemark>\n") +
+                  END_DOCUMENT,
+              take());
+    kml_->writeFooter();
+    EXPECT_EQ("", take());
+}
+
+TEST_F(KmlLogWriterTest, ATrackInTwoDimensions) {
+    open(false, false);
+    fix(0, 36.5, -122);
+    write(log_.bestData(depth_, 0, 10));  // is not looked at
+    write(log_.cycle(0));
+    const std::string start = take();
+    EXPECT_NE(std::string::npos, start.find("      <name>start</name>\n      <styleUrl>#start</styleUrl>\n"));
+    EXPECT_EQ(0u, CountOf(start, "altitudeMode") + CountOf(start, "TimeStamp"));
+    EXPECT_EQ(2u, CountOf(start, "\n-122.0000,36.5000\n"));
+    fix(1, 36.5001, -122);  // 1.7e-6 rad: less than counts
+    write(log_.cycle(1));
+    EXPECT_EQ("", take());
+    fix(2, 36.5003, -122);
+    write(log_.cycle(2));
+    EXPECT_EQ("-122.0000,36.5003\n", take());
+    write(log_.syslog(3, "hello"));
+    kml_->writeFooter();
+    const std::string end = take();
+    EXPECT_NE(std::string::npos, end.find("     <name><![CDATA[20120601T123003 [Mission]:hello]]></name>\n"));
+    EXPECT_NE(std::string::npos, end.find("\n-122.000000,36.500300,0.000000\n"));
+}
+
+// What makes no place: no fix, a fix at latitude 0, longitude 0, numbers that are none, values that are not the best.
+TEST_F(KmlLogWriterTest, WithoutAUsableFixTheDocumentIsEmpty) {
+    open(true, true);
+    point(0, 0.0005, -0.0005, 10);  // 79 m away from there
+    point(1, NAN, 0, 10);
+    point(2, INFINITY, 0, 10);
+    write(log_.data(latitude_, 3, 36.5));
+    write(log_.syslog(4, "hello"));
+    write(log_.cycle(4));
+    kml_->writeFooter();
+    EXPECT_EQ(END_DOCUMENT, take());
+}
+
+TEST_F(KmlLogWriterTest, NumbersThatAreNoneChangeNothing) {
+    open(true, true);
+    point(0, 36.5, -122, 10);
+    take();
+    point(1, NAN, INFINITY, NAN);
+    EXPECT_EQ("", take());
+    point(2, 36.6, NAN, -INFINITY);
+    EXPECT_EQ("-122.000000,36.600000,-10.000000\n", take());
+}
+
+TEST_F(KmlLogWriterTest, NoLineHasMoreThanTenThousandPoints) {
+    open(true, true);
+    for (int i = 1; i <= 9999; ++i) point(i, 36.5 + i * 1e-4, -122, 10);
+    EXPECT_EQ(1u, CountOf(take(), "<LineString>"));
+    point(10000, 36.5, -122, 10);
+    EXPECT_EQ(END_LINE + std::string(LINE_3D) + "-122.000000,36.500000,-10.000000\n", take());
+    point(10001, 36.6, -122, 10);
+    EXPECT_EQ("-122.000000,36.600000,-10.000000\n", take());
+}
+
+TEST_F(KmlLogWriterTest, MessagesWaitUntilThereAreTooMany) {
+    open(false, false);
+    fix(0, 36.5, -122);
+    write(log_.cycle(0));
+    take();
+    for (int i = 1; i <= 200; ++i) write(log_.syslog(i, "hello"));
+    EXPECT_EQ("", take());
+    write(log_.syslog(201, "hello"));
+    const std::string markers = take();
+    EXPECT_EQ(0u, markers.find(END_LINE));
+    EXPECT_EQ(201u, CountOf(markers, "hello"));
+    const std::string again = "        <coordinates> \n-122.0000,36.5000\n";
+    EXPECT_EQ(markers.size() - again.size(), markers.rfind(again));
+}
+
+TEST_F(KmlLogWriterTest, EverySeverityHasItsStyle) {
+    const struct {
+        Syslog::Severity severity_;
+        const char* style_;
+    } cases[] = {{Syslog::DEBUG, "info"},          {Syslog::INFO, "info"},         {Syslog::ERROR, "error"},
+                 {Syslog::IMPORTANT, "important"}, {Syslog::CRITICAL, "critical"}, {Syslog::FAULT, "fault"}};
+    for (const auto& c : cases) {
+        open(false, false);
+        kml_->writeHeader();
+        fix(0, 36.5, -122);
+        write(log_.syslog(1, "hello", c.severity_));
+        kml_->writeFooter();
+        const std::string document = take();
+        const std::string style = std::string("<styleUrl>#") + c.style_ + "</styleUrl>";
+        EXPECT_EQ(1u, CountOf(document, style)) << style;
+        EXPECT_EQ(1u, CountOf(document, std::string("<Style id=\"") + c.style_ + "\">")) << style;
+    }
+    open(false, false);
+    fix(0, 36.5, -122);
+    write(log_.syslog(1, "hello", static_cast<Syslog::Severity>(24)));
+    kml_->writeFooter();
+    EXPECT_EQ(3u, CountOf(take(), "<styleUrl>"));  // start, line and end
+}
+
+TEST(KmlDocumentTest, TextFromALogIsMadeSafe) {
+    const struct {
+        Str text_;
+        const char* cdata_;
+    } cases[] = {
+        {"a & b < c", "a & b < c"},
+        {"a]]>b]]>", "a]]]]><![CDATA[>b]]]]><![CDATA[>"},
+        {"]]]>", "]]]]]><![CDATA[>"},
+        {Str("a\0b\t\x1F\x7F", 6), "a#b##\x7F"},
+        {"caf\xC3\xA9 caf\xE9", "caf\xC3\xA9 caf\xEF\xBF\xBD"},
+        {"\xEF\xBF\xBE\xEF\xBF\xBF\xEF\xBE\xBF", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBE\xBF"},  // two noncharacters
+    };
+    const KmlDocument document(false, false);
+    for (const auto& c : cases) {
+        TextBuffer text;
+        document.appendMessage(text, c.text_, Syslog::INFO, SmallLog::At(0), "1,2\n");
+        const std::string name = std::string("     <name><![CDATA[") + c.cdata_ + "]]></name>\n";
+        EXPECT_EQ(strlen("    <Placemark>\n"), std::string(text.toStr().cStr()).find(name)) << c.cdata_;
+    }
+    TextBuffer head;
+    KmlDocument::AppendHead(head, "A&<B>\n", "\"&\xFF");
+    const std::string text = head.toStr().cStr();
+    EXPECT_NE(std::string::npos, text.find("   <name>A&amp;&lt;B&gt;# Path</name>\n"));
+    EXPECT_NE(std::string::npos, text.find("     <color>\"&amp;\xEF\xBF\xBD</color>\n     <width>2.5</width>\n"));
+}

@@ -1,0 +1,75 @@
+#include "logger/writer/LinearApproxLogWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/CapturedLog.h"
+#include "support/EntryCollector.h"
+
+namespace {
+
+DataValue* Meters(double value) {
+    return Units::METER.dataValue(value, DOUBLE8);
+}
+
+class LinearApproxLogWriterTest : public ::testing::Test {
+protected:
+    CapturedLog captured_;
+    Logger logger_{"test", &captured_};
+    EntryCollector out_;
+    SmallLog log_;
+    DataAccess* depth_ = log_.declare("Depth.depth", Units::METER);
+};
+
+}  // namespace
+
+TEST_F(LinearApproxLogWriterTest, ThinsWithinTheBoundAndFlushesWhatIsPending) {
+    LinearApproxLogWriter writer(out_, "Depth.depth", Units::CENTIMETER.dataValue(50.0, DOUBLE8), false, logger_);
+    const double values[] = {0, 0.4, 0, 0, 5};
+    for (int i = 0; i < 5; ++i) writer.write(log_.data(depth_, i, values[i]), nullptr);
+    writer.write(log_.syslog(5, "not data"), nullptr);
+    EXPECT_EQ("0=0 3=0", out_.take());
+    EXPECT_EQ(1u, writer.flush());
+    EXPECT_EQ("4=5", out_.take());
+    EXPECT_EQ(0u, writer.flush());
+    writer.write(log_.data(depth_, 5, NAN), nullptr);
+    EXPECT_EQ("4=5 5=nan", out_.take());
+    EXPECT_TRUE(captured_.take().empty());
+}
+
+TEST_F(LinearApproxLogWriterTest, WithoutABoundNothingPasses) {
+    LinearApproxLogWriter writer(out_, "Depth.depth", nullptr, false, logger_);
+    EXPECT_EQ(std::vector<std::string>{"FAULT Initializing LinearApproxWriter with NULL parameter value"},
+              captured_.take());
+    EXPECT_EQ(0u, writer.write(log_.data(depth_, 0, 1), nullptr));
+    writer.setParameter(nullptr, logger_);
+    EXPECT_EQ(std::vector<std::string>{"FAULT Configuring LinearApproxWriter with NULL parameter value"},
+              captured_.take());
+    writer.setParameter(Meters(1), logger_);
+    writer.write(log_.data(depth_, 1, 2), nullptr);
+    EXPECT_EQ("1=2", out_.take());
+}
+
+TEST_F(LinearApproxLogWriterTest, ANewBoundHoldsFromTheNextSampleOn) {
+    LinearApproxLogWriter writer(out_, "Depth.depth", Meters(100), false, logger_);
+    const double values[] = {0, 0, 9};
+    for (int i = 0; i < 3; ++i) writer.write(log_.data(depth_, i, values[i]), nullptr);
+    EXPECT_EQ("0=0", out_.take());
+    writer.setParameter(Units::CENTIMETER.dataValue(0.0, DOUBLE8), logger_);
+    writer.write(log_.data(depth_, 3, 0), nullptr);
+    EXPECT_EQ("2=9", out_.take());
+    writer.setParameter(nullptr, logger_);  // not a number: everything is admitted
+    writer.write(log_.data(depth_, 4, 50), nullptr);
+    writer.write(log_.data(depth_, 5, 0), nullptr);
+    EXPECT_EQ("", out_.take());
+}
+
+TEST_F(LinearApproxLogWriterTest, TheCyclesStartPrecedesItsFirstEntry) {
+    LinearApproxLogWriter writer(out_, "Depth.depth", Meters(0), true, logger_);
+    for (int i = 0; i < 3; ++i) {
+        writer.write(log_.cycle(i), nullptr);
+        writer.write(log_.data(depth_, i + 0.5, i), nullptr);
+    }
+    EXPECT_EQ("cycle 0 0.5=0 cycle 2 1.5=1", out_.take());
+}

@@ -1,0 +1,153 @@
+#include "logger/writer/LinearApproximationLogWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "logger/writer/BinaryLogWriter.h"
+#include "support/EntryCollector.h"
+#include "support/MemoryStreams.h"
+#include "support/NameList.h"
+
+TEST(LinearApproximationLogWriterTest, TheFirstPointPassesAtOnceAndTheLastAtTheEnd) {
+    SmallLog log;
+    DataAccess* a = log.declare("A.x");
+    DataAccess* b = log.declare("B.y");
+    NameList names({"A.x", "B.y", "C.absent"});
+    const float errors[] = {0.5f, NAN, 0.5f};
+    EntryCollector out;
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, errors, false, false);
+    for (int i = 0; i < 4; ++i) {
+        writer.write(log.cycle(i), nullptr);
+        writer.write(log.data(a, i + 0.1, 2 * i), nullptr);
+        writer.write(log.data(b, i + 0.2, i * i), nullptr);
+    }
+    EXPECT_EQ("0.1=0 0.2=0", out.take());
+    writer.write(log.data(a, 4.1, 0), nullptr);
+    EXPECT_EQ("3.1=6", out.take());
+    EXPECT_EQ(2u, writer.writeFooter());
+    EXPECT_EQ("4.1=0 3.2=9", out.take());
+}
+
+TEST(LinearApproximationLogWriterTest, ACycleStartFollowsWhatItForcesOut) {
+    SmallLog log;
+    DataAccess* a = log.declare("A.x");
+    DataAccess* b = log.declare("B.y");
+    NameList names({"A.x", "B.y"});
+    const float errors[] = {1, 1};
+    EntryCollector out;
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, errors, true, false);
+    writer.write(log.cycle(0), nullptr);
+    writer.write(log.data(a, 0.1, 0), nullptr);
+    writer.write(log.data(b, 0.2, 5), nullptr);
+    EXPECT_EQ("0.1=0 0.2=5", out.take());
+    writer.write(log.cycle(1), nullptr);  // ends the cycle of second 0
+    EXPECT_EQ("0.1=0 0.2=5 cycle 0", out.take());
+    writer.write(log.data(a, 1.1, 0), nullptr);
+    writer.write(log.data(b, 1.2, 5), nullptr);
+    writer.write(log.cycle(2), nullptr);
+    EXPECT_EQ("", out.take());  // nothing was passed on in this cycle
+    writer.write(log.data(a, 2.1, 9), nullptr);
+    writer.write(log.cycle(3), nullptr);
+    EXPECT_EQ("1.1=0 2.1=9 1.2=5 cycle 2", out.take());
+    writer.writeFooter();
+    EXPECT_EQ("2.1=9 1.2=5 2.1=9 1.2=5 cycle 3", out.take());
+}
+
+TEST(LinearApproximationLogWriterTest, TextsArraysAndForcedEntriesPassUnchanged) {
+    SmallLog log;
+    DataAccess* a = log.declareText("A.text");
+    DataAccess* b = log.declare("B.y");
+    NameList names({"A.text", "B.y"});
+    const float errors[] = {1, 1};
+    EntryCollector out;
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, errors, false, false);
+    for (int i = 0; i < 2; ++i) {
+        writer.write(log.text(a, i, "same"), nullptr);
+        writer.write(log.data(b, i, 7), nullptr);
+    }
+    writer.forceWrite(log.data(b, 1.5, 8));
+    writer.forceWrite(log.data(log.declare("C.other"), 1.5, 8));
+    writer.write(log.syslog(2, "hello"), nullptr);
+    EXPECT_EQ("0=same 0=7 1=same 1.5=8 2012-06-01T12:30:02.000Z,1338553802.000 [Mission](INFO): hello", out.take());
+    writer.writeFooter();
+    EXPECT_EQ("1=7", out.take());
+}
+
+// Codes change from input to input: nothing pending may reach the next one.
+TEST(LinearApproximationLogWriterTest, SeriesEndWithTheirInput) {
+    NameList names({"B.y"});
+    const float errors[] = {1};
+    EntryCollector out;
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, errors, false, false);
+    {
+        SmallLog log;
+        DataAccess* b = log.declare("B.y");
+        for (int i = 0; i < 3; ++i) writer.write(log.data(b, i, 0), nullptr);
+        writer.resetInputs();
+    }
+    SmallLog log;
+    DataAccess* a = log.declare("A.x");  // has the code that B.y had
+    DataAccess* b = log.declare("B.y");
+    writer.write(log.data(a, 3, 0), nullptr);
+    writer.write(log.data(b, 4, 0), nullptr);
+    writer.writeFooter();
+    EXPECT_EQ("0=0 2=0 reset 4=0 4=0", out.take());
+}
+
+TEST(LinearApproximationLogWriterTest, TheDirectoryOfTheOutputIsItsOwn) {
+    SmallLog log;
+    log.declare("Z.other");
+    DataAccess* b = log.declare("Nav.y", Units::METER, FLOAT3);
+    DataAccess* a = log.declare("Nav.x", Units::METER, DOUBLE6);
+    DataAccess* c = log.declareServing("depth", "Ctd.depth", Units::METER, FLOAT4);
+    NameList names({"Nav.x", "Nav.y", "depth"}), units({"kilometer", nullptr, nullptr});
+    const float errors[] = {1, 1, 1};
+    EntryCollector out;
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), units.list(), errors, false, true);
+    const auto text = [](const char* codeToUniversal, const char* rest) {
+        return std::string("ACCESSOR <a ") + codeToUniversal + " universal=3FFF unitName=\"" + rest;
+    };
+    for (int file = 0; file < 2; ++file) {
+        writer.writeHeader();
+        writer.write(log.data(b, 0, 0), nullptr);
+        writer.write(log.data(b, 1, NAN), nullptr);
+        writer.write(log.data(a, 0, 0), nullptr);
+        writer.write(log.data(a, 1, NAN), nullptr);
+        writer.write(log.bestData(c, 0, 3), nullptr);
+        writer.write(log.bestData(c, 1, NAN), nullptr);
+        if (file == 1) break;  // the series go on, the directory begins again
+        EXPECT_EQ("VERSION 8 NAME 0 Nav ELEMENT 1 Nav.y " +
+                      text("code=0001 owner=0000 element=0001", "meter\" type=0B size=0003 rw=01") + " 0=0 0=0 1=nan " +
+                      "ELEMENT 0 Nav.x " +
+                      text("code=0000 owner=0000 element=0000", "kilometer\" type=37 size=0006 rw=01") +
+                      " 0=0 0=0 1=nan ELEMENT 2 depth " +
+                      text("code=0002 owner=3FFF element=0002", "meter\" type=0F size=0004 rw=01") + " 0=3 0=3 1=nan",
+                  out.take());
+    }
+    EXPECT_EQ(0u, out.take().find("VERSION 8 NAME 0 Nav ELEMENT 1 Nav.y ACCESSOR"));
+}
+
+// What does not have the declared type, or comes without its bytes, would put the reader of the output out of step.
+TEST(LinearApproximationLogWriterTest, EveryEntryOfTheOutputHasTheDeclaredForm) {
+    SmallLog log;
+    DataAccess* number = log.declare("A.x", Units::NONE, INT4);
+    number->setNoInterpFlag(true);
+    DataAccess* other = log.declareReader("B", number);
+    NameList names({"A.x"});
+    const float errors[] = {0};
+    MemoryOutStream bytes;
+    BinaryLogWriter* out = new BinaryLogWriter(bytes, false);
+    LinearApproximationLogWriter writer(out, names.count(), names.list(), nullptr, errors, false, true);
+    DataEntry unchanged(number, Units::NONE.dataValue(5, INT4), SmallLog::At(0), false, false);
+    writer.write(&unchanged, nullptr);
+    DataEntry notNumber(other, Units::NONE.dataValue(NAN, DOUBLE8), SmallLog::At(1), false, true);
+    writer.write(&notNumber, nullptr);  // passes the first point again; no integer can be the second
+    writer.write(log.data(number, 2, 7), nullptr);
+    writer.write(log.text(number, 2, "text"), nullptr);
+    const std::string start = " unitName=\"none\" type=0D size=0004 fl=03\n";
+    const size_t data = bytes.bytes_.find(start) + start.size();  // each: header, eight bytes of time, value
+    EXPECT_EQ("047F03008045F9360A05000000047F03008045F9360A05000000047F0300C045F9360A07000000",
+              std::string(Str(bytes.bytes_.data() + data, bytes.bytes_.size() - data).asHex().cStr()));
+}
