@@ -6,8 +6,6 @@
 #include <cstring>
 
 static const size_t BUFFER_BYTES = 1048576;
-static const size_t FEW_BYTES = 16;
-
 static bool IsStandard(const FILE* file) {
     return file == stdout || file == stderr;
 }
@@ -17,11 +15,11 @@ static const char* OpenMode(bool append, bool update) {
     return update ? "r+b" : "wb";
 }
 
-// As fwrite_unlocked, for the few bytes of one primitive, which take less time than that call. Bytes written.
-static size_t WriteFew(const char* buf, size_t n, FILE* file) {
-    for (size_t i = 0; i < n; ++i) {
-        if (putc_unlocked(buf[i], file) == EOF) return i;
-    }
+// Straight into the standard I/O buffer, as putc does inline, for more than one byte at a time. Bytes written.
+static size_t Write(const char* buf, size_t n, FILE* file) {
+    if (n > static_cast<size_t>(file->_IO_write_end - file->_IO_write_ptr)) return fwrite_unlocked(buf, 1, n, file);
+    memcpy(file->_IO_write_ptr, buf, n);
+    file->_IO_write_ptr += n;
     return n;
 }
 
@@ -38,7 +36,7 @@ FileOutStream::~FileOutStream() {
 OutStream& FileOutStream::write(const char* buf, size_t n) {
     MutexLocker lock(fileMutex_);
     if (file_ == nullptr) return *this;
-    lastWritten_ = n <= FEW_BYTES ? WriteFew(buf, n, file_) : fwrite_unlocked(buf, 1, n, file_);
+    lastWritten_ = Write(buf, n, file_);
     if (lastWritten_ < n) noteError();
     return *this;
 }

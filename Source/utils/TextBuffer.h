@@ -27,12 +27,6 @@ public:
         ++length_;
         return *this;
     }
-    TextBuffer& appendDigits(unsigned long value, int count) {  // exactly so many decimal digits
-        char* const at = roomFor(static_cast<size_t>(count));
-        for (int i = count; i-- > 0; value /= 10) at[i] = static_cast<char>('0' + value % 10);
-        length_ += static_cast<size_t>(count);
-        return *this;
-    }
     TextBuffer& appendInt(long long value);                             // decimal
     TextBuffer& appendHex(unsigned long long value);                    // upper-case, without leading zeros
     TextBuffer& appendHexDigits(unsigned long long value, int digits);  // upper-case, exactly so many digits

@@ -308,7 +308,8 @@ long Timestamp::printedFraction(int decimals) const {
     static const long POWERS[MAX_DECIMALS + 1] = {1, 10, 100, 1000, 10000, 100000, 1000000};
     const float fraction = static_cast<float>(timeval_.tv_usec) / 1e6f;
     const double scaled = std::fabs(static_cast<double>(fraction)) * static_cast<double>(POWERS[decimals]);
-    return std::lrint(scaled) % POWERS[decimals];
+    const long digits = std::lrint(scaled);
+    return digits == POWERS[decimals] ? 0 : digits;
 }
 
 Str Timestamp::toString(int decimals) const {

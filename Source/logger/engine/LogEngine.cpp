@@ -19,7 +19,7 @@ void LogEngine::logMessage(const Str& text, Syslog::Severity severity, const Cod
     queueEntry(new SyslogEntry(text, severity, facility));
 }
 
-void LogEngine::processQueue(const Timespan& limit) {
+void LogEngine::deliverQueue(const Timespan& limit) {
     const bool limited = limit != Timespan::ZERO_TIMESPAN;
     const Timestamp end = limited ? Timestamp::Now() + limit : Timestamp::NOT_SET_TIME;
     while (LogEntry* next = queue_.pop()) {

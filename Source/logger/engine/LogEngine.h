@@ -23,13 +23,16 @@ public:
     void logMessage(const Str& text, Syslog::Severity severity, const CodedStr& facility) override;
     // Delivers and deletes what is queued, oldest first, for about as long as the limit says; ZERO_TIMESPAN: until the
     // queue is empty, what is queued meanwhile included.
-    void processQueue(const Timespan& limit);
+    void processQueue(const Timespan& limit) {
+        if (queue_.peek() != nullptr) deliverQueue(limit);
+    }
     void resetInputs();  // of every writer
     // Ends every writer: all footers are written while every file is still open, then the associations are destroyed in
     // order, which closes the files. Calling it again does nothing.
     void uninitialize();
 
 private:
+    void deliverQueue(const Timespan& limit);
     void endCycle();
 
     LogQueue ownQueue_;

@@ -138,6 +138,14 @@ static DataValue* NewValue(const DataAccess& access, const DataElement* element)
     return UnitOf(access).dataValue(access.getBinaryType());
 }
 
+// The element's number where it can take the bytes itself: of the access's class and unit. Null where it cannot.
+static DataValue* ReusableValue(const DataAccess& access, const DataElement* element) {
+    DataValue* value = element == nullptr ? nullptr : element->getDataValue();
+    const bool fits = value != nullptr && access.getBinaryType() != STRVALUE &&
+                      value->getBinaryType() == access.getBinaryType() && value->getUnit() == &UnitOf(access);
+    return fits ? value : nullptr;
+}
+
 // Moves the value's bytes from the stream into the value; without a value they are passed over.
 static bool ReadBytes(const DataAccess& access, InStream& in, DataValue* value) {
     const bool variable = access.getBinaryType() == STRVALUE;
@@ -155,8 +163,8 @@ static bool ReadBytes(const DataAccess& access, InStream& in, DataValue* value) 
     return true;
 }
 
-// The value that follows a changed entry's time, owned by the caller; null when it is only passed over. False, with a
-// message, when it cannot be had.
+// The value that follows a changed entry's time: the element's own or one for the caller to own; null when it is only
+// passed over. False, with a message, when it cannot be had.
 static bool ReadValue(const DataAccess& access, const DataElement* element, InStream& in, const Logger& logger,
                       bool& error, LogEntry::Values values, DataValue*& value) {
     if (access.isUntyped()) {
@@ -164,11 +172,13 @@ static bool ReadValue(const DataAccess& access, const DataElement* element, InSt
         error = true;
         return false;
     }
-    std::unique_ptr<DataValue> read(values == LogEntry::STORE_VALUES ? NewValue(access, element) : nullptr);
-    if (!ReadBytes(access, in, read.get())) {
+    const bool stored = values == LogEntry::STORE_VALUES;
+    DataValue* const held = stored ? ReusableValue(access, element) : nullptr;
+    std::unique_ptr<DataValue> made(stored && held == nullptr ? NewValue(access, element) : nullptr);
+    if (!ReadBytes(access, in, held != nullptr ? held : made.get())) {
         return EntryStream::Fail(logger, "End of Binary File Reached while reading DataEntry DataValue");
     }
-    value = read.release();
+    value = held != nullptr ? held : made.release();
     return true;
 }
 
