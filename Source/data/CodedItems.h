@@ -20,7 +20,7 @@ inline bool IsSameItem(const DataAccess& a, const DataAccess& b) {
 // T has getCode and setCode. Threads: the caller holds the kind's lock.
 template <typename T>
 struct CodedItems {
-    static const unsigned short NO_CODE = ElementURI::NO_CODE;  // codes run from 0 to NO_CODE - 1
+    static constexpr unsigned short NO_CODE = ElementURI::NO_CODE;  // codes run from 0 to NO_CODE - 1
 
     FastMap<Str, T*>& byText_;
     FlexArray<T*>& byCode_;

@@ -15,7 +15,7 @@ class UniversalDataElement;
 // which unit, type and size. Data entries refer to it by code.
 class DataAccess {
 public:
-    static const unsigned short NO_CODE = 16383;
+    static constexpr unsigned short NO_CODE = 16383;
 
     // From a log record; the unit is found by name when it is first asked for.
     DataAccess(unsigned short ownerCode, unsigned short elementCode, unsigned short universalCode, const char* unitName,

@@ -19,11 +19,11 @@ public:
         SETTING_ELEMENT = 3,
         UNIVERSAL_ELEMENT = 4,
     };
-    static const int BLOB_VALUE_FLAG = 16;               // ORed into the type in the text record of a blob
-    static const unsigned short NUM_CODES = 16383;       // codes run from 0 to NUM_CODES - 1
-    static const unsigned short NO_CODE = 16383;         // a name that has no code yet
-    static const unsigned short SELF_CODE = 65535;       // as a universal code: the access's own element
-    static const unsigned int MAX_NAME_LENGTH = 255;     // bytes that a record read from a log holds at most
+    static constexpr int BLOB_VALUE_FLAG = 16;               // ORed into the type in the text record of a blob
+    static constexpr unsigned short NUM_CODES = 16383;       // codes run from 0 to NUM_CODES - 1
+    static constexpr unsigned short NO_CODE = 16383;         // a name that has no code yet
+    static constexpr unsigned short SELF_CODE = 65535;       // as a universal code: the access's own element
+    static constexpr unsigned int MAX_NAME_LENGTH = 255;     // bytes that a record read from a log holds at most
     static const Unit UNSPECIFIED_UNIT;                  // for names whose unit is not known
 
     // Codifies the name in the Slate, which keeps its address: for names that live as long as the process.

@@ -20,7 +20,7 @@ class ScalarValue : public DataValue {
 public:
     typedef T Number;
     static constexpr T UNSET = std::numeric_limits<T>::quiet_NaN();  // 0 for int, which has no NaN
-    static const unsigned int DECIMALS = 6;                          // of the text of a floating number
+    static constexpr unsigned int DECIMALS = 6;                          // of the text of a floating number
 
     static void* operator new(size_t size) { return Pool_.allocate(size); }
     static void operator delete(void* block) { Pool_.release(block); }
@@ -91,7 +91,7 @@ private:
 // How a number T lies in the log: as a number of another type. An unsigned type reads back zero-extended.
 template <typename T, typename Stored>
 struct StoredAs {
-    static const size_t SIZE = sizeof(Stored);
+    static constexpr size_t SIZE = sizeof(Stored);
     static void Pack(T value, char* bytes) {
         const Stored stored = static_cast<Stored>(value);
         memcpy(bytes, &stored, SIZE);
@@ -112,7 +112,7 @@ template <typename T, size_t KEPT_BYTES, unsigned int IGNORED_BITS>
 struct TopBytes {
     typedef typename std::conditional<sizeof(T) == 8, unsigned long long, unsigned int>::type Bits;
 
-    static const size_t SIZE = KEPT_BYTES;
+    static constexpr size_t SIZE = KEPT_BYTES;
     static void Pack(T value, char* bytes) { memcpy(bytes, reinterpret_cast<const char*>(&value) + DROPPED, SIZE); }
     static T Unpack(const void* bytes) {
         T value = 0;
@@ -124,7 +124,7 @@ struct TopBytes {
     }
 
 private:
-    static const size_t DROPPED = sizeof(T) - SIZE;
+    static constexpr size_t DROPPED = sizeof(T) - SIZE;
     static Bits BitsOf(T value) {
         Bits bits;
         memcpy(&bits, &value, sizeof bits);
