@@ -8,8 +8,8 @@ class OutStream;
 // A name with the number that stands for it in the log.
 class CodedStr : public Str {
 public:
-    static constexpr unsigned short NO_CODE = 16383;   // a name without a code
-    static constexpr unsigned int MAX_NAME_LENGTH = 253;   // bytes that a record read from a log holds at most
+    static constexpr unsigned short NO_CODE = 16383;      // a name without a code
+    static constexpr unsigned int MAX_NAME_LENGTH = 253;  // bytes that a record read from a log holds at most
 
     CodedStr() = default;
     CodedStr(const Str& name, unsigned short code = NO_CODE) : Str(name), code_(code) {}

@@ -39,29 +39,29 @@ public:
     unsigned short getEffectiveUniversalCode() const {
         return universalCode_ == ElementURI::SELF_CODE ? elementCode_ : universalCode_;
     }
-    const Unit* getUnit() const {                // null when the log's unit name names no unit
+    const Unit* getUnit() const {  // null when the log's unit name names no unit
         return unit_ != nullptr || unitLookedUp_ ? unit_ : lookUpUnit();
     }
-    Str getUnitName() const;                     // the name as the log gave it; "none" without a unit
+    Str getUnitName() const;  // the name as the log gave it; "none" without a unit
     BinaryDataType getBinaryType() const { return binaryType_; }
     unsigned short getTypeSize() const { return typeSize_; }
     bool isTyped() const { return binaryType_ >= STRVALUE && typeSize_ != 0; }
     bool isUntyped() const { return binaryType_ == NO_TYPE && typeSize_ == 0; }
     DataAccessor::AccessorType getAccessorType() const { return accessorType_; }
     bool isWriter() const { return accessorType_ == DataAccessor::DATA_WRITER; }
-    bool getNoInterpFlag() const { return noInterpFlag_; }   // values must not be interpolated between samples
+    bool getNoInterpFlag() const { return noInterpFlag_; }  // values must not be interpolated between samples
     void setNoInterpFlag(bool noInterp) { noInterpFlag_ = noInterp; }
     Logger::TimePrecisionType getTimePrecision() const { return timePrecision_; }
     void setTimePrecision(Logger::TimePrecisionType precision) { timePrecision_ = precision; }
     // The same component on the same element, in the same way; unit, type and size may differ.
     bool isSameAttachment(const DataAccess& other) const;
-    bool declaresTheSame(const DataAccess& other) const;     // everything but the code is equal
+    bool declaresTheSame(const DataAccess& other) const;  // everything but the code is equal
     void copyUnitsTypeAndSizeFrom(const DataAccess* other);
 
     // ` code=0001 owner=0000 element=0002 universal=3FFF unitName="meter" type=0B size=0003 fl=01` and a line feed; the
     // number of bytes written.
     size_t write(OutStream& out) const;
-    Str recordText() const;                      // that record
+    Str recordText() const;  // that record
     // A new access, owned by the caller; null when the record is malformed.
     static DataAccess* Read(InStream& in);
     // One line for people, at most 1023 characters; with markup it starts with the code and names the unit.
@@ -75,13 +75,13 @@ private:
     unsigned short ownerCode_;
     unsigned short elementCode_;
     unsigned short universalCode_;
-    mutable const Unit* unit_ = nullptr;         // a constant of the process; null until resolved
+    mutable const Unit* unit_ = nullptr;  // a constant of the process; null until resolved
     BinaryDataType binaryType_;
     unsigned short typeSize_;
     DataAccessor::AccessorType accessorType_;
     unsigned short code_;
-    std::unique_ptr<Str> tempUnitName_;          // the unit name of a log record; null when the unit was given
-    mutable bool unitLookedUp_ = false;          // the name, found or not
+    std::unique_ptr<Str> tempUnitName_;  // the unit name of a log record; null when the unit was given
+    mutable bool unitLookedUp_ = false;  // the name, found or not
     bool noInterpFlag_ = false;
     Logger::TimePrecisionType timePrecision_ = Logger::TIME_PRECISION_MICROS;
 };

@@ -32,7 +32,7 @@ public:
     virtual DataElement* getElement() const { return element_; }
     virtual Component* getOwner() const { return owner_; }
     virtual const ElementURI& getUri() const;
-    const Unit& getUnit() const;   // of the element
+    const Unit& getUnit() const;  // of the element
 
     AccessorType getAccessorType() const { return accessorType_; }
     Logger::TimePrecisionType getTimePrecision() const { return timePrecision_; }
@@ -41,14 +41,14 @@ public:
     DataAccess* getDataAccess() const { return dataAccess_; }
     void setDataAccess(DataAccess* dataAccess) { dataAccess_ = dataAccess; }
 
-    static int Str2RequestStrategy(const char* text);           // -1 when the text is none of the words
-    static const char* RequestStrategy2Str(int strategy);       // "none." when out of range
+    static int Str2RequestStrategy(const char* text);      // -1 when the text is none of the words
+    static const char* RequestStrategy2Str(int strategy);  // "none." when out of range
 
 protected:
-    Component* const owner_;              // borrowed; may be null
-    DataElement* const element_;          // owned by the Slate
+    Component* const owner_;      // borrowed; may be null
+    DataElement* const element_;  // owned by the Slate
     const AccessorType accessorType_;
     const Logger::TimePrecisionType timePrecision_;
     const bool noInterpFlag_;
-    DataAccess* dataAccess_ = nullptr;    // owned by the Slate
+    DataAccess* dataAccess_ = nullptr;  // owned by the Slate
 };

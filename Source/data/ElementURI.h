@@ -19,12 +19,12 @@ public:
         SETTING_ELEMENT = 3,
         UNIVERSAL_ELEMENT = 4,
     };
-    static constexpr int BLOB_VALUE_FLAG = 16;               // ORed into the type in the text record of a blob
-    static constexpr unsigned short NUM_CODES = 16383;       // codes run from 0 to NUM_CODES - 1
-    static constexpr unsigned short NO_CODE = 16383;         // a name that has no code yet
-    static constexpr unsigned short SELF_CODE = 65535;       // as a universal code: the access's own element
-    static constexpr unsigned int MAX_NAME_LENGTH = 255;     // bytes that a record read from a log holds at most
-    static const Unit UNSPECIFIED_UNIT;                  // for names whose unit is not known
+    static constexpr int BLOB_VALUE_FLAG = 16;            // ORed into the type in the text record of a blob
+    static constexpr unsigned short NUM_CODES = 16383;    // codes run from 0 to NUM_CODES - 1
+    static constexpr unsigned short NO_CODE = 16383;      // a name that has no code yet
+    static constexpr unsigned short SELF_CODE = 65535;    // as a universal code: the access's own element
+    static constexpr unsigned int MAX_NAME_LENGTH = 255;  // bytes that a record read from a log holds at most
+    static const Unit UNSPECIFIED_UNIT;                   // for names whose unit is not known
 
     // Codifies the name in the Slate, which keeps its address: for names that live as long as the process.
     ElementURI(const Str& component, const Str& element, ElementType elementType, const Unit& unit = UNSPECIFIED_UNIT,
@@ -38,14 +38,14 @@ public:
     ElementURI(unsigned short code, const Str& name, ElementType elementType, const Unit& unit = UNSPECIFIED_UNIT,
                BinaryDataType binaryType = NO_TYPE, BlobType blobType = NOT_BLOB, unsigned short dimension1 = 0,
                unsigned short dimension2 = 0, unsigned short dimension3 = 0);
-    ElementURI(const ElementURI&) = default;             // copies every field, the code included
+    ElementURI(const ElementURI&) = default;  // copies every field, the code included
     ElementURI& operator=(const ElementURI&) = default;
 
     virtual bool isUniversal() const { return false; }
 
     static Str buildURI(const Str& component, const Str& element);
-    static ElementURI Create(const Str& component, const Str& element);   // without a code
-    static ElementURI* FindURI(const Str& name);         // the registered name, borrowed from the Slate; null if none
+    static ElementURI Create(const Str& component, const Str& element);  // without a code
+    static ElementURI* FindURI(const Str& name);  // the registered name, borrowed from the Slate; null if none
 
     unsigned short getCode() const { return code_; }
     void setCode(unsigned short code) { code_ = code; }
@@ -54,7 +54,7 @@ public:
     BinaryDataType getBinaryType() const { return binaryType_; }
     ElementType getElementType() const { return elementType_; }
     BlobType getBlobType() const { return blobType_; }
-    int getDimensions() const;                           // how many are present
+    int getDimensions() const;  // how many are present
     unsigned short getDimension1() const { return dimension1_; }
     unsigned short getDimension2() const { return dimension2_; }
     unsigned short getDimension3() const { return dimension3_; }
@@ -68,7 +68,7 @@ public:
 
 protected:
     ElementType elementType_;
-    const Unit* unit_;                                   // a constant of the process
+    const Unit* unit_;  // a constant of the process
     BinaryDataType binaryType_;
     unsigned short code_;
     BlobType blobType_;
@@ -78,6 +78,6 @@ protected:
 
 private:
     int blobFlag() const { return blobType_ == NOT_BLOB ? 0 : BLOB_VALUE_FLAG; }
-    bool readBlobForm(InStream& in);                     // the rest of a blob's record; false when it is malformed
+    bool readBlobForm(InStream& in);  // the rest of a blob's record; false when it is malformed
     void reportBlob(const char* problem, size_t number) const;
 };

@@ -21,10 +21,10 @@ public:
     Logger(const char* name, SyslogSink* console) : facility_(name), console_(console) {}
 
     void syslog(const Str& text, Syslog::Severity severity) const;
-    void syslog(const char* text, unsigned long n, Syslog::Severity severity) const;   // n in upper-case hexadecimal
+    void syslog(const char* text, unsigned long n, Syslog::Severity severity) const;  // n in upper-case hexadecimal
     const CodedStr& getFacility() const { return facility_; }
 
 private:
     const CodedStr facility_;
-    SyslogSink* const console_;   // borrowed; null: messages vanish
+    SyslogSink* const console_;  // borrowed; null: messages vanish
 };

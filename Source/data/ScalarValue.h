@@ -20,7 +20,7 @@ class ScalarValue : public DataValue {
 public:
     typedef T Number;
     static constexpr T UNSET = std::numeric_limits<T>::quiet_NaN();  // 0 for int, which has no NaN
-    static constexpr unsigned int DECIMALS = 6;                          // of the text of a floating number
+    static constexpr unsigned int DECIMALS = 6;                      // of the text of a floating number
 
     static void* operator new(size_t size) { return Pool_.allocate(size); }
     static void operator delete(void* block) { Pool_.release(block); }

@@ -10,7 +10,7 @@ public:
                           unsigned short dimension3 = 0);
 
     bool isUniversal() const override { return true; }
-    static UniversalURI* FindURI(const Str& name);   // null when the text names no universal
+    static UniversalURI* FindURI(const Str& name);  // null when the text names no universal
 
     static const Str NAME;
 

@@ -3,9 +3,9 @@
 // How a value is stored in the log, and its code there. The names give the bytes; reduced types keep only the most
 // significant ones.
 enum BinaryDataType : int {
-    NO_TYPE = -1,      // not known, or: the unit's own default
+    NO_TYPE = -1,  // not known, or: the unit's own default
     MULTIVALUE = 0,
-    STRVALUE = 0,      // a two-byte length, then that many bytes
+    STRVALUE = 0,  // a two-byte length, then that many bytes
     UCHAR1 = 2,
     SHORT2 = 5,
     USHORT2 = 6,

@@ -10,7 +10,7 @@ class DataValue;
 // Units are constants of the process. Each registers itself in the UnitRegistry as it is built.
 class Unit {
 public:
-    Unit(const char* name, const char* abbreviation, BinaryDataType type);   // its own base; the texts are borrowed
+    Unit(const char* name, const char* abbreviation, BinaryDataType type);  // its own base; the texts are borrowed
     Unit(const char* name, const char* abbreviation, const BaseUnit& base, double multiplier, double addend);
     virtual ~Unit() {}
     Unit(const Unit&) = delete;

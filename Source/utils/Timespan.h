@@ -5,7 +5,7 @@
 // A duration, held as an instant is.
 class Timespan : public Timestamp {
 public:
-    static const Timespan INVALID_TIMESPAN;   // not normalised, so that no computed span equals it
+    static const Timespan INVALID_TIMESPAN;  // not normalised, so that no computed span equals it
     static const Timespan ZERO_TIMESPAN;
 
     constexpr Timespan() = default;
@@ -19,7 +19,7 @@ public:
     static Timespan Hours(int n);
     static Timespan Days(int n);
 
-    double asDouble() const override;   // seconds; NaN for INVALID_TIMESPAN
+    double asDouble() const override;  // seconds; NaN for INVALID_TIMESPAN
     double asFloat() const override;
 
     Timespan& operator+=(const Timespan& span);

@@ -22,7 +22,7 @@ public:
         SYSLOG_LOG_ENTRY = 3,
     };
     static constexpr unsigned short TYPE_MASK = 3;  // bits 0-1 of the header word
-    static const Str UNKNOWN;                   // stands for a name that the log does not give
+    static const Str UNKNOWN;                       // stands for a name that the log does not give
 
     // What a reader does with the values that data entries carry: a scan of the directory passes over them.
     enum Values : int { STORE_VALUES, SKIP_VALUES };

@@ -6,5 +6,5 @@
 class HasFilename {
 public:
     virtual ~HasFilename() {}
-    virtual const Str& getFilename() = 0;   // empty when it writes to no named file
+    virtual const Str& getFilename() = 0;  // empty when it writes to no named file
 };

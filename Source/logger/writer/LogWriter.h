@@ -32,15 +32,15 @@ public:
     LogWriter(const LogWriter&) = delete;
     LogWriter& operator=(const LogWriter&) = delete;
 
-    virtual unsigned int writeHeader() { return 0; }                      // bytes written
-    virtual void setOutStream(OutStream& out) { logStream_ = &out; }      // borrowed, outlives the writer's use
+    virtual unsigned int writeHeader() { return 0; }                  // bytes written
+    virtual void setOutStream(OutStream& out) { logStream_ = &out; }  // borrowed, outlives the writer's use
     virtual bool isValid() { return logStream_ != nullptr && logStream_->isWritable(); }
     // One entry; unit: what its value is to be shown in, or null. The result is the number of bytes written.
     virtual unsigned int write(const LogEntry* entry, const Unit* unit) = 0;
     virtual void endCycle() {}
     virtual unsigned int writeFooter() { return 0; }
     virtual void config(Logger&) {}
-    virtual void resetInputs() {}                                         // forget what one input was about
+    virtual void resetInputs() {}  // forget what one input was about
     virtual void activate() { active_ = true; }
     virtual void deactivate() { active_ = false; }
     virtual bool isActive() { return active_; }
@@ -53,12 +53,12 @@ public:
     // Takes the parent's count back and deletes the writer when nobody holds it any more; null is ignored.
     static void Release(LogWriter* writer);
 
-    static const char* ServiceType2Str(ServiceType type);                 // "none." when out of range
-    static size_t ServiceType2Strlen(ServiceType type);                   // 0 when out of range
-    static ServiceType Str2ServiceType(const char* text, int length);     // NO_SERVICE when no word is equal
+    static const char* ServiceType2Str(ServiceType type);              // "none." when out of range
+    static size_t ServiceType2Strlen(ServiceType type);                // 0 when out of range
+    static ServiceType Str2ServiceType(const char* text, int length);  // NO_SERVICE when no word is equal
 
 protected:
-    OutStream* logStream_ = nullptr;   // borrowed
+    OutStream* logStream_ = nullptr;  // borrowed
     bool wroteHeader_ = false;
     bool wroteFooter_ = false;
     Mutex writeMutex_;
