@@ -15,6 +15,7 @@ public:
     void declare(DataAccess* access) {
         add(log_.nameEntry(access));
         add(log_.elementEntry(access));
+        if (access->getUniversalCode() < ElementURI::NUM_CODES) add(log_.universalEntry(access));
         add(log_.accessEntry(access));
     }
     // A version entry and the directory of a log of two variables: depth and speed.

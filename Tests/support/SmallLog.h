@@ -106,6 +106,9 @@ public:
     DirectoryEntry* elementEntry(const DataAccess* access) {
         return keep(new DirectoryEntry(Slate::GetElementURI(access->getElementCode())));
     }
+    DirectoryEntry* universalEntry(const DataAccess* access) {
+        return keep(new DirectoryEntry(Slate::GetElementURI(access->getUniversalCode())));
+    }
     DirectoryEntry* accessEntry(DataAccess* access) { return keep(new DirectoryEntry(access)); }
 
 private:

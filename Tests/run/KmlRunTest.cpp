@@ -1,0 +1,276 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "DiveLog.h"
+#include "Program.h"
+#include "support/Command.h"
+
+// The tracks of small logs, whole and as other programs read them.
+
+namespace {
+
+// A log of a vehicle that knows where it is.
+class TrackLog : public DiveLog {
+public:
+    TrackLog() {
+        latitude_ = log_.declareServing("latitude", "Nav.latitude", Units::DEGREE);
+        longitude_ = log_.declareServing("longitude", "Nav.longitude", Units::DEGREE);
+        depth_ = log_.declareServing("depth", "Depth.depth", Units::METER);
+        add(log_.version(8));
+        for (DataAccess* access : {latitude_, longitude_, depth_}) declare(access);
+        add(log_.nameEntry(log_.declare("Mission.name")));
+    }
+    void fix(double seconds, double latitude, double longitude, double depth) {
+        add(log_.bestData(latitude_, seconds, latitude));
+        add(log_.bestData(longitude_, seconds, longitude));
+        add(log_.bestData(depth_, seconds, depth));
+    }
+    // Cycles of one second with a fix each: east along a parallel, down by a metre a cycle, and a turn north in the
+    // middle.
+    void dive(int cycles) {
+        for (int i = 0; i < cycles; ++i) {
+            add(log_.cycle(i));
+            fix(i + 0.5, 36.5 + 1e-4 * std::max(0, i - cycles / 2), -122 + 1e-4 * i, i);
+        }
+    }
+
+private:
+    DataAccess* latitude_;  // the Slate's, as are the others
+    DataAccess* longitude_;
+    DataAccess* depth_;
+};
+
+class KmlRunTest : public ::testing::Test {
+protected:
+    std::string path(const std::string& name) const { return program_.files().path(name); }
+    // The document that the options make of the log.
+    std::string kml(const TrackLog& log, std::vector<std::string> arguments) {
+        program_.files().write("dive", log.bytes());
+        arguments.insert(arguments.begin(), "-qO");
+        arguments.push_back("dive");
+        const Outcome outcome = program_.run(arguments);
+        EXPECT_EQ(0, outcome.status_);
+        EXPECT_EQ("", outcome.out_ + outcome.err_) << ::testing::PrintToString(arguments);
+        EXPECT_EQ("", OutputOf("xmllint --noout " + path("dive.kml") + " 2>&1"));
+        return program_.files().read("dive.kml");
+    }
+    // What follows the styles.
+    std::string body(const TrackLog& log, const std::vector<std::string>& arguments) {
+        const std::string document = kml(log, arguments);
+        return document.substr(document.rfind("</Style>\n") + strlen("</Style>\n"));
+    }
+    // The coordinates of the line that an outside reader finds first.
+    std::string lineOf(const std::string& file) {
+        const std::string features = OutputOf("ogrinfo -q -al " + path(file) + " 2>&1");
+        std::smatch line;
+        return std::regex_search(features, line, std::regex("LINESTRING[ Z]*\\((.*)\\)")) ? line[1].str() : features;
+    }
+
+    Program program_;
+};
+
+#define SKIP_WITHOUT(tool) \
+    if (OutputOf("command -v " tool).empty()) GTEST_SKIP() << tool " is not installed: Scripts/setup"
+
+}  // namespace
+
+TEST_F(KmlRunTest, AWholeDocument) {
+    SKIP_WITHOUT("xmllint");
+    TrackLog log;
+    log.add(log.log_.cycle(0));
+    log.fix(0, 0, 0, 0);  // before the receiver has a fix
+    log.fix(1, 36.5, -122, 0.5);
+    log.fix(2, 36.6, -122, 10);
+    log.add(log.log_.syslog(3, "Started mission Survey", Syslog::IMPORTANT));
+    log.add(log.log_.syslog(3.5, "nothing much"));
+    log.fix(4, 36.8, -122.2, 30);
+    const char* const EXPECTED =
+        R"(<?xml version="1.0" encoding="UTF-8"?>
+<kml xmlns="http://www.opengis.net/kml/2.2"
+     xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance"
+     xsi:schemaLocation="http://www.opengis.net/kml/2.2 http://schemas.opengis.net/kml/2.2.0/kml22beta.xsd">
+  <Document>
+   <name>Whale Path</name>
+   <Style id="start">
+    <IconStyle>
+     <color>7fffffff</color>
+     <colorMode>normal</colorMode>
+     <Icon><href>http://maps.google.com/mapfiles/kml/paddle/grn-stars.png</href></Icon>
+    </IconStyle>
+   </Style>
+   <Style id="end">
+    <IconStyle>
+     <color>7fffffff</color>
+     <colorMode>normal</colorMode>
+     <Icon><href>http://maps.google.com/mapfiles/kml/paddle/X.png</href></Icon>
+    </IconStyle>
+   </Style>
+   <Style id="line">
+    <LineStyle>
+     <color>ff00ff00</color>
+     <width>2.5</width>
+    </LineStyle>
+   </Style>
+   	<StyleMap id="linemap">
+      <Pair>
+        <key>normal</key>
+        <styleUrl>#line</styleUrl>
+      </Pair>
+      <Pair>
+        <key>highlight</key>
+        <styleUrl>#line</styleUrl>
+      </Pair>
+    </StyleMap>
+   <Style id="info">
+    <IconStyle>
+     <color>3fffffff</color>
+     <colorMode>normal</colorMode>
+     <Icon><href>http://maps.google.com/mapfiles/kml/shapes/info.png</href></Icon>
+    </IconStyle>
+   </Style>
+   <Style id="error">
+    <IconStyle>
+     <color>7fffffff</color>
+     <colorMode>normal</colorMode>
+     <Icon><href>http://maps.google.com/mapfiles/kml/shapes/caution.png</href></Icon>
+    </IconStyle>
+   </Style>
+   <Style id="important">
+    <IconStyle>
+     <color>ffffffff</color>
+     <colorMode>normal</colorMode>
+     <Icon><href>http://maps.google.com/mapfiles/kml/shapes/flag.png</href></Icon>
+    </IconStyle>
+   </Style>
+   <Style id="fault">
+    <IconStyle>
+     <color>ffffffff</color>
+     <colorMode>normal</colorMode>
+     <Icon><href>http://maps.google.com/mapfiles/kml/shapes/hospitals.png</href></Icon>
+    </IconStyle>
+   </Style>
+   <Style id="critical">
+    <IconStyle>
+     <color>ffffffff</color>
+     <colorMode>normal</colorMode>
+     <Icon><href>http://maps.google.com/mapfiles/kml/shapes/firedept.png</href></Icon>
+    </IconStyle>
+   </Style>
+    <Placemark>
+     <TimeStamp><when>2012-06-01T12:30:01Z</when></TimeStamp>
+      <styleUrl>#start</styleUrl>
+     <Point>
+      <altitudeMode>absolute</altitudeMode>
+      <coordinates>
+-122.000000,36.500000,-0.500000
+      </coordinates>
+     </Point>
+    </Placemark>
+    <Placemark>
+      <name>trajectory</name>
+      <styleUrl>#linemap</styleUrl>
+      <LineString>
+      <altitudeMode>absolute</altitudeMode>
+        <coordinates> 
+-122.000000,36.500000,-0.500000
+-122.000000,36.600000,-10.000000
+-122.200000,36.800000,-30.000000
+        </coordinates>
+      </LineString>
+    </Placemark>
+    <Placemark>
+     <description><![CDATA[20120601T123003 [Mission]:Started mission Survey     ]]></description>
+     <TimeStamp><when>2012-06-01T12:30:03Z</when></TimeStamp>
+      <styleUrl>#important</styleUrl>
+     <Point>
+      <altitudeMode>absolute</altitudeMode>
+      <coordinates>
+-122.100000,36.700000,-20.000000
+      </coordinates>
+     </Point>
+    </Placemark>
+    <Placemark>
+     <TimeStamp><when>2012-06-01T12:30:04Z</when></TimeStamp>
+      <styleUrl>#end</styleUrl>
+     <Point>
+      <altitudeMode>absolute</altitudeMode>
+      <coordinates>
+-122.200000,36.800000,-30.000000
+      </coordinates>
+     </Point>
+    </Placemark>
+  </Document>
+</kml>
+)";
+    // Interpolated: the message has a place of its own between the two fixes around it.
+    EXPECT_EQ(EXPECTED, kml(log, {"-kivC", "Whale", "ff00ff00"}));
+}
+
+TEST_F(KmlRunTest, TheThinnedTrackKeepsItsTurns) {
+    SKIP_WITHOUT("ogrinfo");
+    TrackLog log;
+    log.dive(101);
+    kml(log, {"-k"});
+    const std::string archive = OutputOf("cd " + path("") + " && unzip -tq dive.kmz");
+    EXPECT_EQ("No errors detected in compressed data of dive.kmz.\n", archive);
+    const std::string line = lineOf("dive.kml");
+    EXPECT_EQ(line, lineOf("dive.kmz"));
+    EXPECT_EQ("-122 36.5 -0,-121.9949 36.5001 -51,-121.99 36.505 -100", line);  // the bend shows a cycle later
+    kml(log, {"-ki"});
+    EXPECT_EQ(100u, CountOf(lineOf("dive.kml"), ","));  // 101 points
+}
+
+TEST_F(KmlRunTest, TheMinimalTrackIsFlatAndShowsFewMessages) {
+    SKIP_WITHOUT("ogrinfo");
+    TrackLog log;
+    log.dive(11);
+    for (const char* message : {"Started mission Survey", "Started mission Default", "Started mission Startup",
+                                "SBIT Failed", "Failed to parse uplink", "Packet size is not right", "on fire"}) {
+        log.add(log.log_.syslog(11, message, Syslog::CRITICAL));
+    }
+    log.add(log.log_.syslog(12, "Started mission Transect", Syslog::INFO));
+    log.add(log.log_.syslog(12, "some error", Syslog::ERROR));
+    const std::string document = body(log, {"-K"});
+    EXPECT_EQ(3u, CountOf(document, "[Mission]:"));
+    for (const char* shown : {"Started mission Survey", "Started mission Transect", "on fire"}) {
+        EXPECT_EQ(1u, CountOf(document, shown)) << shown;
+    }
+    EXPECT_EQ(0u, CountOf(document, "altitude") + CountOf(document, "TimeStamp"));
+    EXPECT_FALSE(program_.files().has("dive.kmz"));
+    EXPECT_NE(std::string::npos, lineOf("dive.kml").find("-122 36.5,"));
+    EXPECT_EQ(document, body(log, {"-k", "-K"}));
+    EXPECT_NE(document, body(log, {"-K", "-S", "e"}));
+}
+
+TEST_F(KmlRunTest, LogsWithoutATrackGiveAnEmptyDocument) {
+    SKIP_WITHOUT("xmllint");
+    TrackLog nowhere;
+    nowhere.add(nowhere.log_.cycle(0));
+    nowhere.fix(0.5, 0.0001, 0, 10);
+    nowhere.add(nowhere.log_.cycle(1));
+    EXPECT_EQ("  </Document>\n</kml>\n", body(nowhere, {"-k"}));
+    TrackLog nothing;
+    EXPECT_EQ("  </Document>\n</kml>\n", body(nothing, {"-ki"}));
+}
+
+TEST_F(KmlRunTest, HostileTextAndNumbersLeaveItWellFormed) {
+    SKIP_WITHOUT("xmllint");
+    TrackLog log;
+    log.dive(3);
+    for (const char* message : {"]]>", "a]]", "<b>&", "\x01\x1F\x7F", "\xFF\xC3", "\xEF\xBF\xBF", "\xED\xA0\x80"}) {
+        log.add(log.log_.syslog(3, message, Syslog::FAULT));
+    }
+    log.fix(4, NAN, INFINITY, -INFINITY);
+    log.fix(1e6, 1e300, -1e300, 1e300);
+    log.fix(-1e6, 36.5, -122, 1);
+    log.add(log.log_.cycle(5));
+    const std::string document = body(log, {"-kv", "A&<B>]]>\x02\xFF"});
+    EXPECT_EQ(7u, CountOf(document, "#fault"));
+    EXPECT_EQ(0u, CountOf(document, "nan") + CountOf(document, "inf"));
+    kml(log, {"-Kv", "\"'"});
+    kml(log, {"-kC", "<&\""});
+}

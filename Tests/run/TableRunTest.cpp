@@ -1,0 +1,144 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "DiveLog.h"
+#include "Program.h"
+#include "support/Command.h"
+
+// The tables of small logs, whole.
+
+namespace {
+
+class TableRunTest : public ::testing::Test {
+protected:
+    // The table that the options and names make of the log.
+    std::string table(const std::string& log, std::vector<std::string> arguments) {
+        program_.files().write("dive", log);
+        arguments.insert(arguments.begin(), {"-qO", "-c"});
+        const Outcome outcome = program_.run(arguments);
+        EXPECT_EQ(0, outcome.status_);
+        EXPECT_EQ("", outcome.out_ + outcome.err_) << ::testing::PrintToString(arguments);
+        return program_.files().read("dive.csv");
+    }
+    // What Python's csv module reads of the table: its rows, and the numbers of columns that occur.
+    std::string readBack() {
+        const std::string script = "import csv; r = list(csv.reader(open('" + program_.files().path("dive.csv") +
+                                   "', newline=''))); print(len(r), sorted({len(c) for c in r}))";
+        return OutputOf("python3 -c \"" + script + "\"");
+    }
+
+    Program program_;
+};
+
+// Three cycles of one second: at 0.25 s the depth, 0, 0.5 and 1 m; at 0.5 s the speed, 1.5 m/s.
+std::string Dive() {
+    return DiveLog::Of(3);
+}
+
+}  // namespace
+
+TEST_F(TableRunTest, ARowACycle) {
+    EXPECT_EQ(
+        "Timestamp,EpochSeconds,Depth.depth,No.such,Nav.speed\n"
+        "2012-06-01T12:30:00.000Z,1338553800.000,0.000000 cm,nan,1.500000 m/s\n"
+        "2012-06-01T12:30:01.000Z,1338553801.000,50.000000 cm,nan,1.500000 m/s\n"
+        "2012-06-01T12:30:02.000Z,1338553802.000,100.000000 cm,nan,1.500000 m/s\n",
+        table(Dive(), {"dive", "Depth.depth", "(centimeter)", "No.such", "Nav.speed"}));
+}
+
+TEST_F(TableRunTest, WithoutNamesEveryVariable) {
+    EXPECT_EQ(
+        "Timestamp,EpochSeconds,Depth.depth,Nav.speed\n"
+        "2012-06-01T12:30:00.000Z,1338553800.000,0.000000,1.500000\n",
+        table(DiveLog::Of(1), {"-h", "dive"}));
+    EXPECT_EQ(
+        "Timestamp,EpochSeconds,Nav.speed\n"
+        "2012-06-01T12:30:00.000Z,1338553800.000,1.500000 m/s\n",
+        table(DiveLog::Of(1), {"-p", "Nav", "dive"}));
+}
+
+TEST_F(TableRunTest, InterpolatedARowForEachTime) {
+    EXPECT_EQ(
+        "Timestamp,EpochSeconds,Depth.depth,Nav.speed\n"
+        "2012-06-01T12:30:00.250Z,1338553800.250,0.000000,nan\n"
+        "2012-06-01T12:30:00.500Z,1338553800.500,0.125000,1.500000\n"
+        "2012-06-01T12:30:01.250Z,1338553801.250,0.500000,1.500000\n"
+        "2012-06-01T12:30:01.500Z,1338553801.500,0.625000,1.500000\n"
+        "2012-06-01T12:30:02.250Z,1338553802.250,1.000000,1.500000\n"
+        "2012-06-01T12:30:02.500Z,1338553802.500,1.000000,1.500000\n"
+        "2012-06-01T12:30:02.500Z,1338553802.500,1.000000,1.500000\n",
+        table(Dive(), {"-ih", "dive", "Depth.depth", "Nav.speed"}));
+}
+
+TEST_F(TableRunTest, Thinned) {
+    const std::string header = "Timestamp,EpochSeconds,Depth.depth\n";
+    EXPECT_EQ(header +
+                  "2012-06-01T12:30:00.250Z,1338553800.250,0.000000 m\n"
+                  "2012-06-01T12:30:02.250Z,1338553802.250,1.000000 m\n"
+                  "2012-06-01T12:30:02.250Z,1338553802.250,1.000000 m\n",
+              table(Dive(), {"-i", "dive", "Depth.depth", "0.1"}));
+    // Without interpolation the cycle start after the points ends the row of the one before.
+    EXPECT_EQ(header +
+                  "2012-06-01T12:30:00.000Z,1338553800.000,1.000000 m\n"
+                  "2012-06-01T12:30:02.000Z,1338553802.000,1.000000 m\n",
+              table(Dive(), {"dive", "Depth.depth", "0.1"}));
+}
+
+TEST_F(TableRunTest, SeveralInputsInOneTable) {
+    program_.files().write("next", DiveLog::Of(1, 10));
+    EXPECT_EQ("", table(Dive(), {"-o", "both.csv", "dive;next", "Depth.depth"}));
+    EXPECT_EQ(
+        "Timestamp,EpochSeconds,Depth.depth\n"
+        "2012-06-01T12:30:00.000Z,1338553800.000,0.000000 m\n"
+        "2012-06-01T12:30:01.000Z,1338553801.000,0.500000 m\n"
+        "2012-06-01T12:30:02.000Z,1338553802.000,1.000000 m\n"
+        "2012-06-01T12:30:10.000Z,1338553810.000,5.000000 m\n",
+        program_.files().read("both.csv"));
+}
+
+// What a log and a user can bring that is no plain number in its unit.
+TEST_F(TableRunTest, EveryRowHasItsColumns) {
+    DiveLog dive;
+    dive.begin();
+    DataAccess* text = dive.log_.declareText("Nav.text");
+    DataAccess* blob = dive.log_.declareBlob("Nav.blob", Units::METER, BLOB_FLOAT32LE, 2);
+    DataAccess* number = dive.log_.declare("Nav.number");
+    for (DataAccess* access : {text, blob, number}) dive.declare(access);
+    const struct {
+        const char* text_;
+        double number_;
+    } cycles[] = {{"a,b", NAN}, {"say \"a\"", INFINITY}, {"two\r\nlines", -INFINITY}, {"", 1e40}};
+    int second = 0;
+    for (const auto& c : cycles) {
+        dive.add(dive.log_.cycle(second));
+        dive.add(dive.log_.text(text, second, c.text_));
+        dive.add(dive.log_.data(number, second, c.number_));
+        ++second;
+    }
+    dive.add(dive.log_.blob(blob, second, std::vector<float>{1, 2}));
+    EXPECT_EQ(
+        "Timestamp,EpochSeconds,Nav.text,Nav.number,Nav.blob,\"No,\"\"such\"\"\"\n"
+        "2012-06-01T12:30:00.000Z,1338553800.000,\"a,b\",nan n/a,nan,nan\n"
+        "2012-06-01T12:30:01.000Z,1338553801.000,\"say \"\"a\"\"\",inf n/a,nan,nan\n"
+        "2012-06-01T12:30:02.000Z,1338553802.000,\"two\r\nlines\",-inf n/a,nan,nan\n"
+        "2012-06-01T12:30:03.000Z,1338553803.000,,100000000000000003037860284270 n/a,8 bytes of meter,nan\n",
+        table(dive.bytes(), {"dive", "Nav.text", "Nav.number", "(no_such_unit)", "Nav.blob", "No,\"such\""}));
+    EXPECT_EQ("5 [6]\n", readBack());
+    const std::string unfit = table(dive.bytes(), {"dive", "Nav.blob", "(second)", "Depth.depth", "(second)"});
+    EXPECT_NE(std::string::npos, unfit.find("8 bytes of second,nan\n")) << unfit;
+    table(dive.bytes(), {"-i", "dive"});
+    EXPECT_EQ("7 [7]\n", readBack());
+}
+
+TEST_F(TableRunTest, TimesThatJump) {
+    DiveLog dive;
+    dive.begin();
+    for (const double start : {100., 0., 1e6}) dive.cycles(static_cast<int>(start), 1);
+    const std::string cycles = table(dive.bytes(), {"dive", "Depth.depth"});
+    EXPECT_EQ(4u, CountOf(cycles, "\n"));
+    EXPECT_LT(cycles.find("12:31:40.000Z"), cycles.find("12:30:00.000Z"));
+    EXPECT_EQ(5u, CountOf(table(dive.bytes(), {"-i", "dive", "Depth.depth"}), "\n"));  // the last row twice
+}
