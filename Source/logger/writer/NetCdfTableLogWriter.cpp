@@ -62,6 +62,7 @@ bool NetCdfTableLogWriter::defineColumn(int column) {
     if (const Unit* const unit = columns_.unit(column)) {
         const ElementURI uri(ElementURI::NO_CODE, name, ElementURI::DATA_ELEMENT);
         addVar(column, &uri, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(name));
+        writeToColumn(nullptr, column);
         return true;
     }
     if (!Slate::IsDirectoryRead()) return false;

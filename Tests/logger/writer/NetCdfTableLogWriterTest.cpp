@@ -118,6 +118,7 @@ TEST_F(NetCdfTableLogWriterTest, WhatIsMissingIsNaN) {
         EXPECT_TRUE(std::isnan(file.numbers(name)[0])) << name;
     }
     EXPECT_EQ(std::vector<double>({NC_FILL_SHORT}), file.numbers("Depth.count"));
+    EXPECT_EQ(std::vector<double>({NC_FILL_INT}), file.numbers("No.suchUnit"));
     EXPECT_EQ(std::vector<double>({At(0)}), file.numbers("Time"));
     EXPECT_EQ("s", file.att("Depth.depth", "units"));
 }
