@@ -1,0 +1,195 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "DiveLog.h"
+#include "Program.h"
+#include "data/Slate.h"
+#include "io/LzmaEncoder.h"
+#include "logger/engine/LogEngine.h"
+#include "logger/reader/BinaryLogReader.h"
+#include "logger/reader/FileLogReader.h"
+#include "logger/rule/CompositeRules.h"
+#include "logger/rule/EntryRules.h"
+#include "logger/writer/DirectoryLogWriter.h"
+#include "logger/writer/SplitFileLogWriter.h"
+#include "logger/writer/TextLogWriter.h"
+#include "support/CapturedLog.h"
+#include "support/Command.h"
+#include "support/MemoryStreams.h"
+
+// Logs that are written again and read back.
+
+namespace {
+
+class RoundTripTest : public ::testing::Test {
+protected:
+    void synthesize(const std::string& options) {
+        EXPECT_NE("", OutputOf(std::string(SLATESYNTH_PROGRAM) + " " + options + " " + path("dive")));
+    }
+    void runInSilence(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), "-qO");
+        const Outcome outcome = program_.run(arguments);
+        EXPECT_EQ(0, outcome.status_);
+        EXPECT_EQ("", outcome.out_ + outcome.err_) << ::testing::PrintToString(arguments);
+    }
+    // The text of a log, limited to the names.
+    std::string textOf(const std::string& log, const std::vector<std::string>& names = {}, const char* options = "-a") {
+        std::vector<std::string> arguments = {options, log};
+        arguments.insert(arguments.end(), names.begin(), names.end());
+        runInSilence(arguments);
+        return program_.files().read(log + ".asc");
+    }
+    std::string path(const std::string& name) const { return program_.files().path(name); }
+
+    Program program_;
+};
+
+bool IsOfDirectory(const std::string& line) {
+    for (const char* kind : {"VERSION ", "NAME ", "ELEMENT ", "ACCESSOR "}) {
+        if (line.rfind(kind, 0) == 0) return true;
+    }
+    return false;
+}
+
+// The lines of a text dump that are not about the directory.
+std::string WithoutDirectory(const std::string& text) {
+    std::istringstream in(text);
+    std::string kept;
+    for (std::string line; std::getline(in, line);) {
+        if (!IsOfDirectory(line)) kept += line + "\n";
+    }
+    return kept;
+}
+
+// Expects the same lines, with times that may differ by two milliseconds: many entries keep no more than milliseconds
+// since a base, which a copy counts from another base.
+void ExpectAlike(const std::string& text, const std::string& copy) {
+    std::istringstream lines(text), copiedLines(copy);
+    for (std::string line, copied; std::getline(lines, line);) {
+        ASSERT_TRUE(std::getline(copiedLines, copied)) << line;
+        const size_t time = line.find(',') + 1, rest = line.find(' ', time);
+        ASSERT_EQ(line.substr(rest), copied.substr(rest)) << line;
+        ASSERT_NEAR(atof(line.c_str() + time), atof(copied.c_str() + time), 0.0021) << line;
+    }
+}
+
+}  // namespace
+
+// Without the corrections of the clock, which the copy has behind it.
+TEST_F(RoundTripTest, ALogOfEveryVersionReadsBackTheSame) {
+    for (const char* dive :
+         {"--version 3 --seed 1", "--version 4 --seed 2", "--version 5 --seed 3", "--version 6 --seed 4",
+          "--version 7 --seed 5", "--version 8 --seed 6", "--version 8 --seed 20120601"}) {
+        synthesize(std::string("--minutes 0.5 ") + dive);
+        const std::string text = textOf("dive", {}, "-aL");
+        EXPECT_LT(100000u, text.size());
+        runInSilence({"-bL", "dive"});
+        EXPECT_TRUE(text == textOf("dive.bin", {}, "-aL")) << dive;
+    }
+}
+
+TEST_F(RoundTripTest, ACorrectedLogReadsBackWithinMilliseconds) {
+    synthesize("--minutes 2");
+    const std::string text = textOf("dive");
+    EXPECT_NE(std::string::npos, text.find("GPS fix at: "));
+    runInSilence({"-b", "dive"});
+    ExpectAlike(text, textOf("dive.bin"));
+}
+
+TEST_F(RoundTripTest, SelectedVariablesReadBackWithTheLogsDirectory) {
+    synthesize("--minutes 0.5");
+    const std::vector<std::string> names = {"DepthSensor.depth", "CTD.sea_water_temperature"};
+    const std::string text = textOf("dive", names);
+    EXPECT_LT(10000u, text.size());
+    runInSilence({"-b", "dive", names[0], names[1]});
+    runInSilence({"-d", "dive"});
+    std::filesystem::rename(path("dive.dir"), path("dive.bin.dir"));
+    EXPECT_EQ(text, textOf("dive.bin", names));
+}
+
+TEST_F(RoundTripTest, AThinnedLogReadsBackAsTheThinnedSeries) {
+    synthesize("--minutes 4");
+    const std::vector<std::string> bounds = {"DepthSensor.depth",  "0.2",      "CTD.sea_water_temperature", "0.01",
+                                             "Navigator.latitude", "0.0000001"};
+    const std::string thinned = textOf("dive", bounds);
+    EXPECT_LT(1000u, thinned.size());
+    EXPECT_GT(WithoutDirectory(textOf("dive", {bounds[0], bounds[2], bounds[4]})).size(), thinned.size() * 2);
+    std::vector<std::string> arguments = {"-b", "dive"};
+    arguments.insert(arguments.end(), bounds.begin(), bounds.end());
+    runInSilence(arguments);
+    EXPECT_EQ(thinned, WithoutDirectory(textOf("dive.bin")));
+}
+
+// A dive in files of bounded size or time, each compressed as soon as it is complete.
+class SplitRoundTripTest : public RoundTripTest {
+protected:
+    void SetUp() override {
+        synthesize("--minutes 2");
+        Slate::SetLogger(&static_cast<const Logger&>(messages_));
+        forgetValues();
+    }
+    void TearDown() override {
+        Slate::SetLogger(nullptr);
+        Slate::Uninitialize();
+        DirectoryLogWriter::Uninitialize();
+    }
+
+    // Leaves a Slate that knows the dive's directory, and no value.
+    void forgetValues() {
+        Slate::Uninitialize();
+        Slate::ReadDirectory(path("dive").c_str());
+    }
+    // Reads a log and hands its entries to the writer, which is gone afterwards.
+    void copy(const std::string& log, LogWriter* writer, Rule* rule = nullptr) {
+        LogEngine engine;
+        engine.addAssociation(writer, rule);
+        BinaryLogReader* const reader = new BinaryLogReader(messages_, Timestamp::NOT_SET_TIME, Timestamp::NOT_SET_TIME,
+                                                            Str::EMPTY_STR, &engine, nullptr);
+        reader->setTimeAdjust(Timespan::INVALID_TIMESPAN);
+        FileLogReader(path(log).c_str(), reader).readAll();
+    }
+    // The text of all parts: the last one is plain, the others are compressed, each with its backup beside it.
+    std::string textOfParts() {
+        MemoryOutStream text;
+        forgetValues();
+        for (parts_ = 1; program_.files().has(partName() + ".lzma"); ++parts_) {
+            const std::string bytes = OutputOf("xz --format=lzma -dc " + path(partName() + ".lzma"));
+            EXPECT_FALSE(program_.files().has(partName()));
+            EXPECT_TRUE(program_.files().read(partName() + ".bak") == bytes) << partName();
+            program_.files().write("part", bytes);
+            copy("part", new TextLogWriter(text, false));
+        }
+        copy(partName(), new TextLogWriter(text, false));
+        return text.bytes_;
+    }
+    std::string partName() const { return "run000" + std::to_string(parts_); }
+
+    int parts_ = 0;
+    CapturedLog messages_;
+};
+
+TEST_F(SplitRoundTripTest, PartsOfASizeHoldTheLog) {
+    copy("dive",
+         new SplitFileLogWriter(path("run").c_str(), 100000, new DirectoryLogWriter(true), new LzmaEncoder(), 1));
+    ExpectAlike(WithoutDirectory(textOf("dive", {}, "-aL")), WithoutDirectory(textOfParts()));
+    EXPECT_LE(3, parts_);
+}
+
+// Entries of the directory have no time of the log, so they come with the headers here.
+TEST_F(SplitRoundTripTest, PartsOfASpanHoldTheLogAndTheDirectory) {
+    copy("dive",
+         new SplitFileLogWriter(path("run").c_str(), Timespan(50, 0), new DirectoryLogWriter(true), new LzmaEncoder(),
+                                1),
+         new NotRule(new TypeRule(LogEntry::DIRECTORY_LOG_ENTRY)));
+    const std::string text = textOf("dive", {}, "-aL");
+    ExpectAlike(WithoutDirectory(text), WithoutDirectory(textOfParts()));
+    EXPECT_EQ(3, parts_);
+    const std::string last = textOf("run0003");
+    EXPECT_LE(CountOf(text, "ELEMENT "), CountOf(last, "ELEMENT "));
+    EXPECT_EQ(CountOf(text, "ACCESSOR "), CountOf(last, "ACCESSOR "));
+}
