@@ -94,7 +94,7 @@ constexpr NetCdfElementKind KINDS[] = {
 NetCdfBlock::NetCdfBlock(NetCdf::NetCdfType type, int nDims, const size_t* recordShape, size_t maxRecords)
     : kind_(KINDS[type]), holdsTexts_(type == NetCdf::NC_STRING_TYPE), counts_{}, capacity_(maxRecords) {
     for (int i = 1; i < nDims; ++i) elements_ *= counts_[i] = recordShape[i - 1];
-    limitTo(ROOM / std::max<size_t>(1, elements_ * kind_.size_));
+    limitTo(ROOM / std::max<size_t>(1, recordBytes()));
 }
 
 void NetCdfBlock::limitTo(size_t maxRecords) {
@@ -102,7 +102,7 @@ void NetCdfBlock::limitTo(size_t maxRecords) {
 }
 
 void NetCdfBlock::makeRoom() {
-    bytes_.reset(new char[capacity_ * elements_ * kind_.size_]);
+    bytes_.reset(new char[capacity_ * recordBytes()]);
     if (holdsTexts_) texts_.reset(new Str[capacity_ * elements_]);
 }
 
@@ -118,7 +118,7 @@ void NetCdfBlock::addNumber(double value) {
 
 void NetCdfBlock::addUnwritten() {
     if (bytes_ == nullptr) makeRoom();
-    char* at = &bytes_[count_++ * elements_ * kind_.size_];
+    char* at = &bytes_[count_++ * recordBytes()];
     for (size_t i = 0; i < elements_; ++i, at += kind_.size_) kind_.putFill_(at);
 }
 

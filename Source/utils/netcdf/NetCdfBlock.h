@@ -29,6 +29,7 @@ public:
 
     // With fewer records to a block; before the first one.
     void limitTo(size_t maxRecords);
+    size_t recordBytes() const { return elements_ * kind_.size_; }
     bool isFull() const { return count_ >= capacity_ || textBytes_ >= ROOM; }
 
     // Each adds a record; the block is not full. Elements that get no value are as if no call had written them.

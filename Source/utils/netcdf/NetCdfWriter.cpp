@@ -177,13 +177,12 @@ NetCdf::NetCdfVar* NetCdfWriter::defineVar(const Str& name, NetCdfType type, int
 // The library would keep 16 MiB of chunks for each variable; one chunk is what is in work. When the variables of a log
 // ask for more than there is room for, the later ones write every block straight through.
 void NetCdfWriter::chunk(const NetCdfVar& var, const size_t* recordShape) {
-    static const size_t BYTES_PER_ELEMENT = 16;  // at most: a reference to a text
+    static const size_t TEXT_BYTES = 16;  // of a reference to a text in the file, the largest single element
     size_t sizes[MAX_DIMS] = {CHUNK_RECORDS};
     std::copy_n(recordShape, var.nDims_ - 1, sizes + 1);
     status_ &= nc_def_var_chunking(ncId_, var.varId_, NC_CHUNKED, sizes);
     status_ &= nc_def_var_deflate(ncId_, var.varId_, 0, 1, 1);
-    size_t bytes = BYTES_PER_ELEMENT;
-    for (int i = 0; i < var.nDims_; ++i) bytes *= sizes[i];
+    const size_t bytes = CHUNK_RECORDS * std::max(var.block_->recordBytes(), TEXT_BYTES);
     const bool hasRoom = bytes <= root_->cacheRoomLeft_;
     if (hasRoom) root_->cacheRoomLeft_ -= bytes;
     nc_set_var_chunk_cache(ncId_, var.varId_, hasRoom ? bytes : 1, 7, 0.75f);

@@ -71,8 +71,8 @@ public:
 private:
     static const int GLOBAL_ID = -1;  // stands for the file where a variable's id is asked for
     static const size_t CHUNK_RECORDS = 256;
-    static const size_t CHUNK_CACHE_ROOM = 67108864;  // bytes, for all chunks of a file that are in work
-    static const size_t ROW_ROOM = 524288;            // bytes of a classic file over which a block is spread
+    static const size_t CHUNK_CACHE_ROOM = 134217728;  // bytes, for all chunks of a file that are in work
+    static const size_t ROW_ROOM = 524288;             // bytes of a classic file over which a block is spread
 
     bool isGroup() const { return filename_.isEmpty(); }
     bool check(int status);  // notes the status of a call of the library

@@ -70,7 +70,7 @@ TEST_F(NetCdfLogWriterTest, ArraysAndTexts) {
     write(names,
           {dive_->blob<double>(matrix, 0, {1000, 2000, 3000, 4000}), dive_->blob<double>(matrix, 1, {5000}),
            dive_->blob<unsigned char>(cube, 0, {1, 2, 3, 255}), dive_->blob<short>(row, 0, {-1, 2}),
-           dive_->blob<float>(loose, 0, {1, 2, 3}), dive_->text(text, 0, "one"), dive_->text(text, 1, "")},
+           dive_->blob<float>(loose, 0, {1, 2, 3}), dive_->text(text, 0, Str("one\0two", 7)), dive_->text(text, 1, "")},
           &units);
     EXPECT_EQ("", printed_);
     const NetCdfFile file(path_);

@@ -156,16 +156,3 @@ TEST_F(NetCdfTableLogWriterTest, AnotherInputContinuesTheTable) {
     EXPECT_EQ(std::vector<double>({0, 1}), file.numbers("A.a"));
     EXPECT_EQ("6", file.att("", "S.s"));
 }
-
-TEST_F(NetCdfTableLogWriterTest, WithoutAFileTheWriterIsSilent) {
-    NameList names{"A.a"};
-    testing::internal::CaptureStdout();
-    NetCdfTableLogWriter writer(files_.path("no/file").c_str(), false, 1, names.list(), nullptr, false, 0, nullptr);
-    DataAccess* const a = dive_->declare("A.a", Units::METER);
-    dive_->endDirectory();
-    EXPECT_FALSE(writer.isValid());
-    EXPECT_EQ(0u, writer.write(dive_->cycle(0), nullptr));
-    EXPECT_EQ(0u, writer.write(dive_->data(a, 0, 1), nullptr));
-    EXPECT_EQ(0u, writer.writeFooter());
-    EXPECT_EQ("NetCdf error: No such file or directory\n", testing::internal::GetCapturedStdout());
-}

@@ -6,8 +6,6 @@
 #include <limits>
 #include <memory>
 
-#include "data/BlobValue.h"
-#include "data/ElementURI.h"
 #include "support/NetCdfFile.h"
 #include "support/SlateFixture.h"
 #include "support/TempDir.h"
@@ -40,21 +38,6 @@ bool WriteNumber(NetCdfWriter& writer, NetCdf::NetCdfVar* var, double number) {
 }
 
 }  // namespace
-
-TEST_F(NetCdfWriterTest, TheClassicFileHasATrajectoryAndATimeAxis) {
-    const std::unique_ptr<NetCdfWriter> writer = open(false);
-    ASSERT_TRUE(writer->initialize());
-    EXPECT_TRUE(writer->writeRecord(Timestamp(100, 500000)));
-    EXPECT_TRUE(writer->finalize());
-    EXPECT_FALSE(writer->finalize());
-    const NetCdfFile file(path_);
-    EXPECT_EQ(std::vector<size_t>({4}), file.shape("trajectory_id"));
-    EXPECT_EQ("trajectory_id", file.att("trajectory_id", "standard_name"));
-    EXPECT_EQ(std::vector<double>({100.5}), file.numbers("Time"));
-    EXPECT_EQ("seconds since 1970-01-01 00:00:00", file.att("Time", "units"));
-    EXPECT_EQ("time", file.att("Time", "standard_name"));
-    EXPECT_EQ("T", file.att("Time", "axis"));
-}
 
 TEST_F(NetCdfWriterTest, EveryDefinitionIsMadeOnce) {
     const std::unique_ptr<NetCdfWriter> writer = open(true);
@@ -144,48 +127,6 @@ TEST_F(NetCdfWriterTest, NumbersAreFittedToTheirType) {
         ASSERT_EQ(1u, read.size());
         EXPECT_EQ(test.read_, read[0]) << test.type_ << " " << test.value_;
     }
-}
-
-// Rows of an array, a short array, and an array whose first dimension is none.
-TEST_F(NetCdfWriterTest, ArraysAreWrittenElementByElement) {
-    const ElementURI uri(ElementURI::NO_CODE, "C.a", ElementURI::DATA_ELEMENT, Units::NONE, STRVALUE, BLOB_INT16LE, 2,
-                         3);
-    const ElementURI flat(ElementURI::NO_CODE, "C.b", ElementURI::DATA_ELEMENT, Units::NONE, STRVALUE, BLOB_INT16LE, 0,
-                          3);
-    const short elements[] = {1, 2, 3, 4, 5, 6};
-    BlobValue whole(elements, 6, uri);
-    BlobValue cut(elements, 4, uri);
-    const std::unique_ptr<NetCdfWriter> writer = open(true);
-    const NetCdf::NetCdfDim* const time = writer->addDim("t", 0);
-    NetCdf::NetCdfVar* const var =
-        writer->addVar("a", NetCdf::NC_SHORT_TYPE, time, writer->addDim("m", 2), writer->addDim("n", 3));
-    ASSERT_TRUE(writer->initialize());
-    var->dataValue_ = &whole;
-    EXPECT_TRUE(writer->writeVarRecord(var, &uri));
-    var->dataValue_ = &cut;
-    EXPECT_TRUE(writer->writeVarRecord(var, &uri));
-    EXPECT_TRUE(writer->writeVarRecord(var, &flat));
-    EXPECT_EQ(3u, var->numRecs_);
-    EXPECT_TRUE(writer->finalize());
-    const NetCdfFile file(path_);
-    const double fill = NC_FILL_SHORT;
-    EXPECT_EQ(std::vector<size_t>({3, 2, 3}), file.shape("a"));
-    EXPECT_EQ(std::vector<double>({1, 2, 3, 4, 5, 6, 1, 2, 3, 4, fill, fill, fill, fill, fill, fill, fill, fill}),
-              file.numbers("a"));
-}
-
-TEST_F(NetCdfWriterTest, TextsEndAtTheirFirstZero) {
-    StrValue text("");
-    const std::unique_ptr<NetCdfWriter> writer = open(true);
-    NetCdf::NetCdfVar* const var = writer->addVar("s", NetCdf::NC_STRING_TYPE, writer->addDim("t", 0));
-    ASSERT_TRUE(writer->initialize());
-    var->dataValue_ = &text;
-    for (const Str& value : {Str("one"), Str("a\0b", 3), Str(), Str("\xC3\xBC \"\n")}) {
-        text.setFrom(value);
-        EXPECT_TRUE(writer->writeVarRecord(var, nullptr));
-    }
-    EXPECT_TRUE(writer->finalize());
-    EXPECT_EQ(std::vector<std::string>({"one", "a", "", "\xC3\xBC \"\n"}), NetCdfFile(path_).texts("s"));
 }
 
 // Blocks of any size give the same file, byte by byte.
