@@ -115,6 +115,7 @@ unsigned int HDF5LogWriter::writeFooter() {
     if (wroteFooter_) return 0;
     wroteFooter_ = true;
     for (unsigned int i = 0; i < leaves_.size(); ++i) leaves_.at(i)->finish();
+    tree_.finish();
     if (matlab_) {
         const bool isEmpty = firstTime_ == Timestamp::NOT_SET_TIME;
         hdf5_.setUserBlock(MatlabForm::Header(isEmpty ? Timestamp::EPOCH_START_TIME : firstTime_));

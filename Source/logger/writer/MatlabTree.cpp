@@ -1,5 +1,8 @@
 #include "logger/writer/MatlabTree.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "logger/writer/MatlabForm.h"
 #include "logger/writer/MatlabNames.h"
 
@@ -7,16 +10,18 @@ const char* const MatlabTree::VALUE = "value";
 const char* const MatlabTree::UNITS = "units";
 const char* const MatlabTree::TIME = "time";
 
+static const Str MEMBERS[] = {MatlabTree::VALUE, MatlabTree::UNITS, MatlabTree::TIME};
+
 static bool IsMember(const Str& identifier) {
-    return identifier == MatlabTree::VALUE || identifier == MatlabTree::UNITS || identifier == MatlabTree::TIME;
+    return std::find(std::begin(MEMBERS), std::end(MEMBERS), identifier) != std::end(MEMBERS);
 }
 
 MatlabTree::MatlabTree(Hdf5Group& root) : root_(new Node(root)) {}
 
 // Neither a leaf already nor a parent with parts that a leaf's members are named like.
 bool MatlabTree::Node::mayBeLeaf() const {
-    return !isLeaf_ && byIdentifier_.get(VALUE) == nullptr && byIdentifier_.get(UNITS) == nullptr &&
-           byIdentifier_.get(TIME) == nullptr;
+    return !isLeaf_ && std::none_of(std::begin(MEMBERS), std::end(MEMBERS),
+                                    [this](const Str& member) { return byIdentifier_.get(member) != nullptr; });
 }
 
 bool MatlabTree::Node::isFree(const Str& identifier) const {
@@ -56,4 +61,19 @@ MatlabTree::Node& MatlabTree::Add(Node& parent, const Str& part) {
     parent.byIdentifier_.put(free, node, true);
     parent.byPart_.put(part, node, false);
     return *node;
+}
+
+void MatlabTree::finish() {
+    for (unsigned int i = 0; i < root_->byIdentifier_.size(); ++i) Finish(*root_->byIdentifier_.getIndexed(i));
+}
+
+void MatlabTree::Finish(Node& node) {
+    const size_t memberCount = node.isLeaf_ ? std::size(MEMBERS) : 0;
+    const std::unique_ptr<Str[]> fields(new Str[memberCount + node.byIdentifier_.size()]);
+    std::copy_n(MEMBERS, memberCount, fields.get());
+    for (unsigned int i = 0; i < node.byIdentifier_.size(); ++i) {
+        fields[memberCount + i] = node.byIdentifier_.getIndexedEntry(i)->getKey();
+        Finish(*node.byIdentifier_.getIndexed(i));
+    }
+    node.group_.addAtt("MATLAB_fields", fields.get(), memberCount + node.byIdentifier_.size());
 }

@@ -20,6 +20,8 @@ public:
     // A new leaf for the name, whose parts end at '.', ':' and '/'. Parts become identifiers; one that another name has
     // taken gets a number. A leaf may have other variables below it. The group belongs to the file.
     Hdf5Group& addLeaf(const Str& name);
+    // Gives every group the list of its members, leaf's members first; readers want it. After the last leaf.
+    void finish();
 
 private:
     struct Node {
@@ -35,6 +37,7 @@ private:
     };
 
     static Node& FindOrAdd(Node& parent, const Str& part, bool asLeaf);
+    static void Finish(Node& node);
     static Node& Add(Node& parent, const Str& part);
 
     const std::unique_ptr<Node> root_;

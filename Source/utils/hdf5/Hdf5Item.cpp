@@ -1,6 +1,7 @@
 #include "utils/hdf5/Hdf5Item.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "utils/Utf8.h"
 #include "utils/hdf5/Hdf5Handle.h"
@@ -13,12 +14,16 @@ bool Hdf5Item::hasAtt(const char* name) {
     return file_.call([&] { return H5Aexists(id_, name); }) > 0;
 }
 
-void Hdf5Item::addAtt(const char* name, Hdf5Id fileType, Hdf5Id memoryType, const void* value) {
+void Hdf5Item::addAtt(const char* name, Hdf5Id space, Hdf5Id fileType, Hdf5Id memoryType, const void* value) {
     if (hasAtt(name)) return;
-    const Hdf5Handle space(file_.call([] { return H5Screate(H5S_SCALAR); }), &H5Sclose);
     const Hdf5Handle att(file_.call([&] { return H5Acreate2(id_, name, fileType, space, H5P_DEFAULT, H5P_DEFAULT); }),
                          &H5Aclose);
     file_.call([&] { return H5Awrite(att, memoryType, value); });
+}
+
+void Hdf5Item::addScalarAtt(const char* name, Hdf5Id fileType, Hdf5Id memoryType, const void* value) {
+    const Hdf5Handle space(file_.call([] { return H5Screate(H5S_SCALAR); }), &H5Sclose);
+    addAtt(name, space, fileType, memoryType, value);
 }
 
 static bool IsAscii(const Str& text) {
@@ -30,15 +35,29 @@ void Hdf5Item::addAtt(const char* name, const Str& text) {
     const Hdf5Handle type(file_.call([] { return H5Tcopy(H5T_C_S1); }), &H5Tclose);
     file_.call([&] { return H5Tset_size(type, std::max<size_t>(1, valid.length())); });
     if (!IsAscii(valid)) file_.call([&] { return H5Tset_cset(type, H5T_CSET_UTF8); });
-    addAtt(name, type, type, valid.cStr());
+    addScalarAtt(name, type, type, valid.cStr());
 }
 
 void Hdf5Item::addAtt(const char* name, int value) {
-    addAtt(name, H5T_STD_I32LE, H5T_NATIVE_INT, &value);
+    addScalarAtt(name, H5T_STD_I32LE, H5T_NATIVE_INT, &value);
 }
 
 void Hdf5Item::addAtt(const char* name, unsigned char value) {
-    addAtt(name, H5T_STD_U8LE, H5T_NATIVE_UCHAR, &value);
+    addScalarAtt(name, H5T_STD_U8LE, H5T_NATIVE_UCHAR, &value);
+}
+
+static const size_t ATTRIBUTE_ROOM = 64000;  // bytes of an item's description that one attribute may take
+
+void Hdf5Item::addAtt(const char* name, const Str* texts, size_t count) {
+    static const size_t TEXT_SIZE = 16;  // length and place
+    if (count == 0 || count > ATTRIBUTE_ROOM / TEXT_SIZE) return;
+    const std::unique_ptr<hvl_t[]> values(new hvl_t[count]);
+    for (size_t i = 0; i < count; ++i) values[i] = {texts[i].length(), const_cast<char*>(texts[i].data())};
+    const hsize_t extent = count;
+    const Hdf5Handle space(file_.call([&] { return H5Screate_simple(1, &extent, nullptr); }), &H5Sclose);
+    const Hdf5Handle character(file_.call([] { return H5Tcopy(H5T_C_S1); }), &H5Tclose);
+    const Hdf5Handle type(file_.call([&] { return H5Tvlen_create(character); }), &H5Tclose);
+    addAtt(name, space, type, type, values.get());
 }
 
 uint64_t Hdf5Item::reference() {

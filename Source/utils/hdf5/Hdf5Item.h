@@ -17,6 +17,8 @@ public:
     void addAtt(const char* name, const char* text) { addAtt(name, Str(text)); }
     void addAtt(const char* name, int value);
     void addAtt(const char* name, unsigned char value);
+    // A list of texts, each of its own length; none when they are too many for an attribute (about 4000).
+    void addAtt(const char* name, const Str* texts, size_t count);
     bool hasAtt(const char* name);
 
     uint64_t reference();  // to this item, for a column of references; 0 when there is none
@@ -26,5 +28,6 @@ protected:
     Hdf5Id id_;
 
 private:
-    void addAtt(const char* name, Hdf5Id fileType, Hdf5Id memoryType, const void* value);
+    void addAtt(const char* name, Hdf5Id space, Hdf5Id fileType, Hdf5Id memoryType, const void* value);
+    void addScalarAtt(const char* name, Hdf5Id fileType, Hdf5Id memoryType, const void* value);
 };
