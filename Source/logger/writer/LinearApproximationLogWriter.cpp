@@ -27,7 +27,7 @@ void LinearApproximationLogWriter::config(Logger& logger) {
 }
 
 unsigned int LinearApproximationLogWriter::writeToColumn(const DataEntry* entry, int column) {
-    if (entry != nullptr && !entry->isNumber()) return entry->getDataValue() == nullptr ? 0 : passOn(*entry, column);
+    if (entry != nullptr && !entry->isNumber()) return passOn(*entry, column);
     VarData* series = varData_[column].get();
     if (series == nullptr) return entry == nullptr ? 0 : startSeries(*entry, column);
     if (entry == nullptr) return passPoint(column);
@@ -82,6 +82,7 @@ unsigned int LinearApproximationLogWriter::passPoint(int column) {
 }
 
 unsigned int LinearApproximationLogWriter::passOn(const DataEntry& entry, int column) {
+    if (entry.getDataValue() == nullptr) return 0;
     recentOutput_ = true;
     return sendOutput(&entry, column);
 }
