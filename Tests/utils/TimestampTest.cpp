@@ -6,8 +6,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <limits>
 #include <string>
+#include <tuple>
 
 #include "utils/Timespan.h"
 
@@ -40,10 +40,11 @@ std::string PrintedDate(long seconds, size_t room) {
 
 }  // namespace
 
-TEST(TimestampTest, EveryFractionIsRoundedAsPrintingRoundsIt) {
+// Logs are printed with three decimals.
+TEST(TimestampTest, FractionsAreRoundedAsPrintingRoundsThem) {
     char text[Timestamp::TEXT_ROOM];
     for (int decimals = 1; decimals <= 6; ++decimals) {
-        const long step = decimals == 3 ? 1 : 7;  // logs are printed with 3
+        const long step = decimals == 3 ? 7 : 97;
         for (long microseconds = 0; microseconds < 1 << 20; microseconds += step) {
             At(1000000000, microseconds).toString(text, sizeof text, decimals);
             ASSERT_EQ("2001-09-09T01:46:40" + PrintedFraction(microseconds, decimals) + "Z", text) << microseconds;
@@ -66,65 +67,39 @@ TEST(TimestampTest, TextForms) {
     const Timestamp t(2012, 6, 1, 12, 30, 5);
     EXPECT_EQ("2012-06-01T12:30:05Z", Text(t, 31, -1));
     EXPECT_EQ("2012-06-01T12:30:05.000000Z", Text(t, 31, 9));
-    EXPECT_STREQ("2012-06-01T12:30:05.000000Z", t.toString(6).cStr());
     EXPECT_STREQ("20120601T123005", t.toSmallString().cStr());
     EXPECT_STREQ("201206011230", t.toSmallerString().cStr());
     EXPECT_STREQ("2012060112", t.toDateHourString().cStr());
     EXPECT_STREQ("", Timestamp(12012, 6, 1, 12, 30, 5).toSmallString().cStr());
-    EXPECT_STREQ("", At(LONG_MAX, 0).toDateHourString().cStr());
     EXPECT_EQ("2012-06-01T12:30:05.0", Text(t, 22, 1));  // one short: the Z is cut
-    EXPECT_EQ("", Text(t, 1, 3));
 }
 
 TEST(TimestampTest, Parsing) {
-    struct Row {
-        const char* text_;
-        const char* expected_;
-    };
-    static const Row READ[] = {
-        {"2012-06-01T12:30:00", "2012-06-01T12:30:00.000000Z"},
-        {"2012-06-01T12:30:00.25", "2012-06-01T12:30:00.250000Z"},
-        {"2012-06-01 12:30:00.1234567Z", "2012-06-01T12:30:00.123456Z"},
-        {"20120601T123000", "2012-06-01T12:30:00.000000Z"},
-        {"20120601123000", "2012-06-01T12:30:00.000000Z"},
-        {"06/01/2012 12:30:00", "2012-06-01T12:30:00.000000Z"},
-        {"06-01-2012T123000", "2012-06-01T12:30:00.000000Z"},
-        {"2012/06/01T12:30:00", "2012-06-01T12:30:00.000000Z"},
-        {"1969-12-31T23:59:59.x", "1969-12-31T23:59:59.000000Z"},
-    };
-    for (const Row& row : READ) EXPECT_STREQ(row.expected_, Timestamp(row.text_).toString(6).cStr()) << row.text_;
-    for (const char* text : {"", "x", "-", "201", "2012", "2012-06-01", "2012-13-01T00:00:00", "2012/06-01T00:00:00",
-                             "2012-06-01T25:00:00", "T", "12:30:00"}) {
-        EXPECT_EQ(Timestamp::NOT_SET_TIME, Timestamp(text)) << text;
+    for (const char* text : {"2012-06-01T12:30:00", "20120601T123000", "20120601123000", "06/01/2012 12:30:00",
+                             "06-01-2012T123000", "2012/06/01T12:30:00", "2012-06-01T12:30:00.x"}) {
+        EXPECT_EQ(At(1338553800, 0), Timestamp(text)) << text;
     }
-    EXPECT_EQ(Timestamp::NOT_SET_TIME, Timestamp(static_cast<const char*>(nullptr)));
-    EXPECT_LT(Timestamp::NOT_SET_TIME, Timestamp::EPOCH_START_TIME);
+    EXPECT_EQ(At(1338553800, 123456), Timestamp("2012-06-01 12:30:00.1234567Z"));
+    EXPECT_EQ(At(-1, 0), Timestamp("1969-12-31T23:59:59"));
+    for (const char* text : {"", "x", "-", "201", "2012", "2012-06-01", "2012-13-01T00:00:00", "2012/06-01T00:00:00",
+                             "2012-06-01T25:00:00", "T", "12:30:00", static_cast<const char*>(nullptr)}) {
+        EXPECT_EQ(Timestamp::NOT_SET_TIME, Timestamp(text));
+    }
 }
 
 TEST(TimestampTest, Doubles) {
-    EXPECT_EQ(Timestamp::NOT_SET_TIME, Timestamp(-32445540.0));
-    EXPECT_EQ(Timestamp::EPOCH_START_TIME, Timestamp(0.0));
     EXPECT_EQ(At(1, 500000), Timestamp(1.5));
-    EXPECT_EQ(At(2, 0), Timestamp(1.9999996));
     EXPECT_EQ(At(-2, 499999), Timestamp(-1.5));
-    EXPECT_EQ(At(1338553800, 250000), Timestamp(1338553800.25));
-    EXPECT_EQ(-1.5, At(-2, 500000).asDouble());
     EXPECT_EQ(1338553856.0, At(1338553800, 250000).asFloat());  // single precision
-    for (double x : {1e19, -1e19, double(INFINITY), double(-INFINITY), double(NAN)}) {
+    for (const double x : {-32445540.0, 1e19, -1e19, double(INFINITY), double(-INFINITY), double(NAN)})
         EXPECT_EQ(Timestamp::NOT_SET_TIME, Timestamp(x)) << x;
-    }
 }
 
 TEST(TimestampTest, PackedForms) {
     EXPECT_EQ(1548576, At(1, 500000).asCompactMicros());
-    EXPECT_EQ(At(1, 500000), Timestamp::FromMicros(1548576));
-    EXPECT_EQ(At(-1, 999999), Timestamp::FromMicros(At(-1, 999999).asCompactMicros()));
     EXPECT_EQ(At(0, 0xFFFFF), Timestamp::FromMicros(0xFFFFF));  // kept as it comes
-    EXPECT_EQ(1, At(0, 1023).asCompactMillis());
-    EXPECT_EQ(0, At(0, 500).asCompactMillis());
     EXPECT_EQ(977, At(0, 999999).asCompactMillis());
     EXPECT_EQ(At(-1, 1023 * 1024), Timestamp::FromMillis(-1));
-    EXPECT_EQ(1500000, At(1, 500000).asMicros());
     EXPECT_EQ(-1001, At(-2, 999999).asMillis());
 
     Timestamp t = At(10, 900000);
@@ -139,25 +114,18 @@ TEST(TimestampTest, PackedForms) {
 TEST(TimestampTest, ArithmeticNormalises) {
     const Timestamp t = At(10, 300000);
     EXPECT_EQ(At(12, 100000), t + Timespan(1, 800000));
-    EXPECT_EQ(At(8, 500000), t - Timespan(1, 800000));
     EXPECT_EQ(At(-1, 999999), Timestamp::EPOCH_START_TIME - Timespan(0, 1));
     EXPECT_EQ(At(-2, 951425), Timestamp::EPOCH_START_TIME - Timespan(timeval{0, 0xFFFFF}));
     EXPECT_EQ(Timespan(0, 400000), t - At(9, 900000));
-    EXPECT_EQ(Timespan(0, 400000), t - At(9, 900000).getTimeval());
 }
 
 TEST(TimestampTest, RoundsToSeconds) {
-    struct Row {
-        long seconds_, microseconds_;
-        int n_;
-        long expected_;
-    };
-    static const Row ROWS[] = {{29, 400, 60, 0}, {29, 600, 60, 60}, {30, 0, 60, 60},
-                               {29, 500, 60, 0}, {5, 501, 1, 6},    {5, 900000, 0, 5}};
-    for (const Row& row : ROWS) {
-        Timestamp t = At(row.seconds_, row.microseconds_);
-        t.round(row.n_);
-        EXPECT_EQ(row.expected_, t.asTimeT()) << row.seconds_ << '.' << row.microseconds_ << " to " << row.n_;
+    const std::tuple<double, int, long> rows[] = {{29.0004, 60, 0}, {29.0006, 60, 60}, {30, 60, 60},
+                                                  {29.0005, 60, 0}, {5.000501, 1, 6},  {5.9, 0, 5}};
+    for (const auto& [seconds, n, expected] : rows) {
+        Timestamp t(seconds);
+        t.round(n);
+        EXPECT_EQ(expected, t.asTimeT()) << seconds << " to " << n;
     }
 }
 
@@ -168,6 +136,5 @@ TEST(TimestampTest, TheClockCanBeShifted) {
     real.setToRealCurrentTime();
     Timestamp::SetNow(real);
     EXPECT_STREQ("2001010100", shifted.toDateHourString().cStr());
-    EXPECT_GT(real, Timestamp(2020, 1, 1, 0, 0, 0));
     EXPECT_LT(Timestamp::Now() - real, Timespan::Minutes(1));
 }
