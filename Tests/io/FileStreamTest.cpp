@@ -29,8 +29,11 @@ private:
 
 TEST_F(FileStreamTest, OpensToReplaceToAppendAndToUpdate) {
     FileOutStream out(path(), false, false);
-    EXPECT_TRUE((out << "abc").isWritable());
+    out << "abc";
     EXPECT_EQ(3, out.tell());
+    EXPECT_EQ("", content());
+    out.flush();
+    EXPECT_EQ("abc", content());
     EXPECT_TRUE(out.open(path(), true, false));
     out << "def";
     EXPECT_TRUE(out.open(path(), false, true));
@@ -39,61 +42,33 @@ TEST_F(FileStreamTest, OpensToReplaceToAppendAndToUpdate) {
     out.close();
     EXPECT_EQ("abXdef", content());
     EXPECT_TRUE(out.open(path(), false, false));
-    out.close();
     EXPECT_EQ("", content());
-    EXPECT_STREQ(path(), out.getName());
-    EXPECT_EQ(0, out.firstError());
-}
-
-TEST_F(FileStreamTest, FlushMakesTheBytesSeen) {
-    FileOutStream out(path(), false, false);
-    out << "abc";
-    EXPECT_EQ("", content());
-    out.flush();
-    EXPECT_EQ("abc", content());
 }
 
 TEST_F(FileStreamTest, KeepsTheReasonOfTheFirstFailure) {
     FileOutStream out(path(), false, true);  // there is nothing to update
-    EXPECT_FALSE(out.isWritable());
     EXPECT_EQ(ENOENT, out.firstError());
-    EXPECT_TRUE(out.open(path(), false, false));
-    EXPECT_EQ(0, out.firstError());
+    out << "abc";
+    EXPECT_EQ(0u, out.bytesWritten());
+    EXPECT_FALSE(out.seek(0));
 
     ASSERT_TRUE(out.open("/dev/full", false, false));
     out << "abc";
     EXPECT_EQ(0, out.firstError());
     out.close();
     EXPECT_EQ(ENOSPC, out.firstError());
-    EXPECT_FALSE(out.open("/", false, false));
-    EXPECT_EQ(EISDIR, out.firstError());
-}
 
-TEST_F(FileStreamTest, NothingIsWrittenWithoutAFile) {
-    FileOutStream out;
-    out << "abc";
-    out.flush();
-    out.close();
-    EXPECT_EQ(0u, out.bytesWritten());
-    EXPECT_EQ(0, out.tell());
-    EXPECT_FALSE(out.seek(0));
-    EXPECT_STREQ("unknown", out.getName());
-}
-
-TEST_F(FileStreamTest, StandardOutputStaysOpenAndHeld) {
-    FileOutStream out(stdout, true);
-    out.close();
-    EXPECT_TRUE(out.isWritable());
-    EXPECT_NE(EOF, fflush(stdout));
+    FileOutStream standard(stdout, true);
+    standard.close();  // stays open
+    EXPECT_TRUE(standard.isWritable());
+    EXPECT_STREQ("unknown", FileOutStream().getName());
 }
 
 TEST_F(FileStreamTest, ReadsShortAndLongPieces) {
-    std::string text;
+    std::string text, collected;
     for (int i = 0; text.size() < 200000; ++i) text += std::to_string(i);
     FileOutStream(path(), false, false).write(text.data(), text.size());
-
     FileInStream in(path());
-    std::string collected;
     char buf[5000];
     for (size_t piece = 0; !in.eof(); piece = (piece * 3 + 1) % sizeof(buf)) {
         collected.append(buf, in.read(buf, piece).bytesRead());
@@ -101,7 +76,6 @@ TEST_F(FileStreamTest, ReadsShortAndLongPieces) {
     EXPECT_EQ(text, collected);
     EXPECT_EQ(text.size(), in.getTotalBytesRead());
     EXPECT_EQ(static_cast<long long>(text.size()), in.tell());
-    EXPECT_EQ(0, in.readError());
 }
 
 TEST_F(FileStreamTest, GoesOnAfterTheEndWhenTheFileGrew) {
@@ -112,12 +86,8 @@ TEST_F(FileStreamTest, GoesOnAfterTheEndWhenTheFileGrew) {
     EXPECT_TRUE(in.eof());
     FileOutStream(path(), true, false) << "c";
     in.clearErr();
-    EXPECT_FALSE(in.eof());
     EXPECT_EQ(1u, in.read(buf, 1).bytesRead());
     EXPECT_EQ('c', buf[0]);
-    EXPECT_TRUE(in.seek(1));
-    in.read(buf, 1);
-    EXPECT_EQ('b', buf[0]);
     EXPECT_FALSE(in.seekTo(-1));
 }
 
@@ -135,31 +105,24 @@ TEST_F(FileStreamTest, ReachesPositionsPastFourGibibytes) {
     out << "x";
     out.flush();
     EXPECT_EQ(2147483647, out.tell());
-    EXPECT_EQ(0, out.firstError());
 }
 
 TEST_F(FileStreamTest, NothingIsReadWithoutAFile) {
     FileInStream in(path());
-    EXPECT_FALSE(in.isReadable());
     EXPECT_TRUE(in.eof());
-    EXPECT_STREQ(path(), in.getName());
     in.setBytesRead(1);  // a stale count must not pass for a byte
     long long value = 7;
     unsigned short code = 7;
     in.readLongLongCompact(value).readUShortCompact(code);
     EXPECT_EQ(7, value);
     EXPECT_EQ(7, code);
-    EXPECT_EQ(1u, in.bytesRead());
     EXPECT_FALSE(in.seek(0));
-    EXPECT_EQ(0, in.tell());
-}
 
-TEST_F(FileStreamTest, TellsWhyAReadFailed) {
-    FileInStream in("/");  // opens, and refuses to be read
+    FileInStream folder("/");  // opens, and refuses to be read
     char c;
-    EXPECT_EQ(0u, in.read(&c, 1).bytesRead());
-    EXPECT_FALSE(in.eof());
-    EXPECT_EQ(EISDIR, in.readError());
+    EXPECT_EQ(0u, folder.read(&c, 1).bytesRead());
+    EXPECT_FALSE(folder.eof());
+    EXPECT_EQ(EISDIR, folder.readError());
 }
 
 TEST_F(FileStreamTest, TakesOneFileAfterAnother) {
@@ -168,13 +131,9 @@ TEST_F(FileStreamTest, TakesOneFileAfterAnother) {
     char c = 0;
     {
         FileInStream in(borrowed, false);
-        EXPECT_STREQ("unknown", in.getName());
         in.read(&c, 1);
         in.setFile(fopen(path(), "rb"), "second", true);
-        in.read(&c, 1);
-        EXPECT_EQ('a', c);
-        in.setFile(fopen(path(), "rb"), "third", true);
-        EXPECT_STREQ("third", in.getName());
+        EXPECT_STREQ("second", in.getName());
         in.read(&c, 1);
         EXPECT_EQ('a', c);
     }

@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <tuple>
+#include <utility>
 
 #include "support/MemoryStreams.h"
 
@@ -14,19 +15,11 @@ TEST(InStreamTest, ReadsLittleEndianNumbers) {
     unsigned short u = 0;
     int i24 = 0, i = 0;
     long long l = 0;
-    EXPECT_EQ(1u, in.readChar(c).bytesRead());
-    in.readShort(s).readShort(u);
-    EXPECT_EQ(3u, in.readInt24(i24).bytesRead());
-    EXPECT_EQ(4u, in.readInt(i).bytesRead());
+    in.readChar(c).readShort(s).readShort(u).readInt24(i24).readInt(i);
     EXPECT_EQ(8u, in.readLongLong(l).bytesRead());
-    EXPECT_EQ(-2, c);
-    EXPECT_EQ(-2, s);
-    EXPECT_EQ(65534, u);
-    EXPECT_EQ(-0x7FFDFF, i24);
-    EXPECT_EQ(-0x7EFDFCFC, i);
-    EXPECT_EQ(0x0102030405060708, l);
+    EXPECT_EQ(std::make_tuple(-2, -2, 65534, -0x7FFDFF, -0x7EFDFCFC, 0x0102030405060708),
+              std::make_tuple(c, s, u, i24, i, l));
     EXPECT_EQ(20u, in.getTotalBytesRead());
-    EXPECT_FALSE(in.eof());
 }
 
 TEST(InStreamTest, ReducedFloatsKeepTheirMostSignificantBytes) {
@@ -48,65 +41,42 @@ TEST(InStreamTest, HexEndsAtTheFirstOtherCharacter) {
     unsigned char u = 0, none = 9;
     short s = 0;
     unsigned short us = 0;
-    in.readCharHex(c).readUCharHex(u).readShortHex(s);
-    EXPECT_EQ(4u, in.readUShortHex(us).bytesRead());
-    in.readUCharHex(none);
-    EXPECT_EQ(-2, c);
-    EXPECT_EQ(0x80, u);
-    EXPECT_EQ(-2, s);
-    EXPECT_EQ(0xABCD, us);
-    EXPECT_EQ(0, none);
+    in.readCharHex(c).readUCharHex(u).readShortHex(s).readUShortHex(us).readUCharHex(none);
+    EXPECT_EQ(std::make_tuple(-2, 0x80, -2, 0xABCD, 0), std::make_tuple(c, u, s, us, none));
     in.readUShortHex(us);  // two characters are left, and the first of them is no digit
     EXPECT_EQ(0, us);
     EXPECT_TRUE(in.eof());
 }
 
-TEST(InStreamTest, LinesEndAtEitherHalfOfCrLf) {
-    const Str bytes("abc\r\ndef\n\nx");
-    static const struct {
-        const char* text_;
-        size_t counted_;  // a line feed that was skipped counts
-    } LINES[] = {{"abc", 3}, {"def", 4}, {"x", 2}, {"", 0}};
+// A line feed that was skipped counts.
+TEST(InStreamTest, LinesEndAtEitherHalfOfCrLfOrWithTheirRoom) {
+    const Str bytes("abc\r\ndef\n\nx\nlonger");
+    const std::pair<const char*, size_t> lines[] = {{"abc", 3}, {"def", 4}, {"x", 2}, {"longe", 5}, {"r", 1}, {"", 0}};
     MemoryInStream in(bytes);
-    for (const auto& line : LINES) {
-        char buf[16];
-        EXPECT_EQ(line.counted_, in.readLine(buf, sizeof(buf)).bytesRead());
-        EXPECT_STREQ(line.text_, buf);
-    }
-    EXPECT_TRUE(in.eof());
-}
-
-TEST(InStreamTest, LongLinesAreReadInPieces) {
-    const Str bytes("abcdef\n");
-    MemoryInStream in(bytes);
-    char buf[4] = "...";
+    char buf[6] = "...";
     in.readLine(buf, 0);
     EXPECT_STREQ("...", buf);
     in.readLine(buf, 1);
     EXPECT_STREQ("", buf);
-    in.readLine(buf, 4);
-    EXPECT_STREQ("abc", buf);
-    in.readLine(buf, 4);
-    EXPECT_STREQ("def", buf);
-}
-
-TEST(InStreamTest, ReadUntilKeepsTheDelimiter) {
-    const Str bytes("ab:c");
-    MemoryInStream in(bytes);
-    char buf[8];
-    EXPECT_EQ(3u, in.readUntil(buf, 7, ':').bytesRead());
-    EXPECT_STREQ("ab:", buf);
-    EXPECT_EQ(2u, in.readUntil(buf, 7, ':').bytesRead());  // the place of the missing byte counts
-    EXPECT_STREQ("c", buf);
+    for (const auto& [text, counted] : lines) {
+        EXPECT_EQ(counted, in.readLine(buf, sizeof(buf)).bytesRead());
+        EXPECT_STREQ(text, buf);
+    }
     EXPECT_TRUE(in.eof());
 }
 
-TEST(InStreamTest, ReadUntilStopsAtItsMaximum) {
-    const Str bytes("abc\xFF:");
+TEST(InStreamTest, ReadUntilKeepsTheDelimiterAndStopsAtItsMaximum) {
+    const Str bytes("ab:cd\xFF:e");
+    const std::tuple<unsigned int, unsigned char, const char*, size_t> reads[] = {
+        {7, ':', "ab:", 3},
+        {1, ':', "c", 1},
+        {3, 0xFF, "d\xFF:", 3},  // a byte of 0x80 or above delimits nothing
+        {7, ':', "e", 2}};       // the place of the missing byte counts
     MemoryInStream in(bytes);
-    char buf[6] = "-----";
-    EXPECT_EQ(2u, in.readUntil(buf, 2, ':').bytesRead());
-    EXPECT_STREQ("ab", buf);
-    EXPECT_EQ(3u, in.readUntil(buf, 3, 0xFF).bytesRead());  // a byte of 0x80 or above delimits nothing
-    EXPECT_STREQ("c\xFF:", buf);
+    for (const auto& [maximum, delimiter, text, counted] : reads) {
+        char buf[8] = "-------";
+        EXPECT_EQ(counted, in.readUntil(buf, maximum, delimiter).bytesRead());
+        EXPECT_STREQ(text, buf);
+    }
+    EXPECT_TRUE(in.eof());
 }
