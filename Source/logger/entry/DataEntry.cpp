@@ -1,5 +1,6 @@
 #include "logger/entry/DataEntry.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -55,13 +56,50 @@ unsigned short DataEntry::getUniversalCode() const {
     return dataAccess_ == nullptr ? ElementURI::NO_CODE : dataAccess_->getEffectiveUniversalCode();
 }
 
+// Passes so many bytes on and drops the others.
+class ClippedStream final : public OutStream {
+public:
+    ClippedStream(OutStream& out, size_t size) : out_(out), left_(size) {}
+    using OutStream::write;
+    OutStream& write(const char* buf, size_t n) override {
+        const size_t kept = std::min(n, left_);
+        lastWritten_ = out_.write(buf, kept).bytesWritten();
+        left_ -= kept;
+        return *this;
+    }
+    bool isWritable() override { return out_.isWritable(); }
+    size_t left() const { return left_; }
+
+private:
+    OutStream& out_;  // borrowed
+    size_t left_;     // bytes still to come
+};
+
+// As many bytes as the access declares, which need not be what the value's class takes: readers go by the access. The
+// bytes that the value did not get from the log, or does not use, are zero.
+static size_t WriteDeclaredSize(const DataAccess& access, const DataValue& value, OutStream& out) {
+    const size_t size = access.getTypeSize();
+    ClippedStream clipped(out, size);
+    value.toStream(clipped);
+    while (clipped.left() > 0) clipped << '\0';
+    return size;
+}
+
+static bool HasDeclaredSize(const DataAccess& access, const DataValue& value) {
+    return access.getBinaryType() == STRVALUE || access.isUntyped() || access.getTypeSize() == value.getTypeSize();
+}
+
+static size_t WriteValue(const DataAccess& access, const DataValue& value, OutStream& out) {
+    return HasDeclaredSize(access, value) ? value.toStream(out) : WriteDeclaredSize(access, value, out);
+}
+
 unsigned int DataEntry::write(Timestamp& timeBase, OutStream& out) const {
     if (dataValue_ == nullptr || dataAccess_->getCode() > MAX_CODE) return 0;
     const bool withValue = changed_ || !TimesHaveFlag();
     const int header = DATA_LOG_ENTRY | (best_ ? BEST_MASK : 0) | dataAccess_->getCode() << CODE_SHIFT;
     size_t n = EntryStream::WriteCompact(out, static_cast<unsigned short>(header));
     n += writeTimestamp(timeBase, withValue, out, dataAccess_->getTimePrecision());
-    if (withValue) n += dataValue_->toStream(out);
+    if (withValue) n += WriteValue(*dataAccess_, *dataValue_, out);
     return static_cast<unsigned int>(n);
 }
 

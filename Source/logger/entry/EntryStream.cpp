@@ -9,6 +9,25 @@ size_t WriteCompact(OutStream& out, unsigned short value) {
     return (value < FIRST_WIDE ? out.writeUShortCompact(value) : out.writeUShortWide(value)).bytesWritten();
 }
 
+static bool Fits(long long value, unsigned int bits) {
+    return value >> (bits - 1) == value >> 63;
+}
+
+// The compact writer chooses a form of so many bits without a look at three of them, the sign among them.
+static bool LosesSign(long long value, unsigned int bits) {
+    const bool isNegative = value < 0;
+    const bool isTestedBitSet = (value >> (bits - 4) & 1) != 0;
+    return !Fits(value, bits) && Fits(value, bits + 1) && isTestedBitSet == isNegative;
+}
+
+// Such times are the rule a minute or two after a time base: after a fix, say, until the next cycle starts.
+size_t WriteCompact(OutStream& out, long long value) {
+    if (!LosesSign(value, 28) && !LosesSign(value, 56)) return out.writeLongLongCompact(value).bytesWritten();
+    const signed char wideForm = -1;
+    const size_t n = out.writeChar(wideForm).bytesWritten();
+    return n + out.writeLongLong(value).bytesWritten();
+}
+
 bool Fail(const Logger& logger, const char* text) {
     logger.syslog(text, Syslog::ERROR);
     return false;

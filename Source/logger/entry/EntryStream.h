@@ -8,8 +8,9 @@
 
 // What the entry kinds share when they move their bytes.
 namespace EntryStream {
-// Header words, codes and lengths; unlike the plain compact form this brings back every value.
-size_t WriteCompact(OutStream& out, unsigned short value);  // bytes written
+// Unlike the plain compact forms these bring back every value. Bytes written.
+size_t WriteCompact(OutStream& out, unsigned short value);  // header words, codes and lengths
+size_t WriteCompact(OutStream& out, long long value);       // times
 
 // Logs the text at ERROR; always false, so that a reader can say: return ok || Fail(...).
 bool Fail(const Logger& logger, const char* text);

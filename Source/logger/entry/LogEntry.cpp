@@ -71,5 +71,5 @@ unsigned int LogEntry::writeTimestamp(const Timestamp& base, bool flag, OutStrea
     unsigned long long packed =
         static_cast<unsigned long long>(inMicros ? delta.asCompactMicros() : delta.asCompactMillis());
     if (TimesHaveFlag()) packed = packed << 1 | (flag ? 1 : 0);
-    return static_cast<unsigned int>(out.writeLongLongCompact(static_cast<long long>(packed)).bytesWritten());
+    return static_cast<unsigned int>(EntryStream::WriteCompact(out, static_cast<long long>(packed)));
 }

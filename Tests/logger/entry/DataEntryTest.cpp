@@ -131,12 +131,26 @@ TEST_F(DataEntryTest, WhatCannotBeReadIsDroppedWithItsMessage) {
     }
 }
 
-// A size that contradicts the type: the value reads what is there, the rest counts as zero or is passed over.
-TEST_F(DataEntryTest, TheDeclaredSizeIsReadWhateverTheTypeNeeds) {
-    readAccess(1, 0, "3FFF", "\"meter\" type=1F size=0001 fl=01");
-    readAccess(2, 0, "3FFF", "\"meter\" type=0F size=0006 fl=01");
-    EXPECT_EQ(read<DataEntry>(FromHex("14 2A 00"))->getNumber(Units::METER), 0);
-    EXPECT_EQ(read<DataEntry>(FromHex("24 2A 00 00 C0 3F FF FF"))->getNumber(Units::METER), 1.5);
+// A size that contradicts the type: the value reads what is there, the rest counts as zero or is passed over. The entry
+// takes as many bytes when it is written again.
+TEST_F(DataEntryTest, TheDeclaredSizeIsReadAndWrittenWhateverTheTypeNeeds) {
+    readAccess(1, 0, "3FFF", "\"meter\" type=0F size=0002 fl=05");
+    readAccess(2, 0, "3FFF", "\"meter\" type=0F size=0006 fl=05");
+    readAccess(3, 0, "3FFF", "\"meter\" type=0F size=0000 fl=05");
+    const struct {
+        const char* bytes_;
+        double value_;
+        const char* written_;
+    } cases[] = {
+        {"14 2A 00 80", 4.591774807899561e-41, "142A0080"},
+        {"24 2A 00 00 C0 3F FF FF", 1.5, "242A0000C03F0000"},
+        {"34 2A", 0, "342A"},
+    };
+    for (const auto& c : cases) {
+        const auto entry = read<DataEntry>(FromHex(c.bytes_));
+        EXPECT_EQ(entry->getNumber(Units::METER), c.value_) << c.bytes_;
+        EXPECT_STREQ(write(*entry).asHex().cStr(), c.written_);
+    }
 }
 
 TEST_F(DataEntryTest, LargeCodesTakeTheThreeByteHeaderAndLargerOnesAreNotWritten) {

@@ -65,6 +65,32 @@ TEST_F(LogEntryTest, TimesAreWrittenAndReadByPrecisionAndVersion) {
     }
 }
 
+// Around 64 s and 128 s, and 2^34 and 2^35 s: the compact forms that fit there by a look at some of their bits lose the
+// sign of others.
+TEST_F(LogEntryTest, EveryTimeReadsBackAsItWasWritten) {
+    const struct {
+        time_t seconds_;
+        long micros_;
+    } deltas[] = {{63, 999999},  {64, 0},          {71, 999999},       {72, 0},  {-65, 0},
+                  {-73, 0},      {85, 50496},      {127, 999},         {128, 0}, {-129, 5},
+                  {1L << 34, 0}, {-(1L << 35), 0}, {(1L << 34) - 1, 7}};
+    for (const auto& delta : deltas) {
+        for (const bool flag : {false, true}) {
+            const EventEntry entry(timeBase_ + Timespan(timeval{delta.seconds_, delta.micros_}));
+            MemoryOutStream out;
+            const unsigned int n = entry.writeTimestamp(timeBase_, flag, out, Logger::TIME_PRECISION_MICROS);
+            EXPECT_EQ(n, out.bytes_.size());
+            const Str bytes = out.str();
+            MemoryInStream in(bytes);
+            Timestamp t = timeBase_;
+            bool flagRead = !flag;
+            EXPECT_TRUE(LogEntry::ReadTimestamp(t, flagRead, in, log_, Logger::TIME_PRECISION_MICROS));
+            EXPECT_EQ((t - entry.getTimestamp()).asMicros(), 0) << delta.seconds_;
+            EXPECT_EQ(flagRead, flag);
+        }
+    }
+}
+
 TEST_F(LogEntryTest, TheSameBytesMeanTwiceTheTimeInAnOldLog) {
     const Str bytes = FromHex("03 71 02");
     const unsigned short versions[] = {4, 3};
