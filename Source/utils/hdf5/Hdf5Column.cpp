@@ -30,7 +30,8 @@ Hdf5Column::Hdf5Column(Hdf5File& file, Hdf5Id group, const char* name, Hdf5Id fi
     create(group, name, fileType);
 }
 
-// The library keeps no chunk in memory: whole ones come and go.
+// The library keeps no chunk in memory: whole ones come and go. Bytes of like weight side by side compress faster and
+// further.
 void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
     const int last = shape_.rank_ - 1;
     hsize_t limits[Hdf5Shape::MAX_RANK];
@@ -43,6 +44,7 @@ void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
     const Hdf5Handle creation(file_.call([] { return H5Pcreate(H5P_DATASET_CREATE); }), &H5Pclose);
     const Hdf5Handle access(file_.call([] { return H5Pcreate(H5P_DATASET_ACCESS); }), &H5Pclose);
     file_.call([&] { return H5Pset_chunk(creation, shape_.rank_, chunk); });
+    file_.call([&] { return H5Pset_shuffle(creation); });
     file_.call([&] { return H5Pset_deflate(creation, DEFLATE_LEVEL); });
     file_.call([&] { return H5Pset_obj_track_times(creation, false); });
     file_.call([&] { return H5Pset_chunk_cache(access, 1, 0, 1); });
