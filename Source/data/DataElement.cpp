@@ -125,12 +125,23 @@ Str DataElement::asString(const Unit& unit) const {
     return isReadable() ? value_->toString(unit) : Str();
 }
 
-bool DataElement::set(const DataValue& value, const Timestamp& t) {
-    MutexLocker lock(mutex_);
-    return value_ != nullptr && wasSet(value_->setFrom(value), t);
+const DataElement& DataElement::readBy(const DataReader& reader) {
+    return *reader.getElement();
 }
 
-bool DataElement::wasSet(bool changed, const Timestamp& t) {
+bool DataElement::setBy(DataWriter* writer, const DataValue& value, const Timestamp& t) {
+    MutexLocker lock(mutex_);
+    return value_ != nullptr && wasSet(value_->setFrom(value), writer, t);
+}
+
+bool DataElement::setWithAccuracy(DataWriter& writer, const DataValue& value, float accuracy, const Timestamp& t) {
+    MutexLocker lock(mutex_);
+    setAccuracy(value.getUnit() == nullptr ? getUnit() : *value.getUnit(), accuracy);
+    return set(writer, value, t);
+}
+
+bool DataElement::wasSet(bool changed, DataWriter* writer, const Timestamp& t) {
+    notifier_ = writer;
     timestamp_ = t;
     hasBeenSet_ = true;
     invalid_ = false;
@@ -194,5 +205,5 @@ void UniversalDataElement::follow(const DataElement& source) {
     MutexLocker lock(mutex_);
     if (value_ == nullptr || source.getDataValue() == nullptr || getBest() != &source) return;
     writtenAccuracy_ = source.getBaseAccuracy();
-    wasSet(value_->setFrom(*source.getDataValue()), source.getTimestamp());
+    wasSet(value_->setFrom(*source.getDataValue()), source.getNotifier(), source.getTimestamp());
 }

@@ -49,8 +49,13 @@ public:
     bool hasValue() const { return hasBeenSet_ && value_ != nullptr; }
 
     const Unit& getUnit() const;
-    const Unit& getBaseUnit() const { return getUnit().getBaseUnit(); }
-    size_t getTypeSize() const { return value_ == nullptr ? 0 : value_->getTypeSize(); }  // bytes in the log
+    const Unit& getBaseUnit() const {
+        return value_ == nullptr && baseUnit_ != nullptr ? *baseUnit_ : getUnit().getBaseUnit();
+    }
+    size_t getTypeSize() const { return value_ == nullptr ? typeSize_ : value_->getTypeSize(); }  // bytes in the log
+    // What is known of an element that has no value yet; a value tells its own.
+    void setBaseUnit(const Unit& unit) { baseUnit_ = &unit.getBaseUnit(); }
+    void setTypeSize(size_t typeSize) { typeSize_ = typeSize; }
     BinaryDataType getBinaryType() const { return value_ == nullptr ? NO_TYPE : value_->getBinaryType(); }
 
     bool isUnavailable() const { return unavailable_; }
@@ -86,21 +91,48 @@ public:
     int asInt(const Unit& unit) const;        // 0 where get is false
     Str asString(const Unit& unit) const;     // empty where get is false
 
+    // What one of its readers reads: of a universal, the value of the source that this reader prefers.
+    template <typename T>
+    bool get(const DataReader& reader, const Unit& unit, T& value) const {
+        return readBy(reader).get(unit, value);
+    }
+    bool get(const DataReader& reader, DataValue& value) const { return readBy(reader).get(value); }
+    double asDouble(const DataReader& reader, const Unit& unit) const { return readBy(reader).asDouble(unit); }
+    int asInt(const DataReader& reader, const Unit& unit) const { return readBy(reader).asInt(unit); }
+    Str asString(const DataReader& reader, const Unit& unit) const { return readBy(reader).asString(unit); }
+
     // Stores a value given in the unit, where T is as for get; true when what reaches the log changed.
     template <typename T>
     bool set(const Unit& unit, const T& value, const Timestamp& t) {
-        MutexLocker lock(mutex_);
-        return value_ != nullptr && wasSet(value_->setFrom(unit, value), t);
+        return setBy(nullptr, unit, value, t);
     }
-    bool set(const DataValue& value, const Timestamp& t);
+    bool set(const DataValue& value, const Timestamp& t) { return setBy(nullptr, value, t); }
     template <typename T>
     bool setWithAccuracy(const Unit& unit, const T& value, float accuracy, const Timestamp& t) {
+        MutexLocker lock(mutex_);
         setAccuracy(unit, accuracy);
         return set(unit, value, t);
     }
 
+    // The same by one of its writers, which is the notifier from then on.
+    template <typename T>
+    bool set(DataWriter& writer, const Unit& unit, const T& value, const Timestamp& t) {
+        return setBy(&writer, unit, value, t);
+    }
+    bool set(DataWriter& writer, const DataValue& value, const Timestamp& t) { return setBy(&writer, value, t); }
+    template <typename T>
+    bool setWithAccuracy(DataWriter& writer, const Unit& unit, const T& value, float accuracy, const Timestamp& t) {
+        MutexLocker lock(mutex_);
+        setAccuracy(unit, accuracy);
+        return set(writer, unit, value, t);
+    }
+    // The accuracy is in the unit of the value.
+    bool setWithAccuracy(DataWriter& writer, const DataValue& value, float accuracy, const Timestamp& t);
+    DataWriter* getNotifier() const { return notifier_; }  // the writer of the last set; null when it was none of them
+
     // Accuracies are differences: converted by the unit's factor alone. NO_ACCURACY when not known.
     void setAccuracy(const Unit& unit, float accuracy);
+    void setAccuracy(DataWriter&, const Unit& unit, float accuracy) { setAccuracy(unit, accuracy); }
     float getAccuracy(const Unit& unit) const { return Scaled(getAccuracySI(), unit); }  // as it can be read now
     float getAccuracySI() const { return isActive() ? writtenAccuracy_ : NO_ACCURACY; }
     float getWrittenAccuracy(const Unit& unit) const { return Scaled(writtenAccuracy_, unit); }  // as last written
@@ -120,11 +152,13 @@ public:
 
 protected:
     bool isReadable() const;
-    bool wasSet(bool changed, const Timestamp& t);  // what a set leaves behind; changed is handed on
+    // What a set leaves behind; changed is handed on. The writer may be null.
+    bool wasSet(bool changed, DataWriter* writer, const Timestamp& t);
     static float Scaled(float accuracySI, const Unit& unit);
 
     ElementURI name_;
     UniversalDataElement* universal_ = nullptr;  // owned by the Slate
+    DataWriter* notifier_ = nullptr;             // borrowed
     FlexArray<DataWriter*> writers_;             // borrowed
     FlexArray<DataWriter*> suppliers_;           // those of them that supply the element
     FlexArray<DataReader*> readers_;             // borrowed
@@ -134,10 +168,21 @@ protected:
     float writtenAccuracy_;  // base unit
     Timestamp timestamp_ = Timestamp::NOT_SET_TIME;
     bool hasBeenSet_ = false;
-    DataValue* value_;  // owned; null when its type is unknown
+    const Unit* baseUnit_ = nullptr;  // while there is no value; a constant of the process
+    size_t typeSize_ = 0;             // likewise
+    DataValue* value_;                // owned; null when its type is unknown
     float power_ = NO_ACCURACY;
     float latency_ = NO_ACCURACY;
     float frequency_ = NO_ACCURACY;
+
+private:
+    static const DataElement& readBy(const DataReader& reader);
+    template <typename T>
+    bool setBy(DataWriter* writer, const Unit& unit, const T& value, const Timestamp& t) {
+        MutexLocker lock(mutex_);
+        return value_ != nullptr && wasSet(value_->setFrom(unit, value), writer, t);
+    }
+    bool setBy(DataWriter* writer, const DataValue& value, const Timestamp& t);
 };
 
 // A component's datum.

@@ -13,9 +13,9 @@ public:
     // changed, which is what its data entry says.
     template <typename T>
     bool write(const Unit& unit, const T& value, const Timestamp& t) {
-        return element_->set(unit, value, t);
+        return element_->set(*this, unit, value, t);
     }
-    bool write(const DataValue& value, const Timestamp& t) { return element_->set(value, t); }
+    bool write(const DataValue& value, const Timestamp& t) { return element_->set(*this, value, t); }
 
     bool isBest() const { return element_->isBest(); }  // no better element supplies the same universal
 };
