@@ -22,7 +22,8 @@ class UniversalDataWriter;
 // the elements that hold current values. Writers of a log ask it for codes; readers register what a log's directory
 // says and then resolve each entry's codes, by array read.
 // Ownership: the Slate owns what is registered in it or made by it, except universals and other names of static life.
-// Threads: names, coded names and accesses have a lock each; an operation takes only its own.
+// Threads: names, coded names and accesses have a lock each; an operation takes only its own. Looking up by code takes
+// none, so that belongs to the thread that registers.
 class Slate {
 public:
     // Puts the universals where the empty Slate has them. Idempotent; at the start their own constructors do it.

@@ -73,6 +73,7 @@ UniversalDataElement* Slate::NewUniversalElement(const UniversalURI& uri, Compon
         Adopt(uri, element);
         return element;
     }
+    if (value == nullptr) return known;
     const Unit& base = known->getBaseUnit();
     if (&base != &value->getBaseUnit()) {
         ReportChange("base unit", uri, base.getName(), value->getBaseUnit().getName());

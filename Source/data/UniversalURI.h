@@ -12,7 +12,7 @@ public:
     bool isUniversal() const override { return true; }
     static UniversalURI* FindURI(const Str& name);  // null when the text names no universal
 
-    static const Str NAME;
+    static const Str NAME;  // what stands for all of them where a component's name would stand
 
     // The catalogue, built before main in the order of UniversalCatalogue.inc. Codes change while a log is read.
 #define UNIVERSAL(member, name, unit) static UniversalURI member;

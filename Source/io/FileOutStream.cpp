@@ -6,6 +6,7 @@
 #include <cstring>
 
 static const size_t BUFFER_BYTES = 1048576;
+
 static bool IsStandard(const FILE* file) {
     return file == stdout || file == stderr;
 }
@@ -16,8 +17,9 @@ static const char* OpenMode(bool append, bool update) {
 }
 
 // Straight into the standard I/O buffer, as putc does inline, for more than one byte at a time. Bytes written.
+// A file that nothing was written to has no buffer yet, hence no room even for an empty text.
 static size_t Write(const char* buf, size_t n, FILE* file) {
-    if (n > static_cast<size_t>(file->_IO_write_end - file->_IO_write_ptr)) return fwrite_unlocked(buf, 1, n, file);
+    if (n >= static_cast<size_t>(file->_IO_write_end - file->_IO_write_ptr)) return fwrite_unlocked(buf, 1, n, file);
     memcpy(file->_IO_write_ptr, buf, n);
     file->_IO_write_ptr += n;
     return n;

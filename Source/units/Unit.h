@@ -42,7 +42,8 @@ public:
     bool operator!=(const Unit& other) const { return !(*this == other); }
 
     // A new value of this unit, owned by the caller; NO_TYPE takes the unit's default type. Without an initial value
-    // it is empty (NaN, 0, ""); with one, the string types and unknown codes give null.
+    // it is empty (NaN, 0, ""); with one, which is given in this unit and for integers truncated toward zero, the
+    // string types and unknown codes give null.
     DataValue* dataValue(BinaryDataType type = NO_TYPE) const;
     DataValue* dataValue(const bool& value, BinaryDataType type = NO_TYPE) const;
     DataValue* dataValue(const unsigned char& value, BinaryDataType type = NO_TYPE) const;

@@ -78,7 +78,7 @@ T Sign(T x) {
 // -1 for x outside a[lo] .. a[hi] and for NaN.
 template <typename T>
 int FindLtEqIndex(const T* a, T x, int lo, int hi) {
-    if (lo > hi || !InLimit(x, a[lo], a[hi])) return -1;
+    if (lo > hi || !(a[lo] <= x && x <= a[hi])) return -1;
     return static_cast<int>(std::upper_bound(a + lo, a + hi + 1, x) - a) - 1;
 }
 

@@ -3,13 +3,15 @@
 #include <strings.h>
 
 #include <algorithm>
-#include <cassert>
 #include <cctype>
 #include <cstring>
 #include <new>
 #include <utility>
 
 #include "utils/NumberText.h"
+
+#undef NDEBUG  // a text without memory ends the program, whatever the build
+#include <cassert>
 
 char Str::NoChars_[1] = {'\0'};
 const Str Str::EMPTY_STR;
@@ -26,10 +28,9 @@ static size_t BlockSize(size_t length) {
     return length == 0 ? 0 : (length + 4) & ~static_cast<size_t>(3);
 }
 
+// Null when the memory is used up.
 static char* NewBlock(size_t length) {
-    char* const pNew = new (std::nothrow) char[BlockSize(length)];
-    assert(pNew != 0);
-    return pNew;
+    return new (std::nothrow) char[BlockSize(length)];
 }
 
 static size_t LengthOf(const char* s, size_t len) {
@@ -126,14 +127,14 @@ void Str::swap(Str& s) noexcept {
 void Str::set(const char* s, size_t len, size_t copyLen) {
     len = LengthOf(s, len);
     const size_t copied = s == nullptr ? 0 : std::min(copyLen == NO_POS ? len : copyLen, len);
-    char* target = chars_;
-    if (BlockSize(len) != BlockSize(length_)) target = len == 0 ? NoChars_ : NewBlock(len);
+    char* const old = chars_;
+    if (BlockSize(len) != BlockSize(length_)) chars_ = len == 0 ? NoChars_ : NewBlock(len);
+    assert(chars_ != 0);
     if (len != 0) {
-        if (copied != 0) memmove(target, s, copied);
-        memset(target + copied, '\0', len + 1 - copied);
+        if (copied != 0) memmove(chars_, s, copied);
+        memset(chars_ + copied, '\0', len + 1 - copied);
     }
-    if (target != chars_) release();
-    chars_ = target;
+    if (old != chars_ && old != NoChars_) delete[] old;
     length_ = len;
 }
 
@@ -173,6 +174,7 @@ Str& Str::append(const char* s, size_t len) {
     if (len == 0) return *this;
     const size_t sum = length_ + len;
     char* const pNew = NewBlock(sum);
+    assert(pNew != 0);
     memcpy(pNew, chars_, length_);
     memcpy(pNew + length_, s, len);
     pNew[sum] = '\0';
