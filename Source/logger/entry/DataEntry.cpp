@@ -263,9 +263,9 @@ double DataEntry::getNumber(const Unit& unit) const {
 }
 
 void DataEntry::setNumber(const Unit& unit, double number) {
-    if (dataValue_ == nullptr) return;
-    const Unit& ownUnit = dataValue_->getUnit() == nullptr ? unit : *dataValue_->getUnit();
-    std::unique_ptr<DataValue> value(dataValue_->copy());
+    const bool hasUnit = dataValue_ != nullptr && dataValue_->getUnit() != nullptr;
+    const Unit& ownUnit = hasUnit ? *dataValue_->getUnit() : unit;
+    std::unique_ptr<DataValue> value(dataValue_ != nullptr ? dataValue_->copy() : ownUnit.dataValue(DOUBLE8));
     value->setFrom(unit, number);
     const bool isText = value->getBinaryType() == STRVALUE;
     if (isText || (std::isnan(number) && !value->isNaN())) {

@@ -49,8 +49,8 @@ public:
     // The unit in which the value is shown when `unit` is asked for (null: none is).
     const Unit& displayUnit(const Unit* unit) const;
     void setDataAccess(DataAccess* dataAccess) { dataAccess_ = dataAccess; }
-    // Gives the entry a value of its own that holds the number; an integer or text value becomes a double where it
-    // must.
+    // Gives the entry a value of its own that holds the number: of the class it has, a double where it has none or its
+    // class cannot hold the number.
     void setNumber(const Unit& unit, double number);
 
     // Makes the value read the element's current one and borrows it from there. With SKIP_VALUES the bytes are passed

@@ -189,3 +189,11 @@ TEST_F(DataEntryTest, AnIntegerSetToNothingBecomesADouble) {
     EXPECT_EQ(count.getDataValue()->getBinaryType(), DOUBLE8);
     EXPECT_STREQ(count.getDataValueString(&Units::COUNT, true).cStr(), "nan");
 }
+
+TEST_F(DataEntryTest, ANumberSetOnAnEntryWithoutValueIsADouble) {
+    DataEntry empty(Slate::GetDataAccess(static_cast<unsigned short>(0)), nullptr, timeBase_, false, true);
+    empty.setNumber(Units::KILOMETER, 1.5);
+    ASSERT_NE(empty.getDataValue(), nullptr);
+    EXPECT_EQ(empty.getDataValue()->getBinaryType(), DOUBLE8);
+    EXPECT_EQ(empty.getNumber(Units::METER), 1500);
+}
