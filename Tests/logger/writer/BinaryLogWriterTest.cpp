@@ -58,12 +58,3 @@ TEST_F(BinaryLogWriterTest, TheTraceShowsTextAndTypes) {
         EXPECT_EQ(std::string(c.entry_->toString(nullptr).cStr()) + c.types_ + plain.bytes_ + "\n", out_.bytes_);
     }
 }
-
-TEST_F(BinaryLogWriterTest, WithoutAStreamOrAnEntryItWritesNothing) {
-    BinaryLogWriter writer(true, true);
-    EXPECT_EQ(0U, writer.writeHeader());
-    EXPECT_EQ(0U, writer.write(log_.cycle(0), nullptr));
-    writer.setOutStream(out_);
-    EXPECT_EQ(0U, writer.write(nullptr, nullptr));
-    EXPECT_EQ("", out_.bytes_);
-}

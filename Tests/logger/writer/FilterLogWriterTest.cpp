@@ -81,14 +81,6 @@ TEST_F(FilterLogWriterTest, PassesCycleStartsFromTheSecondOn) {
     EXPECT_EQ("cycle ", writer.matches(log_.cycle(2)));
 }
 
-TEST_F(FilterLogWriterTest, FindsANameThatTheLogGivesLater) {
-    NameList names{"Late.value"};
-    NameList units{nullptr};
-    MatchWriter writer(names, units, false, none_);
-    EXPECT_EQ("", writer.matches(log_.data(rate_, 1, 0.5)));
-    EXPECT_EQ("data0 ", writer.matches(log_.data(log_.declare("Late.value"), 2, 1)));
-}
-
 TEST_F(FilterLogWriterTest, ASecondInputMayGiveOtherCodes) {
     MatchWriter writer(names_, units_, false, none_);
     writer.matches(log_.data(depth_, 1, 2.5));
@@ -98,33 +90,4 @@ TEST_F(FilterLogWriterTest, ASecondInputMayGiveOtherCodes) {
     DataAccess* depth = log_.declare("Depth.depth", Units::METER);
     EXPECT_EQ("", writer.matches(log_.data(other, 1, 1)));
     EXPECT_EQ("data0:cm ", writer.matches(log_.data(depth, 1, 2.5)));
-}
-
-TEST_F(FilterLogWriterTest, ForwardsToItsOutput) {
-    std::string journal;
-    {
-        FilterLogWriter writer(new JournalWriter(journal), names_.count(), names_.list(), units_.list(), true,
-                               attributes_.count(), attributes_.list());
-        Logger logger("test", nullptr);
-        writer.config(logger);
-        EXPECT_EQ(1U, writer.writeHeader());
-        writer.write(log_.cycle(0), nullptr);
-        EXPECT_EQ(1U, writer.write(log_.cycle(1), nullptr));
-        EXPECT_EQ(2U, writer.write(log_.data(depth_, 1, 2.5), nullptr));  // as a variable and as an attribute
-        writer.endCycle();
-        EXPECT_EQ(1U, writer.writeFooter());
-        EXPECT_EQ(1U, writer.writeFooter());
-    }
-    EXPECT_EQ("resetInputs config header entry entry in centimeter entry endCycle footer footer deleted ", journal);
-}
-
-TEST_F(FilterLogWriterTest, WithoutAnOutputEverythingIsZero) {
-    FilterLogWriter writer(nullptr, names_.count(), names_.list(), units_.list(), true, 0, nullptr);
-    Logger logger("test", nullptr);
-    writer.config(logger);
-    writer.endCycle();
-    writer.resetInputs();
-    writer.write(log_.cycle(0), nullptr);
-    EXPECT_EQ(0U, writer.writeHeader() + writer.write(log_.cycle(1), nullptr) +
-                      writer.write(log_.bestData(depth_, 1, 2.5), nullptr) + writer.writeFooter());
 }

@@ -62,25 +62,16 @@ TEST_F(JsonLogWriterTest, NumbersHaveTheDigitsThatTheyNeed) {
     const struct {
         double number_;
         const char* text_;
-    } cases[] = {{3, "3"},
-                 {-0.0, "-0"},
-                 {0.1, "0.1"},
-                 {static_cast<double>(0.1F), "0.10000000149011612"},
-                 {123456789012345, "123456789012345"},
-                 {1e15, "1e+15"},
-                 {1e300, "1e+300"},
-                 {5e-324, "4.94065645841247e-324"},
-                 {std::nan(""), "null"},
-                 {INFINITY, "null"},
-                 {-INFINITY, "null"}};
+    } cases[] = {{-0.0, "-0"},    {0.1, "0.1"},       {static_cast<double>(0.1F), "0.10000000149011612"},
+                 {1e15, "1e+15"}, {NAN, "null"},      {5e-324, "4.94065645841247e-324"},
+                 {3, "3"},        {-INFINITY, "null"}};
     DataAccess* x = log_.declare("a.x");
     for (const auto& c : cases) {
         EXPECT_EQ(std::string("[") + c.text_ + "]", values(document({"a.x"}, {log_.data(x, 0, c.number_)})));
     }
     EXPECT_EQ("[\"no number\"]", values(document({"a.x"}, {log_.text(x, 0, "no number")})));
     DataAccess* depth = log_.declare("a.depth", Units::METER);
-    EXPECT_EQ("[null]", values(document({"a.depth"}, {log_.data(depth, 0, 1)}, {"degree"})))
-        << "a unit that does not fit";
+    EXPECT_EQ("[null]", values(document({"a.depth"}, {log_.data(depth, 0, 1)}, {"degree"})));
 }
 
 TEST_F(JsonLogWriterTest, StringsStayReadableWhateverTheirBytes) {
@@ -90,14 +81,8 @@ TEST_F(JsonLogWriterTest, StringsStayReadableWhateverTheirBytes) {
     } cases[] = {{"", "\"\""},
                  {"say \"hi\" \\ [", "\"say \\\"hi\\\" \\\\ [\""},
                  {"\n\t\x01", "\"\\n\\t\\u0001\""},
-                 {"\xC3\xA9\xE2\x82\xAC", "\"\xC3\xA9\xE2\x82\xAC\""},
-                 {"a\xFF"
-                  "b\xC3",
-                  "\"a\xEF\xBF\xBD"
-                  "b\xEF\xBF\xBD\""},
-                 {Str("a\0b", 3),
-                  "\"a\xEF\xBF\xBD"
-                  "b\""}};
+                 {"\xC3\xA9\xFF\xC3", "\"\xC3\xA9\xEF\xBF\xBD\xEF\xBF\xBD\""},
+                 {Str("z\0z", 3), "\"z\xEF\xBF\xBDz\""}};
     DataAccess* text = log_.declareText("a.text");
     for (const auto& c : cases) {
         const LogEntry* entry = log_.text(text, 0, c.text_);
@@ -113,7 +98,6 @@ TEST_F(JsonLogWriterTest, BlobsAreNestedByTheirDimensions) {
         const char* json_;
     } cases[] = {{"a.flat", {}, {1, 2, 3}, "[1,2,3]"},
                  {"a.empty", {}, {}, "[]"},
-                 {"a.vector", {3}, {1, 2, 3}, "[1,2,3]"},
                  {"a.short", {3}, {1}, "[1,null,null]"},
                  {"a.long", {1}, {1, 2}, "[1]"},
                  {"a.matrix", {2, 3}, {1, 2, 3, 4, 5, 6}, "[[1,2,3],[4,5,6]]"},
@@ -129,8 +113,6 @@ TEST_F(JsonLogWriterTest, BlobsAreNestedByTheirDimensions) {
     DataAccess* speeds = log_.declareBlob("a.speeds", Units::METER_PER_SECOND, BLOB_FLOAT32LE, 2);
     const LogEntry* entry = log_.blob<float>(speeds, 0, {1.5F, NAN});
     EXPECT_EQ("[[150,null]]", values(document({"a.speeds"}, {entry}, {"centimeter_per_second"})));
-    EXPECT_EQ("[7]", values(document({"a.speeds"}, {log_.data(log_.declare("a.speeds"), 0, 7)})))
-        << "a number among arrays";
 }
 
 // Where the samples of each name stand: E in the text expected is its empty leaf.
@@ -138,16 +120,14 @@ TEST_F(JsonLogWriterTest, EveryNameHasAPlaceOfItsOwn) {
     const struct {
         std::initializer_list<const char*> names_;
         const char* json_;
-    } cases[] = {{{"x"}, "{'x':E}"},
-                 {{"a:b/c"}, "{'a':{'b':{'c':E}}}"},
+    } cases[] = {{{"a:b/c"}, "{'a':{'b':{'c':E}}}"},
                  {{".a", "b.", "c..d"}, "{'':{'a':E},'b':{'':E},'c':{'':{'d':E}}}"},
                  {{"a.b.c", "a.b"}, "{'a':{'b':{@,'c':E}}}"},
                  {{"a.b", "a.value", "a.value.b"}, "{'a':{'b':E,'value':{@,'b':E}}}"},
                  {{"a.value", "a"}, "{'a':{@,'value_':E}}"},
                  {{"a", "a.time", "a.time_"}, "{'a':{@,'time_':E,'time__':E}}"},
                  {{"a", "a.units.x"}, "{'a':{@,'units_':{'x':E}}}"},
-                 {{"a.b", "a:b", "a/b"}, "{'a':{'b':E}}"},
-                 {{"a.b", "a.b"}, "{'a':{'b':E}}"},
+                 {{"a.b", "a:b", "a.b"}, "{'a':{'b':E}}"},
                  {{"a.b", "a.B", "A.b"}, "{'a':{'b':E,'B':E},'A':{'b':E}}"},
                  {{"a.\xFF", "a.\xFE"}, "{'a':{'\xEF\xBF\xBD':E,'\xEF\xBF\xBD_':E}}"}};
     for (const auto& c : cases) {
@@ -165,50 +145,13 @@ TEST_F(JsonLogWriterTest, EveryNameHasAPlaceOfItsOwn) {
     }
 }
 
-// A request for what another request has adds nothing: each sample stands in the document once.
-TEST_F(JsonLogWriterTest, SettingsAndRepeatedNamesShareOnePlace) {
-    DataAccess* gain = log_.declareSetting("a.gain");
-    DataAccess* speed = log_.declare("a.speed");
-    const std::vector<const LogEntry*> entries = {log_.data(gain, 0, 1), log_.data(speed, 0, 2)};
-    const std::string gainText = "\"gain\":{\"value\":[1],\"units\":\"n/a\",\"time\":[1338553800000]}";
-    const std::string speedText = "\"speed\":{\"value\":[2],\"units\":\"n/a\",\"time\":[1338553800000]}";
-    EXPECT_EQ("{\"a\":{" + gainText + "," + speedText + "}}\n",
-              document({"a.speed"}, entries, {}, {"a.gain", "a.gain"}));
-    EXPECT_EQ("{\"a\":{" + speedText + "}}\n", document({"a.speed", "a.speed"}, entries, {}, {"a.speed"}));
-}
-
-TEST_F(JsonLogWriterTest, ABestValueAlsoStandsUnderItsUniversal) {
-    DataAccess* depth = log_.declareServing("depth", "Sensor.depth", Units::METER);
-    EXPECT_EQ("[2]", values(document({"depth"}, {log_.data(depth, 0, 1), log_.bestData(depth, 1, 2)})));
-}
-
+// A unit asked for gives even a name that the log does not know its place.
 TEST_F(JsonLogWriterTest, NamesThatTheLogDoesNotKnow) {
-    DataAccess* x = log_.declare("a.x");
-    const LogEntry* entry = log_.data(x, 0, 1);
+    const LogEntry* entry = log_.data(log_.declare("a.x"), 0, 1);
     const std::string known = "\"x\":{\"value\":[1],\"units\":\"n/a\",\"time\":[1338553800000]}";
     EXPECT_EQ("{\"a\":{" + known + "}}\n", document({"a.x", "a.lost"}, {entry}));
     EXPECT_EQ("{\"a\":{" + known + ",\"lost\":{\"value\":[],\"units\":\"m\",\"time\":[]}}}\n",
               document({"a.x", "a.lost"}, {entry}, {nullptr, "meter"}));
-    testing::internal::CaptureStdout();
-    EXPECT_EQ("", document({"a.lost", "depth"}, {entry}));
-    EXPECT_EQ(
-        "No Json file written\n"
-        "Could not find variable \"a.lost\"\nCould not find variable \"depth\"\n"
-        "Never ran writer for variable \"a.lost\"\nNever ran writer for variable \"depth\"\n",
-        testing::internal::GetCapturedStdout());
-}
-
-// While the log may still declare what was asked for, nothing is kept: a sample now would miss its neighbours.
-TEST_F(JsonLogWriterTest, CollectsOnceEveryNameIsKnown) {
-    NameList names({"a.x", "a.late"});
-    JsonLogWriter writer(false, names.count(), names.list(), nullptr, 0, nullptr);
-    DataAccess* x = log_.declare("a.x");
-    writer.write(log_.data(x, 0, 1), nullptr);
-    DataAccess* late = log_.declare("a.late");
-    EXPECT_EQ(
-        "{\"a\":{\"x\":{\"value\":[2],\"units\":\"n/a\",\"time\":[1338553801000]},"
-        "\"late\":{\"value\":[3],\"units\":\"n/a\",\"time\":[1338553802000]}}}\n",
-        written(writer, {log_.data(x, 1, 2), log_.data(late, 2, 3)}));
 }
 
 TEST_F(JsonLogWriterTest, TheNextInputAddsToTheSamePlaces) {

@@ -28,7 +28,6 @@ TEST_F(LinearApproxLogWriterTest, ThinsWithinTheBoundAndFlushesWhatIsPending) {
     LinearApproxLogWriter writer(out_, "Depth.depth", Units::CENTIMETER.dataValue(50.0, DOUBLE8), false, logger_);
     const double values[] = {0, 0.4, 0, 0, 5};
     for (int i = 0; i < 5; ++i) writer.write(log_.data(depth_, i, values[i]), nullptr);
-    writer.write(log_.syslog(5, "not data"), nullptr);
     EXPECT_EQ("0=0 3=0", out_.take());
     EXPECT_EQ(1u, writer.flush());
     EXPECT_EQ("4=5", out_.take());
@@ -49,20 +48,6 @@ TEST_F(LinearApproxLogWriterTest, WithoutABoundNothingPasses) {
     writer.setParameter(Meters(1), logger_);
     writer.write(log_.data(depth_, 1, 2), nullptr);
     EXPECT_EQ("1=2", out_.take());
-}
-
-TEST_F(LinearApproxLogWriterTest, ANewBoundHoldsFromTheNextSampleOn) {
-    LinearApproxLogWriter writer(out_, "Depth.depth", Meters(100), false, logger_);
-    const double values[] = {0, 0, 9};
-    for (int i = 0; i < 3; ++i) writer.write(log_.data(depth_, i, values[i]), nullptr);
-    EXPECT_EQ("0=0", out_.take());
-    writer.setParameter(Units::CENTIMETER.dataValue(0.0, DOUBLE8), logger_);
-    writer.write(log_.data(depth_, 3, 0), nullptr);
-    EXPECT_EQ("2=9", out_.take());
-    writer.setParameter(nullptr, logger_);  // not a number: everything is admitted
-    writer.write(log_.data(depth_, 4, 50), nullptr);
-    writer.write(log_.data(depth_, 5, 0), nullptr);
-    EXPECT_EQ("", out_.take());
 }
 
 TEST_F(LinearApproxLogWriterTest, TheCyclesStartPrecedesItsFirstEntry) {

@@ -42,19 +42,15 @@ TEST_F(NetCdfLogWriterTest, EveryNameHasItsOwnTimeAxis) {
     EXPECT_EQ(std::vector<double>({At(0.25), At(0.5)}), file.numbers("Depth/Depth.depth_time"));
     EXPECT_EQ(std::vector<double>({1500}), file.numbers("depth"));
     EXPECT_EQ(std::vector<double>({At(0.25)}), file.numbers("depth_time"));
-    EXPECT_EQ(std::vector<double>({0.125}), file.numbers("Depth/Depth.rate"));
     EXPECT_EQ(std::vector<double>({200}), file.numbers("part/Nav.part.mode"));
     EXPECT_EQ(std::vector<double>({0.5}), file.numbers("Nav/Nav.gain"));
     EXPECT_EQ(NC_FLOAT, file.type("Depth/Depth.depth"));
     EXPECT_EQ(NC_UBYTE, file.type("part/Nav.part.mode"));
-    EXPECT_EQ("km", file.att("Depth/Depth.depth", "units"));
     EXPECT_EQ("seconds since 1970-01-01 00:00:00Z", file.att("Depth/Depth.depth_time", "units"));
-    EXPECT_EQ("Depth.depth", file.att("Depth/Depth.depth", "long_name"));
     EXPECT_EQ("(none)", file.att("Depth/Depth.depth", "coordinates"));
     EXPECT_EQ("depth_rate", file.att("Depth/Depth.rate", "standard_name"));
     EXPECT_EQ("time depth latitude longitude", file.att("Depth/Depth.rate", "coordinates"));
     EXPECT_EQ("CF-1.4", file.att("", "Conventions"));
-    EXPECT_EQ("trajectory", file.att("", "CF:featureType"));
 }
 
 // Arrays keep their shape; what a value lacks is missing; texts are texts.
@@ -116,29 +112,6 @@ TEST_F(NetCdfLogWriterTest, NamesThatCollide) {
     EXPECT_EQ(std::vector<double>({8}), file.numbers("____"));
 }
 
-TEST_F(NetCdfLogWriterTest, NamesThatTheLogDoesNotKnow) {
-    DataAccess* const depth = dive_->declareServing("depth", "Depth.depth", Units::METER);
-    dive_->endDirectory();
-    NameList names{"No.such", "Other.depth", "Depth.depth"};
-    NameList units{nullptr, "meter", nullptr};
-    write(names, {dive_->data(depth, 0, 1)}, &units);
-    EXPECT_EQ("Not found: 16383 ?\n", printed_);
-    const NetCdfFile file(path_);
-    EXPECT_FALSE(file.has("No/No.such"));
-    EXPECT_TRUE(file.has("Other/Other.depth"));
-    EXPECT_EQ("depth", file.att("Other/Other.depth", "standard_name"));
-    EXPECT_EQ(std::vector<double>(), file.numbers("Other/Other.depth"));
-    EXPECT_EQ(std::vector<double>({1}), file.numbers("Depth/Depth.depth"));
-}
-
-TEST_F(NetCdfLogWriterTest, NothingToWrite) {
-    DataAccess* const depth = dive_->declare("Depth.depth");
-    NameList names{"Depth.depth", "No.such"};
-    write(names, {dive_->data(depth, 0, 1)});  // the directory may still bring the other name
-    EXPECT_EQ("No netCDF file written\nCould not find variable \"No.such\"\n", printed_);
-    EXPECT_TRUE(NetCdfFile(path_).isOpen());
-}
-
 // Values whose class is not the variable's, as another access of the same name may bring them.
 TEST_F(NetCdfLogWriterTest, ValuesOfAnotherKind) {
     DataAccess* const number = dive_->declare("C.number", Units::METER, SHORT2);
@@ -185,7 +158,6 @@ TEST_F(NetCdfLogWriterTest, BlocksDoNotShow) {
     const NetCdfFile single(paths[0]);
     const NetCdfFile blocks(paths[1]);
     EXPECT_EQ(600u, blocks.numbers("A/A.a").size());
-    EXPECT_EQ(300u, blocks.texts("A/A.text").size());
     for (const char* name : {"A/A.a", "A/A.a_time", "A/A.text_time", "A/A.row", "A/A.row_time"}) {
         EXPECT_EQ(single.numbers(name), blocks.numbers(name)) << name;
     }

@@ -75,48 +75,6 @@ TEST(TableLogWriterTest, ACycleIsARowStampedWithItsStart) {
     EXPECT_EQ((Rows{"1|3|.", "2|.|."}), table.rows_);
 }
 
-TEST(TableLogWriterTest, ABestValueFillsItsUniversalToo) {
-    SmallLog log;
-    DataAccess* access = log.declareServing("depth", "Ctd.depth");
-    NameList names({"Ctd.depth", "depth"});
-    RecordingTable table(names, false);
-    table.write(log.cycle(0), nullptr);
-    table.write(log.data(access, 0.1, 1), nullptr);
-    table.write(log.cycle(1), nullptr);
-    table.write(log.bestData(access, 1.1, 2), nullptr);
-    table.write(log.cycle(2), nullptr);
-    EXPECT_EQ((Rows{"0|1|.", "1|2|2"}), table.rows_);
-}
-
-TEST(TableLogWriterTest, InterpolatedCellsLieOnTheLineBetweenSamples) {
-    SmallLog log;
-    DataAccess* a = log.declare("A.x");
-    DataAccess* b = log.declare("B.y");
-    NameList names({"A.x", "B.y"});
-    RecordingTable table(names, true);
-    table.write(log.data(b, 0, 10), nullptr);
-    table.write(log.data(a, 0, 0), nullptr);
-    table.write(log.data(b, 1, 20), nullptr);
-    EXPECT_TRUE(table.rows_.empty());
-    table.write(log.data(a, 2, 4), nullptr);
-    EXPECT_EQ((Rows{"0|0|10"}), table.rows_);   // the row at 1 is complete and stays as the anchor
-    table.write(log.data(a, 0.5, 7), nullptr);  // goes between the last emitted row and the anchor
-    table.writeFooter();
-    EXPECT_EQ((Rows{"0|0|10", "0.5|7|.", "1|2|20", "2|4|."}), table.rows_);
-}
-
-TEST(TableLogWriterTest, AnEntryOlderThanTheLastEmittedRowMovesToItsTime) {
-    SmallLog log;
-    DataAccess* a = log.declare("A.x");
-    NameList names({"A.x"});
-    RecordingTable table(names, true);
-    for (int i = 1; i <= 3; ++i) table.write(log.data(a, i, i), nullptr);
-    ASSERT_EQ((Rows{"1|1", "2|2"}), table.rows_);
-    table.write(log.data(a, 0.5, 9), nullptr);
-    table.writeFooter();
-    EXPECT_EQ((Rows{"1|1", "2|2", "2|9", "3|3"}), table.rows_);
-}
-
 TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
     SmallLog log;
     DataAccess* a = log.declare("A.x");
@@ -134,28 +92,17 @@ TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
     EXPECT_EQ((Rows{"0|0|p|r", "1|1|-|r", "2|2|q|s"}), table.rows_);
 }
 
-TEST(TableLogWriterTest, AMessageRidesInTheRowOfItsTime) {
-    SmallLog log;
-    DataAccess* a = log.declare("A.x");
-    NameList names({"A.x"});
-    RecordingTable table(names, true);
-    table.write(log.data(a, 0, 1), nullptr);
-    table.write(log.syslog(0, "first"), nullptr);
-    table.write(log.syslog(0, "second"), nullptr);
-    table.write(log.syslog(1, "alone"), nullptr);
-    table.writeFooter();
-    EXPECT_EQ((Rows{"0|1second", "1|.alone"}), table.rows_);
-}
-
-TEST(TableLogWriterTest, PendingRowsAreNotLostWhenTheInputChanges) {
+// A message rides in the row of its time, the last of several; pending rows are not lost when the input changes.
+TEST(TableLogWriterTest, MessagesAndTheNextInput) {
     SmallLog log;
     DataAccess* a = log.declare("A.x");
     NameList names({"A.x", "A.absent"});
     RecordingTable table(names, true);
     table.write(log.data(a, 0, 1), nullptr);
-    table.write(log.data(a, 1, 2), nullptr);
+    for (const char* message : {"first", "second"}) table.write(log.syslog(0, message), nullptr);
+    table.write(log.syslog(1, "alone"), nullptr);
     table.resetInputs();
-    EXPECT_EQ((Rows{"0|1|.", "1|2|."}), table.rows_);
+    EXPECT_EQ((Rows{"0|1|.second", "1|.|.alone"}), table.rows_);
     table.write(log.data(a, 5, 6), nullptr);  // nothing to interpolate from
     table.writeFooter();
     EXPECT_EQ("5|6|.", table.rows_.back());

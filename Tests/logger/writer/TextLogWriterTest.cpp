@@ -45,12 +45,3 @@ TEST(TextLogWriterTest, WithADirectoryItBeginsWithTheVersionInForce) {
     EXPECT_EQ(8U, TextLogWriter(out, true).writeHeader());
     EXPECT_EQ("*v 0008\n", out.bytes_);
 }
-
-TEST(TextLogWriterTest, WithoutAStreamOrAnEntryItWritesNothing) {
-    SmallLog log;
-    MemoryOutStream out;
-    EXPECT_EQ(0U, TextLogWriter(true).writeHeader());
-    EXPECT_EQ(0U, TextLogWriter(false).write(log.cycle(0), nullptr));
-    EXPECT_EQ(0U, TextLogWriter(out, false).write(nullptr, nullptr));
-    EXPECT_EQ("", out.bytes_);
-}

@@ -100,18 +100,6 @@ TEST(VarDataTest, WorksInTheBaseUnitAndKeepsTheEntrysType) {
     EXPECT_EQ(FLOAT4, series.getDataEntry()->getDataValue()->getBinaryType());
 }
 
-TEST(VarDataTest, OnceBestStaysBestAndTheNewestAccessCounts) {
-    SmallLog log;
-    DataAccess* first = log.declare("Depth.depth", Units::METER);
-    DataAccess* second = log.declareReader("Nav", first);
-    VarData series(*log.data(first, 0, 0), 1);
-    series.checkNextEntry(log.bestData(second, 1, 0));
-    EXPECT_TRUE(series.getDataEntry()->isBest());
-    series.checkNextEntry(log.data(second, 2, 0));
-    EXPECT_TRUE(series.getDataEntry()->isBest());
-    EXPECT_EQ(second, series.getDataEntry()->getDataAccess());
-}
-
 // Every sample left out lies within the bound of the line between the kept ones around it, but for the one that ended a
 // segment: the next takes its place.
 TEST(VarDataTest, WhatIsLeftOutLiesWithinTheBound) {

