@@ -39,6 +39,9 @@ protected:
     const VariableSelection& selectionOf(int request) const { return isAttribute(request) ? attributes_ : variables_; }
     int positionOf(int request) const { return isAttribute(request) ? request - variables_.count() : request; }
     const char* nameOf(int request) const { return selectionOf(request).name(positionOf(request)); }
+    // The request whose place in the output it shares: the first of its name. -1: none, for an attribute that is a
+    // variable too and is written as that.
+    int ownerOf(int request) const;
 
     LogWriter* const outputTo_;  // shared; may be null
     VariableSelection variables_;

@@ -48,10 +48,8 @@ void HDF5LogWriter::placeLeaves() {
 
 // Requests of one name share a leaf; a setting that is also a variable is written as that.
 void HDF5LogWriter::place(int request) {
-    const VariableSelection& selection = selectionOf(request);
-    if (isAttribute(request) && variables_.indexOfName(nameOf(request)) >= 0) return;
-    const int first = request - positionOf(request) + selection.firstIndexOfName(positionOf(request));
-    leafOf_[request] = first == request ? newLeaf(request) : leafOf_[first];
+    const int owner = ownerOf(request);
+    if (owner >= 0) leafOf_[request] = owner == request ? newLeaf(request) : leafOf_[owner];
 }
 
 // Null while neither the log nor a unit asked for tells what the variable is.

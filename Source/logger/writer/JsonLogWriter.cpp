@@ -18,12 +18,11 @@ JsonLogWriter::JsonLogWriter(bool formatted, int varCount, char** varList, char*
                              char** attList)
     : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
       json_(formatted),
-      nodes_(new Node[count()]),
-      shortestFirst_(new int[count()]) {
-    std::iota(&shortestFirst_[0], &shortestFirst_[count()], 0);
-    std::stable_sort(&shortestFirst_[0], &shortestFirst_[count()], [this](int a, int b) {
-        return strlen(selectionOf(a).name(positionOf(a))) < strlen(selectionOf(b).name(positionOf(b)));
-    });
+      nodes_(new Node[requestCount()]),
+      shortestFirst_(new int[requestCount()]) {
+    std::iota(&shortestFirst_[0], &shortestFirst_[requestCount()], 0);
+    std::stable_sort(&shortestFirst_[0], &shortestFirst_[requestCount()],
+                     [this](int a, int b) { return strlen(nameOf(a)) < strlen(nameOf(b)); });
 }
 
 unsigned int JsonLogWriter::write(const LogEntry* entry, const Unit* unit) {
@@ -37,18 +36,16 @@ unsigned int JsonLogWriter::write(const LogEntry* entry, const Unit* unit) {
 void JsonLogWriter::initializeJsonLogWriter() {
     watch_.look();
     bool isComplete = true;
-    for (int i = 0; i < count(); ++i) isComplete = place(shortestFirst_[i]) && isComplete;
+    for (int i = 0; i < requestCount(); ++i) isComplete = place(shortestFirst_[i]) && isComplete;
     if (isComplete && !json_.isEmpty()) jsonLogWriterInitialized_ = true;
 }
 
 // Requests of one name share what the first of them has; a setting that is also a variable is written as that.
 bool JsonLogWriter::place(int index) {
-    const VariableSelection& selection = selectionOf(index);
-    const int position = positionOf(index);
-    if (isAttribute(index) && variables_.indexOfName(selection.name(position)) >= 0) return true;
-    const int first = index - position + selection.firstIndexOfName(position);
-    if (first == index) return nodes_[index].leaf_ != nullptr || placeFirst(index);
-    nodes_[index] = nodes_[first];
+    const int owner = ownerOf(index);
+    if (owner < 0) return true;
+    if (owner == index) return nodes_[index].leaf_ != nullptr || placeFirst(index);
+    nodes_[index] = nodes_[owner];
     return true;
 }
 
@@ -62,7 +59,7 @@ bool JsonLogWriter::placeFirst(int index) {
 }
 
 void JsonLogWriter::addVar(int index, const Unit& unit) {
-    nodes_[index].leaf_ = json_.addLeaf(selectionOf(index).name(positionOf(index)), unit.getAbbreviation());
+    nodes_[index].leaf_ = json_.addLeaf(nameOf(index), unit.getAbbreviation());
     nodes_[index].unit_ = &unit;
 }
 

@@ -48,11 +48,6 @@ private:
 
     void addValue(JsonArray& values, const DataEntry& entry, int index);
 
-    int count() const { return variables_.count() + attributes_.count(); }
-    bool isAttribute(int index) const { return index >= variables_.count(); }
-    const VariableSelection& selectionOf(int index) const { return isAttribute(index) ? attributes_ : variables_; }
-    int positionOf(int index) const { return isAttribute(index) ? index - variables_.count() : index; }
-
     JsonDocument json_;
     bool jsonLogWriterInitialized_ = false;  // some input's requests were all placed; samples are kept from then on
     const std::unique_ptr<Node[]> nodes_;

@@ -7,8 +7,8 @@ class BlobValue;
 class DataEntry;
 class MatlabCells;
 
-// One variable in a file of Matlab's layout: the data sets "value", "units" and "time" in its group. The first two
-// begin with the first sample, since a value without any has another form.
+// One variable in a file of Matlab's layout: the data sets "value", "units" and "time" in its group. The
+// values and times begin with the first sample, since without any they have another form.
 class MatlabLeaf {
 public:
     enum Content { NUMBERS, TEXTS, CELLS };

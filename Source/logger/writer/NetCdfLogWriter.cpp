@@ -44,21 +44,19 @@ unsigned int NetCdfLogWriter::write(const LogEntry* entry, const Unit* unit) {
 bool NetCdfLogWriter::initializeNetCdf() {
     watch_.look();
     bool isComplete = true;
-    for (int i = 0; i < variables_.count() + attributes_.count(); ++i) isComplete = define(i) && isComplete;
+    for (int i = 0; i < requestCount(); ++i) isComplete = define(i) && isComplete;
     if (isComplete) NetCdfConventions::AddFileAtts(*netCdfWriter_);
     return isComplete;
 }
 
 // Requests of one name share what the first of them has; a setting that is also a variable is written as that.
 bool NetCdfLogWriter::define(int index) {
-    const VariableSelection& selection = selectionOf(index);
-    const int position = positionOf(index);
-    if (isAttribute(index) && variables_.indexOfName(selection.name(position)) >= 0) return true;
-    const int first = index - position + selection.firstIndexOfName(position);
-    if (first == index) return vars_[index] != nullptr || defineFirst(index);
-    vars_[index] = vars_[first];
-    varUris_[index] = varUris_[first];
-    timeVars_[index] = timeVars_[first];
+    const int owner = ownerOf(index);
+    if (owner < 0) return true;
+    if (owner == index) return vars_[index] != nullptr || defineFirst(index);
+    vars_[index] = vars_[owner];
+    varUris_[index] = varUris_[owner];
+    timeVars_[index] = timeVars_[owner];
     return true;
 }
 

@@ -40,9 +40,6 @@ private:
                                       NetCdf::NetCdfType type);
     NetCdf::NetCdfVar* defineTime(NetCdfGroup& group, const Str& timeName);
     void give(NetCdf::NetCdfVar& var, DataValue* holder);
-    bool isAttribute(int index) const { return index >= variables_.count(); }
-    const VariableSelection& selectionOf(int index) const { return isAttribute(index) ? attributes_ : variables_; }
-    int positionOf(int index) const { return isAttribute(index) ? index - variables_.count() : index; }
 
     const Str filename_;
     const std::unique_ptr<NetCdfWriter> netCdfWriter_;  // null: the file could not be created
