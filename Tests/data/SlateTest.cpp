@@ -202,6 +202,8 @@ TEST_F(SlateTest, ABlobNameMakesABlob) {
 TEST_F(SlateTest, AUniversalElementKeepsItsForm) {
     UniversalDataElement* depth = Slate::NewUniversalElement(UniversalURI::DEPTH, nullptr, Units::METER, FLOAT4);
     EXPECT_EQ(depth, Slate::NewUniversalElement(UniversalURI::DEPTH, nullptr, Units::SECOND, DOUBLE8));
+    const DataValue* const none = nullptr;
+    EXPECT_EQ(depth, Slate::NewUniversalElement(UniversalURI::DEPTH, nullptr, none));
     EXPECT_TRUE(log_.take().empty());
     static const struct {
         const Unit& unit_;

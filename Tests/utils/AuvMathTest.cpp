@@ -48,6 +48,8 @@ TEST(AuvMathTest, LooksUpTables) {
     const std::pair<double, int> rows[] = {{15, 1}, {10, 1}, {30, 3}, {31, -1}, {-0.1, -1}, {0, 0}, {NAN, -1}};
     for (const auto& [x, index] : rows) EXPECT_EQ(index, FindLtEqIndex(table, x, 0, 3)) << x;
     EXPECT_EQ(-1, FindLtEqIndex(table, 5.0, 0, -1));
+    const double falling[] = {30, 20, 10, 0};
+    EXPECT_EQ(-1, FindLtEqIndex(falling, 15.0, 1, 3));
 }
 
 TEST(AuvMathTest, InterpolatesAlongEveryAxis) {
