@@ -1,6 +1,5 @@
 #include "utils/RecyclingPool.h"
 
-#include <cassert>
 #include <cstdio>
 #include <cstdlib>
 
@@ -8,7 +7,7 @@ void* RecyclingPool::takeBlock() {
     if (mallocRing_ == nullptr && !drained_) mallocRing_ = new RingBufferVoid(true);
     void* const recycled = mallocRing_ == nullptr ? nullptr : mallocRing_->pop();
     void* const block = recycled != nullptr ? recycled : malloc(blockSize_);
-    assert(block != nullptr);
+    if (block == nullptr) abort();  // an operator new must not return null
     return block;
 }
 
