@@ -57,6 +57,9 @@ public:
     bool isSameAttachment(const DataAccess& other) const;
     bool declaresTheSame(const DataAccess& other) const;  // everything but the code is equal
     void copyUnitsTypeAndSizeFrom(const DataAccess* other);
+    // How much was known of types when this access, without one, last looked for one to inherit; 0 before it did.
+    unsigned int getTypesSeen() const { return typesSeen_; }
+    void setTypesSeen(unsigned int typesSeen) { typesSeen_ = typesSeen; }
 
     // ` code=0001 owner=0000 element=0002 universal=3FFF unitName="meter" type=0B size=0003 fl=01` and a line feed; the
     // number of bytes written.
@@ -83,5 +86,6 @@ private:
     std::unique_ptr<Str> tempUnitName_;  // the unit name of a log record; null when the unit was given
     mutable bool unitLookedUp_ = false;  // the name, found or not
     bool noInterpFlag_ = false;
+    unsigned int typesSeen_ = 0;
     Logger::TimePrecisionType timePrecision_ = Logger::TIME_PRECISION_MICROS;
 };

@@ -129,12 +129,24 @@ static const DataAccess* FindTypedSupplier(const DataAccess& access) {
     });
 }
 
-// An access that was declared without type takes unit, type and size from a related one.
+// Grows with what can be inherited: accesses, and types that accesses have inherited.
+static unsigned int InheritedTypes = 0;
+static unsigned int CountTypes() {
+    return Slate::GetDataAccessCount() + InheritedTypes;
+}
+
+// An access that was declared without type takes unit, type and size from a related one. A search that failed is not
+// repeated while nothing new is known, or a log of many such accesses would be searched through for each of its
+// entries.
 static void InheritType(DataAccess& access) {
+    if (access.getTypesSeen() == CountTypes()) return;
+    access.setTypesSeen(CountTypes());
     const DataAccess* related = nullptr;
     if (access.getUniversalCode() == ElementURI::NO_CODE) related = FindTypedSibling(access);
     if (access.getUniversalCode() == ElementURI::SELF_CODE) related = FindTypedSupplier(access);
-    if (related != nullptr) access.copyUnitsTypeAndSizeFrom(related);
+    if (related == nullptr) return;
+    access.copyUnitsTypeAndSizeFrom(related);
+    ++InheritedTypes;
 }
 
 static DataAccess* FindAccess(unsigned short code, InStream& in, const Logger& logger) {

@@ -7,6 +7,7 @@
 #include "data/Slate.h"
 #include "logger/entry/EntryStream.h"
 #include "logger/entry/EntryText.h"
+#include "logger/entry/TimeBounds.h"
 
 RecyclingPool SyslogEntry::Pool_("SyslogEntry", sizeof(SyslogEntry));
 const PoolDrain SyslogEntry::PoolDrain_(Pool_);
@@ -71,7 +72,9 @@ SyslogEntry* SyslogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStre
     if (timeAdjust != Timespan::INVALID_TIMESPAN && ParseGpsFix(message, fix)) {
         const Timespan shift = fix - t;
         timeBase += shift;
-        timeAdjust += shift;
+        // Without a time base the vehicle's time is unknown: the difference says nothing about its clock, and carried
+        // along it would shift every cycle start by decades.
+        if (TimeBounds::Holds(t)) timeAdjust += shift;
         entry->setTimestamp(fix);
     }
     return entry;

@@ -9,13 +9,14 @@ class BinaryLogReaderTest : public ReaderFixture {
 protected:
     // Reads the whole text of bytes, stepping over nothing.
     void read(const Str& bytes) {
-        MemoryInStream in(bytes);
+        in_.reset(new MemoryInStream(bytes));
         reader_.reset(newReader());
         reader_->setTimeAdjust(adjust_);
-        reader_->setInStream(in);
-        while (!in.eof() && !reader_->hasError()) reader_->read();
+        reader_->setInStream(*in_);
+        while (!in_->eof() && !reader_->hasError()) reader_->read();
     }
 
+    std::unique_ptr<MemoryInStream> in_;  // outlives the reader
     std::unique_ptr<BinaryLogReader> reader_;
     Timespan adjust_ = Timespan::ZERO_TIMESPAN;
 };
@@ -94,5 +95,18 @@ TEST_F(BinaryLogReaderTest, AFixThatLeadsOutOfBoundsIsTakenBack) {
     bytes.pushBack(static_cast<unsigned char>(fix.length() << 1));
     read(bytes + fix);
     EXPECT_TRUE(reader_->hasError());
+    EXPECT_EQ(reader_->getTimeAdjust(), Timespan::ZERO_TIMESPAN);
+}
+
+// As after an impossible time. The fix itself is a time to go on from, up to the next cycle start.
+TEST_F(BinaryLogReaderTest, AFixWithoutATimeBaseIsNoCorrection) {
+    const Str fix("GPS fix at: 1338553801.9");
+    Str bytes = WorkedLogBytes(0, WORKED_LOG_DIRECTORY) + FromHex("0E 02");
+    bytes.pushBack(static_cast<unsigned char>(fix.length() << 1));
+    bytes += fix + FromHex("0E 02 04 68 69") + WORKED_LOG[WORKED_CYCLE].toBytes();
+    read(bytes);
+    ASSERT_EQ(lines_.size(), WORKED_LOG_DIRECTORY + 3);
+    EXPECT_EQ(lines_[WORKED_LOG_DIRECTORY + 1], "2012-06-01T12:30:01.900Z,1338553801.900 [Depth](INFO): hi");
+    EXPECT_EQ(lines_.back(), workedLines()[WORKED_CYCLE]);
     EXPECT_EQ(reader_->getTimeAdjust(), Timespan::ZERO_TIMESPAN);
 }
