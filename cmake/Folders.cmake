@@ -13,10 +13,10 @@ if(SLATE_COVERAGE)
   target_link_options(slate_options INTERFACE --coverage)
 endif()
 
-# The objects carry both forms, so that the many test programs, which gain nothing, link the ordinary one.
+# The objects of a library carry both forms, so that the many test programs, which gain nothing, link the ordinary one.
+# Array sizes are counts held as ints; seen across files, gcc imagines negative ones.
 if(SLATE_LTO)
-  # Array sizes are counts held as ints; seen across files, gcc imagines negative ones.
-  target_compile_options(slate_options INTERFACE -flto=auto -ffat-lto-objects -Wno-alloc-size-larger-than)
+  set(SLATE_LIBRARY_OPTIONS -flto=auto -ffat-lto-objects -Wno-alloc-size-larger-than)
   set(SLATE_PROGRAM_LINK_OPTIONS -flto=auto -O3 -Wno-alloc-size-larger-than)
   set(SLATE_TEST_LINK_OPTIONS -fno-lto)
 endif()
@@ -26,6 +26,7 @@ function(slate_folder name)
   cmake_parse_arguments(FOLDER "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${FOLDER_SOURCES})
   target_link_libraries(${name} PUBLIC slate_options ${FOLDER_LINKS})
+  target_compile_options(${name} PRIVATE ${SLATE_LIBRARY_OPTIONS})
 endfunction()
 
 # slate_program(name LIBRARY): a program for users, of main.cpp and a library.
