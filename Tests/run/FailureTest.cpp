@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <filesystem>
 #include <string>
@@ -78,12 +77,7 @@ TEST_F(FailureTest, AFullDisk) {
 
 TEST_F(FailureTest, AFileThatGrowsTooLargeKeepsWhatWasWritten) {
     program_.files().write("dive", DiveLog::Of(20000));
-    rlimit before;
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit small{1500000, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const std::string messages = complaints({"-a", "dive"});
-    setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_EQ("(ERROR): Failed to write dive.asc: File too large\n", messages);
+    const FileSizeLimit limit(1500000);
+    EXPECT_EQ("(ERROR): Failed to write dive.asc: File too large\n", complaints({"-a", "dive"}));
     EXPECT_EQ(1500000u, program_.files().read("dive.asc").size());
 }

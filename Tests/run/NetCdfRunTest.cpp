@@ -1,30 +1,19 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <cmath>
-#include <cstdio>
 #include <string>
 
 #include "DiveLog.h"
 #include "Program.h"
+#include "support/Command.h"
 #include "support/NetCdfFile.h"
 
 // The array files of whole logs, as other programs read them.
 
 namespace {
 
-// What a command of the shell prints, with what it complains about.
-std::string OutputOf(const std::string& command) {
-    FILE* const pipe = popen((command + " 2>&1").c_str(), "r");
-    std::string output;
-    char part[4096];
-    for (size_t n; (n = fread(part, 1, sizeof part, pipe)) > 0;) output.append(part, n);
-    pclose(pipe);
-    return output;
-}
-
 std::string Python(const std::string& arguments) {
-    return OutputOf(std::string(SCIENCE_PYTHON) + " " + arguments);
+    return OutputOf(SCIENCE_PYTHON " " + arguments + " 2>&1");
 }
 
 class NetCdfRunTest : public ::testing::Test {
@@ -60,18 +49,6 @@ TEST_F(NetCdfRunTest, EveryValueOfADiveIsInBothFiles) {
     const std::string differences =
         Python(CHECK_NETCDF " " + path("dive.asc") + " " + path("dive.nc") + " " + path("dive.nc4"));
     EXPECT_LT(100000, atoi(differences.c_str())) << differences;
-}
-
-TEST_F(NetCdfRunTest, XarrayDecodesTheTimes) {
-    program_.files().write("dive", DiveLog::Of(3));
-    run({"-qO", "-n", "-N", "dive"});
-    EXPECT_EQ("2012-06-01T12:30:01.000000000 0.5\n",
-              Python("-c 'import xarray; d = xarray.open_dataset(\"" + path("dive.nc") +
-                     "\"); print(d.Time.values[1], d[\"Depth.depth\"].values[1])'"));
-    EXPECT_EQ("2012-06-01T12:30:01.250000000 0.5\n",
-              Python("-c 'import xarray; d = xarray.open_dataset(\"" + path("dive.nc4") +
-                     "\", group=\"Depth\"); print(d[\"Depth.depth_time\"].dt.round(\"ms\").values[1], "
-                     "d[\"Depth.depth\"].values[1])'"));
 }
 
 TEST_F(NetCdfRunTest, TheExamplePlots) {
@@ -114,19 +91,6 @@ data:
         OutputOf("ncdump " + path("dive.nc")));
 }
 
-// Names, units, errors: what is thinned has rows of its own.
-TEST_F(NetCdfRunTest, ThinnedSeries) {
-    program_.files().write("dive", DiveLog::Of(100));
-    run({"-qO", "-n", "-N", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
-    const NetCdfFile table(path("dive.nc"));
-    const NetCdfFile series(path("dive.nc4"));
-    EXPECT_GT(20u, series.numbers("Depth/Depth.depth").size());
-    EXPECT_LT(1u, series.numbers("Depth/Depth.depth").size());
-    EXPECT_LT(1u, table.numbers("Time").size());
-    EXPECT_EQ(series.numbers("Depth/Depth.depth").back(), table.numbers("Depth.depth").back());
-    EXPECT_EQ(49.5, table.numbers("Depth.depth").back());
-}
-
 // Everything that can go wrong.
 
 TEST_F(NetCdfRunTest, FilesThatCannotBeCreated) {
@@ -146,12 +110,8 @@ TEST_F(NetCdfRunTest, ADiskThatFillsUp) {
         run({"-qO", option, "dive"});
         const size_t whole = program_.files().read(name).size();
         for (const size_t room : {size_t(1000), whole / 2, whole - 1}) {
-            rlimit before;
-            getrlimit(RLIMIT_FSIZE, &before);
-            const rlimit small{room, before.rlim_max};
-            setrlimit(RLIMIT_FSIZE, &small);
+            const FileSizeLimit limit(room);
             const std::string errors = ErrorsIn(run({"-qO", option, "dive"}));
-            setrlimit(RLIMIT_FSIZE, &before);
             EXPECT_EQ(1u, CountOf(errors, "\n")) << name << " " << room;
             EXPECT_EQ(1u, CountOf(errors, name + ": File too large\n")) << name << " " << room << errors;
         }

@@ -50,20 +50,6 @@ TEST_F(RunTest, WithoutOptionsEveryEntryBecomesALine) {
     EXPECT_EQ("Unserialize done.\n", outcome.out_.substr(outcome.out_.rfind('\n', outcome.out_.size() - 2) + 1));
 }
 
-TEST_F(RunTest, StandardOutputTakesTheTextBetweenTheMessages) {
-    program_.files().write("dive", WorkedBytes());
-    EXPECT_EQ(WorkedLines(), program_.run({"-qo", "stdout", "dive"}).out_);
-    EXPECT_EQ("dive ", program_.list());
-}
-
-TEST_F(RunTest, TheBinaryOutputReadsAsTheLogDid) {
-    program_.files().write("dive", DiveLog::Of(20));
-    runInSilence({"-ab", "dive"});
-    runInSilence({"dive.bin"});
-    EXPECT_EQ(read("dive.asc"), read("dive.bin.asc"));
-    EXPECT_EQ(DiveLog::Of(20), read("dive.bin"));
-}
-
 TEST_F(RunTest, TheDirectoryMakesALogReadableThatHasNone) {
     DiveLog dive;
     dive.begin();
@@ -80,15 +66,7 @@ TEST_F(RunTest, TheDirectoryMakesALogReadableThatHasNone) {
     }
 }
 
-TEST_F(RunTest, NamesLimitTheTextAndTheBinaryOutput) {
-    program_.files().write("dive", DiveLog::Of(4));
-    runInSilence({"-ab", "dive", "Depth.depth", "(centimeter)"});
-    EXPECT_EQ(4u, CountOf(read("dive.asc"), "\n"));
-    EXPECT_NE(std::string::npos, read("dive.asc").find("Depth.depth=150.000000 cm\n"));
-    EXPECT_LT(read("dive.bin").size(), read("dive").size());
-    EXPECT_LT(0u, read("dive.bin").size());
-}
-
+// A time that cannot be read is ignored.
 TEST_F(RunTest, TheTimeWindowIncludesItsBounds) {
     program_.files().write("dive", DiveLog::Of(10));
     runInSilence({"-ase", "2012-06-01T12:30:02.25", "2012-06-01T12:30:04.25", "dive", "Depth.depth"});
@@ -96,12 +74,8 @@ TEST_F(RunTest, TheTimeWindowIncludesItsBounds) {
     EXPECT_EQ(3u, CountOf(lines, "\n"));
     EXPECT_EQ(0u, lines.find("2012-06-01T12:30:02.250Z"));
     EXPECT_NE(std::string::npos, lines.find("2012-06-01T12:30:04.250Z"));
-}
-
-TEST_F(RunTest, ATimeThatCannotBeReadIsReportedAndIgnored) {
-    program_.files().write("dive", DiveLog::Of(10));
-    const Outcome outcome = program_.run({"-qOls", "soon", "dive"});
-    EXPECT_NE(std::string::npos, outcome.out_.find("(ERROR): Cannot read the start time soon, it is ignored\n"));
+    const std::string said = program_.run({"-qOls", "soon", "dive"}).out_;
+    EXPECT_NE(std::string::npos, said.find("(ERROR): Cannot read the start time soon, it is ignored\n"));
     EXPECT_EQ(10u, CountOf(read("dive.log"), "\n"));
 }
 

@@ -87,18 +87,6 @@ TEST_F(TableRunTest, Thinned) {
               table(Dive(), {"dive", "Depth.depth", "0.1"}));
 }
 
-TEST_F(TableRunTest, SeveralInputsInOneTable) {
-    program_.files().write("next", DiveLog::Of(1, 10));
-    EXPECT_EQ("", table(Dive(), {"-o", "both.csv", "dive;next", "Depth.depth"}));
-    EXPECT_EQ(
-        "Timestamp,EpochSeconds,Depth.depth\n"
-        "2012-06-01T12:30:00.000Z,1338553800.000,0.000000 m\n"
-        "2012-06-01T12:30:01.000Z,1338553801.000,0.500000 m\n"
-        "2012-06-01T12:30:02.000Z,1338553802.000,1.000000 m\n"
-        "2012-06-01T12:30:10.000Z,1338553810.000,5.000000 m\n",
-        program_.files().read("both.csv"));
-}
-
 // What a log and a user can bring that is no plain number in its unit.
 TEST_F(TableRunTest, EveryRowHasItsColumns) {
     DiveLog dive;
