@@ -93,6 +93,14 @@ TEST_F(RoundTripTest, ALogOfEveryVersionReadsBackTheSame) {
     }
 }
 
+TEST_F(RoundTripTest, ACorrectedLogReadsBackWithinMilliseconds) {
+    synthesize("--minutes 2");
+    const std::string text = textOf("dive");
+    EXPECT_NE(std::string::npos, text.find("GPS fix at: "));
+    runInSilence({"-b", "dive"});
+    ExpectAlike(text, textOf("dive.bin"));
+}
+
 TEST_F(RoundTripTest, SelectedVariablesReadBackWithTheLogsDirectory) {
     synthesize("--minutes 0.5");
     const std::vector<std::string> names = {"DepthSensor.depth", "CTD.sea_water_temperature"};
@@ -164,6 +172,13 @@ protected:
     int parts_ = 0;
     CapturedLog messages_;
 };
+
+TEST_F(SplitRoundTripTest, PartsOfASizeHoldTheLog) {
+    copy("dive",
+         new SplitFileLogWriter(path("run").c_str(), 100000, new DirectoryLogWriter(true), new LzmaEncoder(), 1));
+    ExpectAlike(WithoutDirectory(textOf("dive", {}, "-aL")), WithoutDirectory(textOfParts()));
+    EXPECT_LE(3, parts_);
+}
 
 // Entries of the directory have no time of the log, so they come with the headers here.
 TEST_F(SplitRoundTripTest, PartsOfASpanHoldTheLogAndTheDirectory) {

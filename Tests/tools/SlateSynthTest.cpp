@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -7,6 +8,7 @@
 #include "data/DataAccess.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/DirectoryEntry.h"
+#include "logger/entry/EventEntry.h"
 #include "logger/entry/SyslogEntry.h"
 #include "logger/writer/BinaryLogWriter.h"
 #include "slatesynth/Damage.h"
@@ -22,6 +24,8 @@ struct LogContent {
     unsigned long long entries_ = 0;
     std::set<BinaryDataType> types_;
     std::set<Syslog::Severity> severities_;
+    std::set<int> runningValues_;
+    std::map<std::string, int> counts_;
 };
 
 class SlateSynthTest : public SlateFixture {
@@ -60,10 +64,19 @@ protected:
 
     static void note(const LogEntry& entry, LogContent& content) {
         ++content.entries_;
+        ++content.counts_[LogEntry::TypeToString(entry.getType())];
         if (const auto* data = dynamic_cast<const DataEntry*>(&entry)) {
             content.types_.insert(data->getDataAccess()->getBinaryType());
+            ++content.counts_[data->isChanged() ? "changed" : "unchanged"];
+            if (data->isBest()) ++content.counts_["best"];
         } else if (const auto* message = dynamic_cast<const SyslogEntry*>(&entry)) {
             content.severities_.insert(message->getSeverity());
+        } else if (const auto* event = dynamic_cast<const EventEntry*>(&entry)) {
+            ++content.counts_[EventEntry::EventTypeToString(event->getEventType())];
+            if (event->getEventType() == EventEntry::COMPONENT_ACTION &&
+                event->getComponentAction() == EventEntry::COMPONENT_MISSION_RUN) {
+                content.runningValues_.insert(event->getRunning());
+            }
         }
     }
 
@@ -84,22 +97,9 @@ TEST_F(SlateSynthTest, EveryEntryComesBackByteForByteInEveryVersion) {
     }
 }
 
-TEST_F(SlateSynthTest, TheSeedDecidesEveryByte) {
+TEST_F(SlateSynthTest, ADiveHoldsEveryKindOfEntry) {
     SynthOptions options;
-    options.minutes_ = 0.2;
-    std::string logs[3];
-    for (int i = 0; i < 3; ++i) {
-        options.seed_ = i < 2 ? 1 : 2;
-        synthesise(options);
-        logs[i] = files_.read("log");
-    }
-    EXPECT_TRUE(logs[0] == logs[1]);
-    EXPECT_FALSE(logs[0] == logs[2]);
-}
-
-TEST_F(SlateSynthTest, ADiveHoldsEveryTypeAndSeverity) {
-    SynthOptions options;
-    options.minutes_ = 70;
+    options.minutes_ = 70;  // the third dive is preempted
     synthesise(options);
     const LogContent content = decode("log");
     EXPECT_EQ((std::set<BinaryDataType>{STRVALUE, UCHAR1, SHORT2, USHORT2, FLOAT2, FLOAT3, INT4, FLOAT4, DOUBLE8,
@@ -108,6 +108,23 @@ TEST_F(SlateSynthTest, ADiveHoldsEveryTypeAndSeverity) {
     EXPECT_EQ((std::set<Syslog::Severity>{Syslog::DEBUG, Syslog::INFO, Syslog::ERROR, Syslog::IMPORTANT,
                                           Syslog::CRITICAL, Syslog::FAULT}),
               content.severities_);
+    EXPECT_EQ((std::set<int>{-1, 0, 1, 2, 3, 4, 5, 6}), content.runningValues_);
+    for (const char* kind : {"EVENT", "DIRECTORY", "DATA", "SYSLOG", "changed", "unchanged", "best", "START_CYCLE",
+                             "SET_DATA_ACCURACY", "SET_DATA_STATE", "COMPONENT_ACTION"}) {
+        EXPECT_GT(content.counts_.count(kind), 0u) << kind;
+    }
+}
+
+TEST_F(SlateSynthTest, TheSeedDecidesEveryByte) {
+    SynthOptions options;
+    options.minutes_ = 0.2;
+    synthesise(options);
+    const std::string first = files_.read("log");
+    synthesise(options);
+    EXPECT_TRUE(first == files_.read("log"));
+    options.seed_ = 2;
+    synthesise(options);
+    EXPECT_FALSE(first == files_.read("log"));
 }
 
 TEST_F(SlateSynthTest, EveryPartDecodesAlone) {
