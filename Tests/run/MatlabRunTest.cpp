@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <cstdlib>
 #include <string>
@@ -26,6 +27,15 @@ protected:
     }
     void synthesize(const char* minutes) {
         EXPECT_NE("", OutputOf(std::string(SLATESYNTH_PROGRAM " --minutes ") + minutes + " " + path("dive")));
+    }
+    std::string runLimited(rlim_t fileSize, const std::vector<std::string>& arguments) {
+        rlimit before;
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{fileSize, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        const std::string said = run(arguments);
+        setrlimit(RLIMIT_FSIZE, &before);
+        return said;
     }
 
     Program program_;
@@ -57,6 +67,40 @@ TEST_F(MatlabRunTest, AnotherLibraryReadsStructs) {
         OutputOf(MATCHECK_PROGRAM " " + path("dive.mat")));
 }
 
+TEST_F(MatlabRunTest, AnotherLibraryReadsArraysAndCells) {
+    DiveLog dive;
+    DataAccess* const plane = dive.log_.declareBlob("A.plane", Units::METER, BLOB_UINT8, 2, 3);
+    DataAccess* const mode = dive.log_.declareText("A.mode");
+    DataAccess* const silent = dive.log_.declare("A.silent");
+    dive.add(dive.log_.version(8));
+    for (DataAccess* const access : {plane, mode, silent}) dive.declare(access);
+    dive.add(dive.log_.blob<unsigned char>(plane, 0, {0, 1, 2, 10, 11, 12}));
+    dive.add(dive.log_.blob<unsigned char>(plane, 1, {20, 21, 22, 30, 31, 32}));
+    dive.add(dive.log_.text(mode, 1, "dive"));
+    dive.add(dive.log_.text(mode, 2, "\xC3\xA4"));
+    program_.files().write("dive", dive.bytes());
+    run({"-m", "dive"});
+    const std::string shown = OutputOf(MATCHECK_PROGRAM " " + path("dive.mat"));
+    for (const char* line :
+         {"A.plane.value double 2x2x3: 0 20 10 30 1 21 11 31 2 22 12 32\n", "A.mode.value cell 2x1:\n",
+          "A.mode.value{1} char 1x4:dive\n", "A.mode.value{2} char 1x1:\\xe4\n", "A.silent.value double 0x0:\n",
+          "A.silent.time double 0x0:\n"}) {
+        EXPECT_NE(std::string::npos, shown.find(line)) << line << shown;
+    }
+}
+
+TEST_F(MatlabRunTest, H5dumpShowsThePlainFile) {
+    program_.files().write("dive", DiveLog::Of(3));
+    run({"-H", "dive"});
+    const std::string shown = OutputOf("h5dump -y -d /Depth/depth/value " + path("dive.h5") + " | tr -s ' \\n' ' '");
+    for (const char* part :
+         {"DATATYPE H5T_IEEE_F64LE DATASPACE SIMPLE { ( 1, 3 ) / ( 1, H5S_UNLIMITED ) } DATA { 0, 0.5, 1 }",
+          "ATTRIBUTE \"units\" { DATATYPE H5T_STRING { STRSIZE 1; STRPAD H5T_STR_NULLTERM; CSET H5T_CSET_ASCII; "
+          "CTYPE H5T_C_S1; } DATASPACE SCALAR DATA { \"m\" } }"}) {
+        EXPECT_NE(std::string::npos, shown.find(part)) << part << '\n' << shown;
+    }
+}
+
 TEST_F(MatlabRunTest, TheSameLogGivesTheSameBytesAlsoBesideNetCdf) {
     synthesize("2");
     run({"-m", "-H", "dive"});
@@ -66,6 +110,13 @@ TEST_F(MatlabRunTest, TheSameLogGivesTheSameBytesAlsoBesideNetCdf) {
     EXPECT_TRUE(mat == read("dive.mat"));
     EXPECT_TRUE(h5 == read("dive.h5"));
     EXPECT_LT(10000u, read("dive.nc4").size());
+}
+
+TEST_F(MatlabRunTest, ThinnedSeries) {
+    program_.files().write("dive", DiveLog::Of(100));
+    run({"-m", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
+    const std::string shown = OutputOf(MATCHECK_PROGRAM " " + path("dive.mat"));
+    EXPECT_NE(std::string::npos, shown.find("Depth.depth.value double 2x1: 0 49.5\n")) << shown;
 }
 
 TEST_F(MatlabRunTest, TheExamplesPlot) {
@@ -99,8 +150,7 @@ TEST_F(MatlabRunTest, AFullDisk) {
     for (const char* option : {"-m", "-H"}) {
         const std::string name = option[1] == 'm' ? "dive.mat" : "dive.h5";
         for (const rlim_t size : {4000, 30000}) {
-            const FileSizeLimit limit(size);
-            EXPECT_EQ("(ERROR): Failed to write " + name + ": File too large\n", run({option, "dive"}));
+            EXPECT_EQ("(ERROR): Failed to write " + name + ": File too large\n", runLimited(size, {option, "dive"}));
         }
     }
 }

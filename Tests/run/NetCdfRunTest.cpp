@@ -51,6 +51,31 @@ TEST_F(NetCdfRunTest, EveryValueOfADiveIsInBothFiles) {
     EXPECT_LT(100000, atoi(differences.c_str())) << differences;
 }
 
+TEST_F(NetCdfRunTest, XarrayDecodesTheTimes) {
+    program_.files().write("dive", DiveLog::Of(3));
+    run({"-qO", "-n", "-N", "dive"});
+    EXPECT_EQ("2012-06-01T12:30:01.000000000 0.5\n",
+              Python("-c 'import xarray; d = xarray.open_dataset(\"" + path("dive.nc") +
+                     "\"); print(d.Time.values[1], d[\"Depth.depth\"].values[1])'"));
+    EXPECT_EQ("2012-06-01T12:30:01.250000000 0.5\n",
+              Python("-c 'import xarray; d = xarray.open_dataset(\"" + path("dive.nc4") +
+                     "\", group=\"Depth\"); print(d[\"Depth.depth_time\"].dt.round(\"ms\").values[1], "
+                     "d[\"Depth.depth\"].values[1])'"));
+}
+
+// Names, units, errors: what is thinned has rows of its own.
+TEST_F(NetCdfRunTest, ThinnedSeries) {
+    program_.files().write("dive", DiveLog::Of(100));
+    run({"-qO", "-n", "-N", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
+    const NetCdfFile table(path("dive.nc"));
+    const NetCdfFile series(path("dive.nc4"));
+    EXPECT_GT(20u, series.numbers("Depth/Depth.depth").size());
+    EXPECT_LT(1u, series.numbers("Depth/Depth.depth").size());
+    EXPECT_LT(1u, table.numbers("Time").size());
+    EXPECT_EQ(series.numbers("Depth/Depth.depth").back(), table.numbers("Depth.depth").back());
+    EXPECT_EQ(49.5, table.numbers("Depth.depth").back());
+}
+
 TEST_F(NetCdfRunTest, TheExamplePlots) {
     synthesize("--minutes 2");
     run({"-qO", "-N", "dive"});
