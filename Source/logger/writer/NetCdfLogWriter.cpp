@@ -173,7 +173,7 @@ NetCdf::NetCdfVar* NetCdfLogWriter::defineTime(NetCdfGroup& group, const Str& ti
 }
 
 void NetCdfLogWriter::give(NetCdf::NetCdfVar& var, DataValue* holder) {
-    var.dataValue_ = holder;
+    var.setHolder(holder);
     holders_.push(holder);
 }
 
@@ -182,7 +182,7 @@ unsigned int NetCdfLogWriter::writeData(const DataEntry* entry, int varIndex, co
     if (entry == nullptr || var == nullptr) return 0;
     NetCdf::NetCdfVar* const timeVar = timeVars_[varIndex];
     var->hold(entry->getDataValue());
-    timeVar->dataValue_->setFrom(Units::SECOND, entry->getTimestamp().asDouble());
+    timeVar->hold(entry->getTimestamp().asDouble());
     return netCdfWriter_->writeVarRecord(var, varUris_[varIndex]) && netCdfWriter_->writeVarRecord(timeVar, nullptr);
 }
 

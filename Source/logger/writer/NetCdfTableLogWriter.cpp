@@ -81,7 +81,7 @@ void NetCdfTableLogWriter::addVar(int column, const ElementURI* name, BinaryData
     NetCdf::NetCdfVar* const var = netCdfWriter_->addVar(varName, types->inTable_, nullptr);
     if (var != nullptr) {
         vars_[column] = var;
-        var->dataValue_ = unit.dataValue(type);
+        var->setHolder(unit.dataValue(type));
         holders_.push(var->dataValue_);
         NetCdfConventions::Describe(*netCdfWriter_, *var, unit,
                                     NetCdfConventions::StandardName(columns_, column, universalCode), COORDINATES,

@@ -260,19 +260,13 @@ bool NetCdfWriter::endAttChanges() {
 
 // Records.
 
-double NetCdfWriter::NumberOf(const NetCdfVar& var) {
-    double number = std::nan("");
-    if (var.dataValue_ != nullptr && !var.isMissing_) var.dataValue_->copyTo(*var.dataValue_->getUnit(), number);
-    return number;
-}
-
 bool NetCdfWriter::writeRecord(const Timestamp& t) {
     if (!ok_) return false;
     bool isFull = false;
     for (unsigned int i = 0; i < varArray_.size(); ++i) {
         NetCdfVar& var = *varArray_.at(i);
         if (!var.isRecord_) continue;
-        var.block_->addNumber(&var == timeVar_ ? t.asDouble() : NumberOf(var));
+        var.block_->addNumber(&var == timeVar_ ? t.asDouble() : var.number_);
         ++var.numRecs_;
         isFull = isFull || var.block_->isFull();
     }
@@ -287,10 +281,9 @@ bool NetCdfWriter::writeVarRecord(NetCdfVar* var, const ElementURI* uri) {
     if (blob != nullptr) {
         GatherArray(*var, *blob, *uri);
     } else if (var->netCdfType_ != NC_STRING_TYPE) {
-        var->block_->addNumber(NumberOf(*var));
+        var->block_->addNumber(var->number_);
     } else {
-        const bool hasText = var->dataValue_ != nullptr && !var->isMissing_;
-        var->block_->addText(hasText ? var->dataValue_->toString() : Str());
+        var->block_->addText(var->isMissing_ ? Str() : var->dataValue_->toString());
     }
     ++var->numRecs_;
     return !var->block_->isFull() || flushVarRecords(*var);

@@ -84,7 +84,6 @@ private:
     bool initializeGroups();
     void spreadBlocks();
 
-    static double NumberOf(const NetCdfVar& var);
     static void GatherArray(const NetCdfVar& var, const BlobValue& blob, const ElementURI& uri);
     bool flushRecords();
     bool flushVarRecords(NetCdfVar& var);

@@ -31,9 +31,9 @@ protected:
 // A value in a holder, written as one record of its own.
 bool WriteNumber(NetCdfWriter& writer, NetCdf::NetCdfVar* var, double number) {
     const std::unique_ptr<DataValue> value(Units::NONE.dataValue(number, DOUBLE8));
-    var->dataValue_ = value.get();
+    var->setHolder(value.get());
     const bool isWritten = writer.writeVarRecord(var, nullptr);
-    var->dataValue_ = nullptr;
+    var->setHolder(nullptr);
     return isWritten;
 }
 
@@ -123,10 +123,10 @@ TEST_F(NetCdfWriterTest, BlocksDoNotShow) {
         const std::unique_ptr<DataValue> value(Units::NONE.dataValue(DOUBLE8));
         NetCdf::NetCdfVar* const vars[] = {writer->addVar("i", NetCdf::NC_SHORT_TYPE, nullptr),
                                            writer->addVar("f", NetCdf::NC_FLOAT_TYPE, nullptr)};
-        for (NetCdf::NetCdfVar* var : vars) var->dataValue_ = value.get();
+        for (NetCdf::NetCdfVar* var : vars) var->setHolder(value.get());
         ASSERT_TRUE(writer->initialize());
         for (int i = 0; i < 1000; ++i) {
-            value->setFrom(Units::NONE, i * 0.75);
+            for (NetCdf::NetCdfVar* var : vars) var->hold(i * 0.75);
             EXPECT_TRUE(writer->writeRecord(Timestamp(i, 0)));
         }
         EXPECT_TRUE(writer->finalize());
