@@ -1,9 +1,12 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/Logger.h"
+
+typedef std::vector<std::string> Lines;
 
 // Collects what is logged through its logger, each message as "ERROR the text".
 class CapturedLog : public SyslogSink {
@@ -13,13 +16,9 @@ public:
     }
     operator const Logger&() const { return logger_; }
     // The messages since the last call.
-    std::vector<std::string> take() {
-        std::vector<std::string> taken;
-        taken.swap(lines_);
-        return taken;
-    }
+    Lines take() { return std::exchange(lines_, {}); }
 
-    std::vector<std::string> lines_;
+    Lines lines_;
 
 private:
     const Logger logger_{"test", this};

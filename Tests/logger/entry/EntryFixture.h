@@ -9,8 +9,6 @@
 #include "support/SlateFixture.h"
 #include "support/WorkedLog.h"
 
-typedef std::vector<std::string> Lines;
-
 // Reads and writes single entries against the cycle start of the worked log.
 class EntryFixture : public SlateFixture {
 protected:

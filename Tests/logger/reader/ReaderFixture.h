@@ -11,8 +11,6 @@
 #include "support/TempDir.h"
 #include "support/WorkedLog.h"
 
-typedef std::vector<std::string> Lines;
-
 // Collects the text line of every entry.
 class LineCollector : public LogWriter {
 public:

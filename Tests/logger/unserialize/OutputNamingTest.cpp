@@ -14,8 +14,6 @@ namespace {
 const Timestamp FIRST(1338553800, 0);  // 2012-06-01T12:30:00Z
 const Timestamp LAST(1338560100, 0);   // 2012-06-01T14:15:00Z
 
-using Lines = std::vector<std::string>;
-
 class OutputNamingTest : public ::testing::Test {
 protected:
     void finish(const std::string& path) {

@@ -1,15 +1,9 @@
 #include "logger/writer/FileLogWriter.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
-#include <utility>
+#include <tuple>
 
-#include "data/Slate.h"
-#include "support/CapturedLog.h"
-#include "support/JournalWriter.h"
-#include "support/SmallLog.h"
-#include "support/TempDir.h"
+#include "OutputFixture.h"
 
 namespace {
 // Notes the file's name and what the file holds by then.
@@ -29,19 +23,7 @@ private:
     const bool success_;
 };
 
-class FileLogWriterTest : public testing::Test {
-protected:
-    FileLogWriterTest() { Slate::SetLogger(&static_cast<const Logger&>(messages_)); }
-    ~FileLogWriterTest() override { Slate::SetLogger(nullptr); }
-
-    JournalWriter* inner(unsigned int bytesPerEntry = 1) { return new JournalWriter(journal_, bytesPerEntry); }
-    std::string takeJournal() { return std::exchange(journal_, ""); }
-
-    TempDir dir_;
-    SmallLog log_;
-    CapturedLog messages_;
-    std::string journal_;
-};
+typedef OutputFixture FileLogWriterTest;
 }  // namespace
 
 TEST_F(FileLogWriterTest, HeadsFillsAndEndsItsFile) {
@@ -82,21 +64,18 @@ TEST_F(FileLogWriterTest, ReplacesALinkRatherThanItsTarget) {
 }
 
 TEST_F(FileLogWriterTest, FlushesAsOftenAsTold) {
-    struct Case {
-        FileLogWriter::FlushFreq flushFreq_;
-        const char* afterWrite_;
-        const char* afterCycle_;
-    } const cases[] = {{FileLogWriter::FLUSH_ONCE, "", ""},
-                       {FileLogWriter::FLUSH_PER_CYCLE, "", "<."},
-                       {FileLogWriter::FLUSH_PER_WRITE, "<.", "<."}};
-    for (const Case& c : cases) {
+    const std::tuple<FileLogWriter::FlushFreq, const char*, const char*> cases[] = {
+        {FileLogWriter::FLUSH_ONCE, "", ""},
+        {FileLogWriter::FLUSH_PER_CYCLE, "", "<."},
+        {FileLogWriter::FLUSH_PER_WRITE, "<.", "<."}};
+    for (const auto& [flushFreq, afterWrite, afterCycle] : cases) {
         takeJournal();
         FileLogWriter writer(dir_.path("out").c_str(), inner(), false, nullptr);
-        writer.setFlushFreq(c.flushFreq_);
+        writer.setFlushFreq(flushFreq);
         writer.write(log_.cycle(0), nullptr);
-        EXPECT_EQ(c.afterWrite_, dir_.read("out"));
+        EXPECT_EQ(afterWrite, dir_.read("out"));
         writer.endCycle();
-        EXPECT_EQ(c.afterCycle_, dir_.read("out"));
+        EXPECT_EQ(afterCycle, dir_.read("out"));
         EXPECT_EQ("header entry ", takeJournal());  // the cycle's end stays with the file
     }
 }
@@ -115,21 +94,18 @@ TEST_F(FileLogWriterTest, EncodesTheFinishedFileOnce) {
 // A failure is told once, whether the opening, a write or only the close meets it.
 TEST_F(FileLogWriterTest, FailuresAreNamedWithTheReason) {
     const std::string missing = dir_.path("missing/out");
-    const struct {
-        std::string path_;
-        int entries_;
-        std::string message_;
-    } cases[] = {{missing, 1, "ERROR Failed to open " + missing + ": No such file or directory"},
-                 {"/dev/full", 3, "ERROR Failed to write /dev/full: No space left on device"},
-                 {"/dev/full", 0, "ERROR Failed to write /dev/full: No space left on device"}};
-    for (const auto& c : cases) {
+    const std::tuple<std::string, int, std::string> cases[] = {
+        {missing, 1, "ERROR Failed to open " + missing + ": No such file or directory"},
+        {"/dev/full", 3, "ERROR Failed to write /dev/full: No space left on device"},
+        {"/dev/full", 0, "ERROR Failed to write /dev/full: No space left on device"}};
+    for (const auto& [path, entries, message] : cases) {
         {
-            FileLogWriter writer(c.path_.c_str(), inner(), false, nullptr);
-            EXPECT_EQ(c.path_ != missing, writer.isValid());
+            FileLogWriter writer(path.c_str(), inner(), false, nullptr);
+            EXPECT_EQ(path != missing, writer.isValid());
             writer.setFlushFreq(FileLogWriter::FLUSH_PER_WRITE);
-            for (int i = 0; i < c.entries_; ++i) writer.write(log_.cycle(i), nullptr);
+            for (int i = 0; i < entries; ++i) writer.write(log_.cycle(i), nullptr);
         }
-        EXPECT_EQ(std::vector<std::string>{c.message_}, messages_.take());
+        EXPECT_EQ(Lines{message}, messages_.take());
     }
     EXPECT_TRUE(std::filesystem::exists("/dev/full"));  // a device is written to, not replaced
 }

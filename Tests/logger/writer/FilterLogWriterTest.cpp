@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/CapturedLog.h"
 #include "support/JournalWriter.h"
 #include "support/NameList.h"
 #include "support/SmallLog.h"
@@ -58,8 +59,7 @@ TEST_F(FilterLogWriterTest, MatchesDataToVariablesAndAttributes) {
     EXPECT_EQ("att0 ", writer.matches(log_.bestData(rate_, 1, 0.5)));
     EXPECT_EQ("data0:km att1:km ", writer.matches(log_.data(depth_, 1, 2.5), &Units::KILOMETER));
     for (const LogEntry* other :
-         {static_cast<LogEntry*>(log_.cycle(0)), static_cast<LogEntry*>(log_.cycle(1)),
-          static_cast<LogEntry*>(log_.syslog(1, "x")), static_cast<LogEntry*>(log_.version(8))}) {
+         std::initializer_list<LogEntry*>{log_.cycle(0), log_.cycle(1), log_.syslog(1, "x"), log_.version(8)}) {
         EXPECT_EQ("", writer.matches(other));
     }
     EXPECT_EQ(0U, writer.write(nullptr, nullptr));
@@ -71,6 +71,28 @@ TEST_F(FilterLogWriterTest, ABestValueThatIsItsOwnUniversalMatchesOnce) {
                     DataAccessor::DATA_WRITER);
     MatchWriter writer(names_, units_, false, none_);
     EXPECT_EQ("data0:cm ", writer.matches(log_.bestData(&self, 1, 2.5)));
+}
+
+// The base alone: what is selected goes to the next writer, and everything that is no entry too.
+TEST_F(FilterLogWriterTest, ForwardsToTheNextWriterIfThereIsOne) {
+    std::string journal;
+    for (LogWriter* const next :
+         {static_cast<LogWriter*>(new JournalWriter(journal)), static_cast<LogWriter*>(nullptr)}) {
+        FilterLogWriter writer(next, names_.count(), names_.list(), units_.list(), true, 1, attributes_.list());
+        unsigned int bytes = writer.writeHeader();
+        for (const LogEntry* entry : std::initializer_list<LogEntry*>{
+                 log_.cycle(0), log_.cycle(1), log_.data(depth_, 1, 2.5), log_.data(rate_, 1, 0.5), log_.version(8)}) {
+            bytes += writer.write(entry, nullptr);
+        }
+        CapturedLog messages;
+        Logger logger("test", &messages);
+        writer.endCycle();
+        writer.config(logger);
+        writer.resetInputs();
+        EXPECT_EQ(next == nullptr ? 0U : 5U, bytes + writer.writeFooter());
+    }
+    EXPECT_EQ("resetInputs header entry entry in centimeter entry endCycle config resetInputs footer deleted ",
+              journal);
 }
 
 TEST_F(FilterLogWriterTest, PassesCycleStartsFromTheSecondOn) {

@@ -1,38 +1,19 @@
 #include "logger/writer/HDF5LogWriter.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-#include "support/CapturedLog.h"
+#include "OutputFixture.h"
 #include "support/Hdf5Reader.h"
-#include "support/NameList.h"
-#include "support/SmallLog.h"
-#include "support/TempDir.h"
 
 namespace {
-class HDF5LogWriterTest : public testing::Test {
+class HDF5LogWriterTest : public OutputFixture {
 protected:
-    void SetUp() override { Slate::SetLogger(&static_cast<const Logger&>(messages_)); }
-    void TearDown() override { Slate::SetLogger(nullptr); }
-
-    // Writes the entries to file.mat or file.h5, gone when the file is finished.
-    void write(bool matlab, NameList& names, NameList& units, NameList& settings,
-               std::initializer_list<LogEntry*> entries) {
-        HDF5LogWriter writer(path(matlab).c_str(), matlab, names.count(), names.list(), units.list(), settings.count(),
-                             settings.list());
-        for (const LogEntry* entry : entries) writer.write(entry, nullptr);
-    }
-    void writeAll(bool matlab, NameList& names, std::initializer_list<LogEntry*> entries) {
-        HDF5LogWriter writer(path(matlab).c_str(), matlab, names.count(), names.list(), nullptr, 0, nullptr);
+    // Writes the entries to file.mat or file.h5; the writer is gone when it returns.
+    void write(bool matlab, NameList&& names, const std::vector<LogEntry*>& entries, NameList&& units = {},
+               NameList&& settings = {}) {
+        HDF5LogWriter writer(path(matlab).c_str(), matlab, names.count(), names.list(), units.listOrNull(),
+                             settings.count(), settings.list());
         for (const LogEntry* entry : entries) writer.write(entry, nullptr);
     }
     std::string path(bool matlab) const { return dir_.path(matlab ? "file.mat" : "file.h5"); }
-
-    TempDir dir_;
-    SmallLog log_;
-    CapturedLog messages_;
-    NameList none_{};
 };
 
 // A name's value as the file shows it, in both files.
@@ -41,17 +22,15 @@ std::string Shown(const Hdf5Reader& file, const std::string& leaf) {
 }
 }  // namespace
 
+// Once each, also when a name is listed twice.
 TEST_F(HDF5LogWriterTest, NumbersAreARowInTheUnitAskedFor) {
     DataAccess* depth = log_.declareServing("depth", "Depth.depth", Units::METER);
     DataAccess* gain = log_.declareSetting("Control.gain");
-    NameList names{"Depth.depth", "depth", "Control.gain"};
-    NameList units{"cm", nullptr, "kelvin"};
-    NameList settings{"Control.gain"};
-    const double nan = std::nan("");
     for (const bool matlab : {true, false}) {
-        write(matlab, names, units, settings,
-              {log_.cycle(0), log_.data(depth, 0.41, 1.5), log_.bestData(depth, 1.5, 2), log_.data(depth, 2, nan),
-               log_.data(gain, 0, 7)});
+        write(matlab, {"Depth.depth", "depth", "Control.gain", "Depth.depth"},
+              {log_.cycle(0), log_.data(depth, 0.41, 1.5), log_.bestData(depth, 1.5, 2), log_.data(depth, 2, NAN),
+               log_.data(gain, 0, 7)},
+              {"cm", nullptr, "kelvin", nullptr}, {"Control.gain"});
         const Hdf5Reader file(path(matlab));
         EXPECT_EQ("double{1,3}: 150 200 nan, char{2,1}: cm", Shown(file, "Depth/depth"));
         EXPECT_EQ("double{1,1}: 2, char{1,1}: m", Shown(file, "depth"));
@@ -72,13 +51,12 @@ TEST_F(HDF5LogWriterTest, ArraysKeepTheirShape) {
     DataAccess* plane = log_.declareBlob("A.plane", Units::METER, BLOB_FLOAT64LE, 2, 3);
     DataAccess* cube = log_.declareBlob("A.cube", Units::METER, BLOB_UINT8, 2, 2, 2);
     DataAccess* open = log_.declareBlob("A.open", Units::METER, BLOB_FLOAT32BE);
-    NameList names{"A.row", "A.plane", "A.cube", "A.open"};
-    NameList units{"cm", nullptr, nullptr, nullptr};
-    write(false, names, units, none_,
+    write(false, {"A.row", "A.plane", "A.cube", "A.open"},
           {log_.blob<short>(row, 0, {1, 2}), log_.blob<short>(row, 1, {3}), log_.blob<short>(row, 2, {4, 5, 6}),
            log_.blob<double>(plane, 0, {0, 1, 2, 10, 11, 12}), log_.blob<double>(plane, 1, {20, 21, 22, 30, 31, 32}),
            log_.blob<unsigned char>(cube, 0, {0, 1, 10, 11, 100, 101, 110, 111}),
-           log_.blob<unsigned>(open, 0, {0x803F, 0x40}), log_.blob<unsigned>(open, 1, {})});
+           log_.blob<unsigned>(open, 0, {0x803F, 0x40}), log_.blob<unsigned>(open, 1, {})},
+          {"cm", nullptr, nullptr, nullptr});
     const Hdf5Reader file(path(false));
     EXPECT_EQ("double{2,3}: 100 300 400 200 nan 500", file.show("A/row/value"));
     EXPECT_EQ("double{3,2,2}: 0 20 10 30 1 21 11 31 2 22 12 32", file.show("A/plane/value"));
@@ -88,11 +66,10 @@ TEST_F(HDF5LogWriterTest, ArraysKeepTheirShape) {
 
 TEST_F(HDF5LogWriterTest, TextsAreCellsForMatlabAndStringsForOthers) {
     DataAccess* mode = log_.declareText("Mission.mode");
-    NameList names{"Mission.mode"};
     for (const bool matlab : {true, false}) {
-        writeAll(matlab, names,
-                 {log_.text(mode, 0, "dive"), log_.text(mode, 1, "dive"), log_.text(mode, 2, ""),
-                  log_.text(mode, 3, Str("a\0b", 3)), log_.text(mode, 4, "\xC3\xA4\xF0\x9F\x90\x9F\xFF")});
+        write(matlab, {"Mission.mode"},
+              {log_.text(mode, 0, "dive"), log_.text(mode, 1, "dive"), log_.text(mode, 2, ""),
+               log_.text(mode, 3, Str("a\0b", 3)), log_.text(mode, 4, "\xC3\xA4\xF0\x9F\x90\x9F\xFF")});
     }
     const Hdf5Reader mat(path(true));
     EXPECT_EQ(
@@ -110,9 +87,8 @@ TEST_F(HDF5LogWriterTest, VariablesWithoutASampleAreEmpty) {
     log_.declare("A.number", Units::METER);
     log_.declareText("A.text");
     log_.endDirectory();
-    NameList names{"A.number", "A.text", "A.unknown", "A.unknownToo"};
-    NameList units{nullptr, nullptr, "meter", nullptr};
-    write(true, names, units, none_, {log_.cycle(0)});
+    write(true, {"A.number", "A.text", "A.unknown", "A.unknownToo"}, {log_.cycle(0)},
+          {nullptr, nullptr, "meter", nullptr});
     const Hdf5Reader file(path(true));
     EXPECT_EQ("empty double, char{1,1}: m", Shown(file, "A/number"));
     EXPECT_EQ("empty cell", file.show("A/text/value"));
@@ -124,39 +100,33 @@ TEST_F(HDF5LogWriterTest, VariablesWithoutASampleAreEmpty) {
 // Each of the names keeps its values.
 TEST_F(HDF5LogWriterTest, NamesThatClash) {
     const std::string longName = "L." + std::string(70, 'a');
-    static const char* const PLACES[][2] = {{"a.b", "a/b"},          {"a.b.c", "a/b/c"},   {"a.b.value", "a/b/value_2"},
-                                            {"a:b", "a/b_2"},        {"a.B", "a/B"},       {"m-n.x", "m_n/x"},
-                                            {"m n.x", "m_n_2/x"},    {"m_n.x", "m_n_3/x"}, {".", "x/x"},
-                                            {"9.units", "x9/units"}, {"a.b..d", "a/b/x/d"}};
-    std::vector<DataAccess*> accesses;
-    for (const auto& place : PLACES) accesses.push_back(log_.declare(place[0]));
-    accesses.push_back(log_.declare((longName + "1").c_str()));
-    accesses.push_back(log_.declare((longName + "2").c_str()));
-    NameList names{"a.b.c",
-                   "a.b.value",
-                   "a.b",
-                   "a:b",
-                   "a.B",
-                   "m-n.x",
-                   "m n.x",
-                   "m_n.x",
-                   ".",
-                   "9.units",
-                   "a.b..d",
-                   (longName + "1").c_str(),
-                   (longName + "2").c_str()};
-    {
-        HDF5LogWriter writer(path(true).c_str(), true, names.count(), names.list(), nullptr, 0, nullptr);
-        for (size_t i = 0; i < accesses.size(); ++i) {
-            EXPECT_EQ(1u, writer.write(log_.data(accesses[i], 0, static_cast<double>(i)), nullptr));
-        }
+    const std::string cut = "L/" + std::string(63, 'a'), numbered = "L/" + std::string(61, 'a') + "_2";
+    const std::pair<std::string, std::string> places[] = {{"a.b.c", "a/b/c"},
+                                                          {"a.b.value", "a/b/value_2"},
+                                                          {"a.b", "a/b"},
+                                                          {"a:b", "a/b_2"},
+                                                          {"a.B", "a/B"},
+                                                          {"m-n.x", "m_n/x"},
+                                                          {"m n.x", "m_n_2/x"},
+                                                          {"m_n.x", "m_n_3/x"},
+                                                          {".", "x/x"},
+                                                          {"9.units", "x9/units"},
+                                                          {"a.b..d", "a/b/x/d"},
+                                                          {longName + "1", cut},
+                                                          {longName + "2", numbered}};
+    NameList names;
+    std::vector<LogEntry*> entries;
+    for (const auto& [name, place] : places) {
+        names.add(name);
+        entries.push_back(log_.data(log_.declare(name.c_str()), 0, static_cast<double>(entries.size())));
     }
+    write(true, std::move(names), entries);
     const Hdf5Reader file(path(true));
-    for (size_t i = 0; i < std::size(PLACES); ++i) {
-        EXPECT_EQ("double{1,1}: " + std::to_string(i), file.show(PLACES[i][1] + std::string("/value"))) << PLACES[i][0];
-        EXPECT_EQ(PLACES[i][0], file.att(PLACES[i][1], "name"));
+    int index = 0;
+    for (const auto& [name, place] : places) {
+        EXPECT_EQ("double{1,1}: " + std::to_string(index++), file.show(place + "/value")) << name;
+        EXPECT_EQ(name, file.att(place, "name"));
     }
-    EXPECT_EQ(std::string(61, 'a') + "_2 " + std::string(63, 'a') + " ", file.list("L"));
     EXPECT_TRUE(messages_.take().empty());
 }
 
@@ -178,8 +148,7 @@ TEST_F(HDF5LogWriterTest, ANameMayBecomeKnownLaterAndAnotherInputGoesOn) {
 
 TEST_F(HDF5LogWriterTest, TheHeaderTellsTheTimeOfTheFirstSample) {
     DataAccess* depth = log_.declare("Depth.depth");
-    NameList names{"Depth.depth"};
-    writeAll(true, names, {log_.data(depth, 61, 1)});
+    write(true, {"Depth.depth"}, {log_.data(depth, 61, 1)});
     const std::string text =
         "MATLAB 7.3 MAT-file, Platform: GLNXA64, Created on: Fri Jun  1 12:31:01 2012 HDF5 schema 1.00 .";
     const std::string bytes = dir_.read("file.mat");

@@ -69,6 +69,7 @@ TEST_F(JsonLogWriterTest, NumbersHaveTheDigitsThatTheyNeed) {
     for (const auto& c : cases) {
         EXPECT_EQ(std::string("[") + c.text_ + "]", values(document({"a.x"}, {log_.data(x, 0, c.number_)})));
     }
+    EXPECT_EQ("[3]", values(document({"a.x", "a.x"}, {log_.data(x, 0, 3)})));  // once, though listed twice
     EXPECT_EQ("[\"no number\"]", values(document({"a.x"}, {log_.text(x, 0, "no number")})));
     DataAccess* depth = log_.declare("a.depth", Units::METER);
     EXPECT_EQ("[null]", values(document({"a.depth"}, {log_.data(depth, 0, 1)}, {"degree"})));

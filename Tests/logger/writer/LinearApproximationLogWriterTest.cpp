@@ -10,14 +10,16 @@
 #include "support/MemoryStreams.h"
 #include "support/NameList.h"
 
+static const float ERRORS[] = {1, 1};
+static const float EXACT[] = {0};
+
 TEST(LinearApproximationLogWriterTest, ACycleStartFollowsWhatItForcesOut) {
     SmallLog log;
     DataAccess* a = log.declare("A.x");
     DataAccess* b = log.declare("B.y");
     NameList names({"A.x", "B.y"});
-    const float errors[] = {1, 1};
     EntryCollector out;
-    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, errors, true, false);
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, ERRORS, true, false);
     writer.write(log.cycle(0), nullptr);
     writer.write(log.data(a, 0.1, 0), nullptr);
     writer.write(log.data(b, 0.2, 5), nullptr);
@@ -40,9 +42,8 @@ TEST(LinearApproximationLogWriterTest, TextsArraysAndForcedEntriesPassUnchanged)
     DataAccess* a = log.declareText("A.text");
     DataAccess* b = log.declare("B.y");
     NameList names({"A.text", "B.y"});
-    const float errors[] = {1, 1};
     EntryCollector out;
-    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, errors, false, false);
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, ERRORS, false, false);
     for (int i = 0; i < 2; ++i) {
         writer.write(log.text(a, i, "same"), nullptr);
         writer.write(log.data(b, i, 7), nullptr);
@@ -58,9 +59,8 @@ TEST(LinearApproximationLogWriterTest, TextsArraysAndForcedEntriesPassUnchanged)
 // Codes change from input to input: nothing pending may reach the next one.
 TEST(LinearApproximationLogWriterTest, SeriesEndWithTheirInput) {
     NameList names({"B.y"});
-    const float errors[] = {1};
     EntryCollector out;
-    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, errors, false, false);
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, ERRORS, false, false);
     {
         SmallLog log;
         DataAccess* b = log.declare("B.y");
@@ -83,9 +83,8 @@ TEST(LinearApproximationLogWriterTest, TheDirectoryOfTheOutputIsItsOwn) {
     DataAccess* a = log.declare("Nav.x", Units::METER, DOUBLE6);
     DataAccess* c = log.declareServing("depth", "Ctd.depth", Units::METER, FLOAT4);
     NameList names({"Nav.x", "depth"}), units({"kilometer", nullptr});
-    const float errors[] = {1, 1};
     EntryCollector out;
-    LinearApproximationLogWriter writer(&out, names.count(), names.list(), units.list(), errors, false, true);
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), units.list(), ERRORS, false, true);
     writer.writeHeader();
     writer.write(log.data(a, 0, 0), nullptr);
     writer.write(log.bestData(c, 0, 3), nullptr);
@@ -107,10 +106,9 @@ TEST(LinearApproximationLogWriterTest, EveryEntryOfTheOutputHasTheDeclaredForm) 
     number->setNoInterpFlag(true);
     DataAccess* other = log.declareReader("B", number);
     NameList names({"A.x"});
-    const float errors[] = {0};
     MemoryOutStream bytes;
     BinaryLogWriter* out = new BinaryLogWriter(bytes, false);
-    LinearApproximationLogWriter writer(out, names.count(), names.list(), nullptr, errors, false, true);
+    LinearApproximationLogWriter writer(out, names.count(), names.list(), nullptr, EXACT, false, true);
     DataEntry unchanged(number, Units::NONE.dataValue(5, INT4), SmallLog::At(0), false, false);
     writer.write(&unchanged, nullptr);
     DataEntry notNumber(other, Units::NONE.dataValue(NAN, DOUBLE8), SmallLog::At(1), false, true);

@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-
-#include "support/JournalWriter.h"
+#include <utility>
 
 TEST(LogWriterTest, ServiceWordsGoBothWays) {
     for (int i = LogWriter::SERVICE_DIRECT; i <= LogWriter::SERVICE_BULK; ++i) {
@@ -16,21 +15,8 @@ TEST(LogWriterTest, ServiceWordsGoBothWays) {
     for (LogWriter::ServiceType type : {LogWriter::NO_SERVICE, LogWriter::SERVICE_COUNT, LogWriter::SERVICE_MULTI}) {
         EXPECT_STREQ("none.", LogWriter::ServiceType2Str(type));
     }
-    struct Case {
-        const char* text_;
-        int length_;
-    } const cases[] = {{"Bulky", 5}, {"Bul", 3}, {"bulk", 4}, {"", 0}, {"Bulk", -1}};
-    for (const Case& c : cases) EXPECT_EQ(LogWriter::NO_SERVICE, LogWriter::Str2ServiceType(c.text_, c.length_));
-}
-
-TEST(LogWriterTest, TheLastHolderDeletesIt) {
-    std::string journal;
-    JournalWriter* writer = new JournalWriter(journal);
-    writer->addParent();
-    writer->addParent();
-    LogWriter::Release(writer);
-    EXPECT_EQ("", journal);
-    LogWriter::Release(writer);
-    EXPECT_EQ("deleted ", journal);
-    LogWriter::Release(nullptr);
+    const std::pair<const char*, int> unknown[] = {{"Bulky", 5}, {"Bul", 3}, {"bulk", 4}, {"", 0}, {"Bulk", -1}};
+    for (const auto& [text, length] : unknown) {
+        EXPECT_EQ(LogWriter::NO_SERVICE, LogWriter::Str2ServiceType(text, length)) << text;
+    }
 }

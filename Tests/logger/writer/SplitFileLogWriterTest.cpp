@@ -1,26 +1,15 @@
 #include "logger/writer/SplitFileLogWriter.h"
 
-#include <gtest/gtest.h>
+#include "OutputFixture.h"
 
-#include "data/Slate.h"
-#include "support/CapturedLog.h"
-#include "support/JournalWriter.h"
-#include "support/SmallLog.h"
-#include "support/TempDir.h"
-
-class SplitFileLogWriterTest : public testing::Test {
+class SplitFileLogWriterTest : public OutputFixture {
 protected:
-    Str base() const { return dir_.path("run").c_str(); }
-    JournalWriter* inner(unsigned int bytesPerEntry = 1) { return new JournalWriter(journal_, bytesPerEntry); }
-
-    TempDir dir_;
-    SmallLog log_;
-    std::string journal_;
+    const Str base_ = dir_.path("run").c_str();
 };
 
 TEST_F(SplitFileLogWriterTest, AFileEndsWithTheEntryThatTakesItPastItsSize) {
     {
-        SplitFileLogWriter writer(base(), 8, inner(4), nullptr, 7);
+        SplitFileLogWriter writer(base_, 8, inner(4), nullptr, 7);
         EXPECT_FALSE(writer.valid());
         for (int i = 0; i < 4; ++i) EXPECT_EQ(4U, writer.write(log_.cycle(i), nullptr));
     }
@@ -30,7 +19,7 @@ TEST_F(SplitFileLogWriterTest, AFileEndsWithTheEntryThatTakesItPastItsSize) {
 
 TEST_F(SplitFileLogWriterTest, AFileSpansTheTimeFromItsFirstEntryInclusive) {
     {
-        SplitFileLogWriter writer(base(), Timespan(60, 0), inner(), nullptr, 1);
+        SplitFileLogWriter writer(base_, Timespan(60, 0), inner(), nullptr, 1);
         for (double t : {10.0, 70.0, 70.5, 130.0, 130.5, 131.0}) writer.write(log_.cycle(t), nullptr);
     }
     EXPECT_EQ("<..>", dir_.read("run0001"));
@@ -39,7 +28,7 @@ TEST_F(SplitFileLogWriterTest, AFileSpansTheTimeFromItsFirstEntryInclusive) {
 }
 
 TEST_F(SplitFileLogWriterTest, SplitsWhenAsked) {
-    SplitFileLogWriter writer(base(), inner(), nullptr, 1);
+    SplitFileLogWriter writer(base_, inner(), nullptr, 1);
     writer.split(true, 5);
     writer.write(log_.cycle(0), nullptr);
     writer.split(false, -1);
@@ -58,17 +47,14 @@ public:
 
 TEST_F(SplitFileLogWriterTest, FilesAreEncodedQuietly) {
     testing::internal::CaptureStdout();
-    { SplitFileLogWriter(base(), inner(), new FailingEncoder, 1).write(log_.cycle(0), nullptr); }
+    { SplitFileLogWriter(base_, inner(), new FailingEncoder, 1).write(log_.cycle(0), nullptr); }
     EXPECT_EQ("", testing::internal::GetCapturedStdout());
 }
 
 // No number helps in a folder that does not exist as one; the search for a name ends all the same.
 TEST_F(SplitFileLogWriterTest, AFolderThatCannotBeSearchedEndsTheSearch) {
-    CapturedLog messages;
-    Slate::SetLogger(&static_cast<const Logger&>(messages));
     dir_.write("file", "");
     SplitFileLogWriter writer(dir_.path("file/run").c_str(), inner(), nullptr, 1);
     EXPECT_EQ(0U, writer.write(log_.cycle(0), nullptr));
-    EXPECT_EQ(1U, messages.take().size());
-    Slate::SetLogger(nullptr);
+    EXPECT_EQ(1U, messages_.take().size());
 }

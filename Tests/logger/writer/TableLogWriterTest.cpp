@@ -92,18 +92,21 @@ TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
     EXPECT_EQ((Rows{"0|0|p|r", "1|1|-|r", "2|2|q|s"}), table.rows_);
 }
 
-// A message rides in the row of its time, the last of several; pending rows are not lost when the input changes.
+// A message rides in the row of its time, the last of several; pending rows are not lost when the input changes, and
+// the next one may give its names other codes.
 TEST(TableLogWriterTest, MessagesAndTheNextInput) {
     SmallLog log;
-    DataAccess* a = log.declare("A.x");
     NameList names({"A.x", "A.absent"});
     RecordingTable table(names, true);
-    table.write(log.data(a, 0, 1), nullptr);
+    table.write(log.data(log.declare("A.x"), 0, 1), nullptr);
     for (const char* message : {"first", "second"}) table.write(log.syslog(0, message), nullptr);
     table.write(log.syslog(1, "alone"), nullptr);
     table.resetInputs();
     EXPECT_EQ((Rows{"0|1|.second", "1|.|.alone"}), table.rows_);
-    table.write(log.data(a, 5, 6), nullptr);  // nothing to interpolate from
+    SmallLog next;
+    DataAccess* other = next.declare("B.y");
+    table.write(next.data(next.declare("A.x"), 5, 6), nullptr);  // nothing to interpolate from
+    table.write(next.data(other, 5, 7), nullptr);
     table.writeFooter();
     EXPECT_EQ("5|6|.", table.rows_.back());
 }

@@ -88,15 +88,18 @@ TEST(VarDataTest, KeepsWhatTheLinesNeed) {
     for (const auto& c : cases) EXPECT_EQ(c.kept_, Text(Thin(c.points_, c.bound_).kept_)) << c.what_;
 }
 
-TEST(VarDataTest, WorksInTheBaseUnitAndKeepsTheEntrysType) {
+// The point is marked as best once a sample was.
+TEST(VarDataTest, WorksInTheBaseUnitAndKeepsTheEntrysTypeAndMark) {
     SmallLog log;
     DataAccess* access = log.declare("Depth.depth", Units::CENTIMETER, FLOAT4);
     VarData series(*log.data(access, 0, 0), 1);
     EXPECT_FALSE(series.checkNextEntry(log.data(access, 1, 0)));
-    EXPECT_FALSE(series.checkNextEntry(log.data(access, 2, 100)));  // 1 m
+    EXPECT_FALSE(series.getDataEntry()->isBest());
+    EXPECT_FALSE(series.checkNextEntry(log.bestData(access, 2, 100)));  // 1 m
     EXPECT_TRUE(series.checkNextEntry(log.data(access, 3, 500)));
     series.advance();
     EXPECT_STREQ("100.000000 cm", series.getDataEntry()->getDataValueString(nullptr, false).cStr());
+    EXPECT_TRUE(series.getDataEntry()->isBest());
     EXPECT_EQ(FLOAT4, series.getDataEntry()->getDataValue()->getBinaryType());
 }
 

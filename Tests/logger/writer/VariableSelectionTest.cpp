@@ -10,6 +10,7 @@ protected:
     SmallLog log_;
 };
 
+// Until it is reset.
 TEST_F(VariableSelectionTest, FindsCodesAndUnits) {
     log_.declare("Depth.rate");
     DataAccess* depth = log_.declareServing("depth", "Depth.depth", Units::METER);
@@ -25,6 +26,9 @@ TEST_F(VariableSelectionTest, FindsCodesAndUnits) {
     EXPECT_EQ(&Units::CENTIMETER, selection.shownUnit(0));
     EXPECT_EQ(&Units::METER, selection.shownUnit(1));
     EXPECT_EQ(&Units::NONE, selection.shownUnit(2));
+    selection.reset();
+    EXPECT_EQ(-1, selection.indexOf(depth->getElementCode()));
+    EXPECT_FALSE(selection.isFound(0) || selection.isUniversal(1) || selection.isResolved());
 }
 
 TEST_F(VariableSelectionTest, ANameListedTwiceMapsToItsLastIndex) {
