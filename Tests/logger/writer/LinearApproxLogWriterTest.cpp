@@ -9,12 +9,10 @@
 
 namespace {
 
-DataValue* Meters(double value) {
-    return Units::METER.dataValue(value, DOUBLE8);
-}
-
 class LinearApproxLogWriterTest : public ::testing::Test {
 protected:
+    Lines complaints() { return captured_.take(); }
+
     CapturedLog captured_;
     Logger logger_{"test", &captured_};
     EntryCollector out_;
@@ -34,24 +32,22 @@ TEST_F(LinearApproxLogWriterTest, ThinsWithinTheBoundAndFlushesWhatIsPending) {
     EXPECT_EQ(0u, writer.flush());
     writer.write(log_.data(depth_, 5, NAN), nullptr);
     EXPECT_EQ("4=5 5=nan", out_.take());
-    EXPECT_TRUE(captured_.take().empty());
+    EXPECT_EQ(Lines(), complaints());
 }
 
 TEST_F(LinearApproxLogWriterTest, WithoutABoundNothingPasses) {
     LinearApproxLogWriter writer(out_, "Depth.depth", nullptr, false, logger_);
-    EXPECT_EQ(std::vector<std::string>{"FAULT Initializing LinearApproxWriter with NULL parameter value"},
-              captured_.take());
+    EXPECT_EQ(Lines{"FAULT Initializing LinearApproxWriter with NULL parameter value"}, complaints());
     EXPECT_EQ(0u, writer.write(log_.data(depth_, 0, 1), nullptr));
     writer.setParameter(nullptr, logger_);
-    EXPECT_EQ(std::vector<std::string>{"FAULT Configuring LinearApproxWriter with NULL parameter value"},
-              captured_.take());
-    writer.setParameter(Meters(1), logger_);
+    EXPECT_EQ(Lines{"FAULT Configuring LinearApproxWriter with NULL parameter value"}, complaints());
+    writer.setParameter(Units::METER.dataValue(1.0, DOUBLE8), logger_);
     writer.write(log_.data(depth_, 1, 2), nullptr);
     EXPECT_EQ("1=2", out_.take());
 }
 
 TEST_F(LinearApproxLogWriterTest, TheCyclesStartPrecedesItsFirstEntry) {
-    LinearApproxLogWriter writer(out_, "Depth.depth", Meters(0), true, logger_);
+    LinearApproxLogWriter writer(out_, "Depth.depth", Units::METER.dataValue(0.0, DOUBLE8), true, logger_);
     for (int i = 0; i < 3; ++i) {
         writer.write(log_.cycle(i), nullptr);
         writer.write(log_.data(depth_, i + 0.5, i), nullptr);
