@@ -1,27 +1,17 @@
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "DiveLog.h"
-#include "Program.h"
+#include "RunFixture.h"
 
 // Logs that are torn or overwritten in places: the run ends as always, and what is whole is read.
 
 namespace {
 
-class DamageTest : public ::testing::Test {
+class DamageTest : public RunFixture {
 protected:
     // The lines of text that a log gives.
     size_t linesOf(const std::string& log) {
-        program_.files().write("dive", log);
-        const Outcome outcome = program_.run({"-qOab", "dive"});
-        EXPECT_EQ(0, outcome.status_);
-        EXPECT_EQ("", outcome.err_);
-        return CountOf(program_.files().read("dive.asc"), "\n");
+        write("dive", log);
+        run({"-ab", "dive"});
+        return CountOf(read("dive.asc"), "\n");
     }
-
-    Program program_;
 };
 
 }  // namespace

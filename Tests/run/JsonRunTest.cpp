@@ -1,48 +1,33 @@
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <string>
-#include <vector>
 
-#include "DiveLog.h"
-#include "Program.h"
-#include "support/Command.h"
+#include "RunFixture.h"
 
 // The JSON of whole logs, as other programs read it.
 
 namespace {
 
-class JsonRunTest : public ::testing::Test {
+class JsonRunTest : public RunFixture {
 protected:
-    std::string run(const std::vector<std::string>& arguments) {
-        const Outcome outcome = program_.run(arguments);
-        EXPECT_EQ(0, outcome.status_);
-        EXPECT_EQ("", outcome.err_);
-        return outcome.out_;
-    }
-    std::string path(const std::string& name) const { return program_.files().path(name); }
     std::string jq(const std::string& filter, const std::string& file) const {
         return OutputOf("jq -c '" + filter + "' " + path(file) + " 2>&1");
     }
-
-    Program program_;
 };
 
 }  // namespace
 
 TEST_F(JsonRunTest, EverySampleOfADiveIsInTheDocument) {
-    EXPECT_NE("", OutputOf(std::string(SLATESYNTH_PROGRAM) + " --minutes 1 " + path("dive")));
-    EXPECT_EQ("", run({"-qO", "-j", "dive"}));
-    EXPECT_EQ("", run({"-qO", "-J", "-o", "lines.js", "dive"}));
+    synthesize("--minutes 1");
+    runInSilence({"-j", "dive"});
+    runInSilence({"-J", "-o", "lines.js", "dive"});
     for (const char* file : {"dive.js", "lines.js"}) {
         EXPECT_EQ("", OutputOf("python3 -m json.tool " + path(file) + " 2>&1 >/dev/null")) << file;
     }
     EXPECT_EQ(jq(".", "dive.js"), jq(".", "lines.js"));
-    EXPECT_EQ(1u, CountOf(program_.files().read("dive.js"), "\n"));
-    EXPECT_LT(1000u, CountOf(program_.files().read("lines.js"), "\n"));
+    EXPECT_EQ(1u, CountOf(read("dive.js"), "\n"));
+    EXPECT_LT(1000u, CountOf(read("lines.js"), "\n"));
 
-    run({"-qO", "-a", "dive"});
-    const std::string text = program_.files().read("dive.asc");
+    run({"-a", "dive"});
+    const std::string text = read("dive.asc");
     const std::string ofDepth = jq(".DepthSensor.depth.time | length", "dive.js");
     EXPECT_LT(100, atoi(ofDepth.c_str()));
     EXPECT_EQ(CountOf(text, ">DepthSensor.depth="), strtoul(ofDepth.c_str(), nullptr, 10));
@@ -51,21 +36,21 @@ TEST_F(JsonRunTest, EverySampleOfADiveIsInTheDocument) {
 }
 
 TEST_F(JsonRunTest, NamesUnitsAndErrorsLimitTheDocument) {
-    program_.files().write("dive", DiveLog::Of(20));
-    run({"-qO", "-j", "dive", "Depth.depth", "(centimeter)"});
+    write("dive", DiveLog::Of(20));
+    run({"-j", "dive", "Depth.depth", "(centimeter)"});
     EXPECT_EQ("[0,50,100]\n", jq(".Depth.depth.value[:3]", "dive.js"));
     EXPECT_EQ("[1338553800250,1338553801250]\n", jq(".Depth.depth.time[:2]", "dive.js"));
     EXPECT_EQ("[\"Depth\"]\n", jq("keys", "dive.js"));
-    run({"-qO", "-j", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
+    run({"-j", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
     EXPECT_EQ("[0,9.5]\n", jq(".Depth.depth.value", "dive.js")) << "a straight line is its ends";
     EXPECT_EQ("[1.5,1.5]\n", jq(".Nav.speed.value", "dive.js"));
 }
 
 TEST_F(JsonRunTest, WithoutAnyOfTheNamesThereIsNoDocument) {
-    program_.files().write("dive", DiveLog::Of(3));
+    write("dive", DiveLog::Of(3));
     EXPECT_EQ(
         "No Json file written\nCould not find variable \"Nav.course\"\n"
         "Never ran writer for variable \"Nav.course\"\n",
-        run({"-qO", "-j", "dive", "Nav.course"}));
-    EXPECT_EQ("", program_.files().read("dive.js"));
+        run({"-j", "dive", "Nav.course"}));
+    EXPECT_EQ("", read("dive.js"));
 }

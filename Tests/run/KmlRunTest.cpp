@@ -1,12 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <cmath>
-#include <string>
-#include <vector>
 
-#include "DiveLog.h"
-#include "Program.h"
-#include "support/Command.h"
+#include "RunFixture.h"
 
 // The tracks of small logs, whole and as other programs read them.
 
@@ -43,19 +37,15 @@ private:
     DataAccess* depth_;
 };
 
-class KmlRunTest : public ::testing::Test {
+class KmlRunTest : public RunFixture {
 protected:
-    std::string path(const std::string& name) const { return program_.files().path(name); }
     // The document that the options make of the log.
     std::string kml(const TrackLog& log, std::vector<std::string> arguments) {
-        program_.files().write("dive", log.bytes());
-        arguments.insert(arguments.begin(), "-qO");
+        write("dive", log.bytes());
         arguments.push_back("dive");
-        const Outcome outcome = program_.run(arguments);
-        EXPECT_EQ(0, outcome.status_);
-        EXPECT_EQ("", outcome.out_ + outcome.err_) << ::testing::PrintToString(arguments);
+        runInSilence(arguments);
         EXPECT_EQ("", OutputOf("xmllint --noout " + path("dive.kml") + " 2>&1"));
-        return program_.files().read("dive.kml");
+        return read("dive.kml");
     }
     // What follows the styles.
     std::string body(const TrackLog& log, const std::vector<std::string>& arguments) {
@@ -70,8 +60,6 @@ protected:
         const size_t begin = features.find('(', line) + 1;
         return features.substr(begin, features.find(')', begin) - begin);
     }
-
-    Program program_;
 };
 
 #define SKIP_WITHOUT(tool) \

@@ -1,60 +1,32 @@
-#include <gtest/gtest.h>
-#include <sys/resource.h>
-
 #include <cstdlib>
-#include <string>
 
-#include "DiveLog.h"
-#include "Program.h"
-#include "support/Command.h"
+#include "RunFixture.h"
+#include "support/FileSizeLimit.h"
 
 // The .mat and .h5 files of whole logs, as other programs read them.
 
 namespace {
 
-class MatlabRunTest : public ::testing::Test {
+class MatlabRunTest : public RunFixture {
 protected:
-    std::string path(const std::string& name) const { return program_.files().path(name); }
-    std::string read(const std::string& name) const { return program_.files().read(name); }
-    // Runs quietly, with names that stay; gives back what was said.
-    std::string run(std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), "-qO");
-        const Outcome outcome = program_.run(arguments);
-        EXPECT_EQ(0, outcome.status_) << ::testing::PrintToString(arguments);
-        EXPECT_EQ("", outcome.err_);
-        const size_t at = outcome.out_.find("(ERROR)");
-        return at == std::string::npos ? outcome.out_ : outcome.out_.substr(at);
-    }
-    void synthesize(const char* minutes) {
-        EXPECT_NE("", OutputOf(std::string(SLATESYNTH_PROGRAM " --minutes ") + minutes + " " + path("dive")));
-    }
-    std::string runLimited(rlim_t fileSize, const std::vector<std::string>& arguments) {
-        rlimit before;
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit small{fileSize, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-        const std::string said = run(arguments);
-        setrlimit(RLIMIT_FSIZE, &before);
-        return said;
-    }
-
-    Program program_;
+    // How another library reads dive.mat.
+    std::string shown() const { return OutputOf(MATCHECK_PROGRAM " " + path("dive.mat")); }
 };
 
 }  // namespace
 
 TEST_F(MatlabRunTest, EveryValueOfADiveIsInBothFiles) {
-    synthesize("4");
+    synthesize("--minutes 4");
     run({"-a", "dive"});
-    EXPECT_EQ("", run({"-m", "-H", "dive"}));
+    runInSilence({"-m", "-H", "dive"});
     const std::string differences = OutputOf(SCIENCE_PYTHON " " CHECK_MATLAB " " + path("dive.asc") + " " +
                                              path("dive.mat") + " " + path("dive.h5") + " 2>&1");
     EXPECT_LT(100000, atoi(differences.c_str())) << differences;
 }
 
 TEST_F(MatlabRunTest, AnotherLibraryReadsStructs) {
-    program_.files().write("dive", DiveLog::Of(3));
-    EXPECT_EQ("", run({"-m", "dive", "Depth.depth", "(foot)", "Nav.speed"}));
+    write("dive", DiveLog::Of(3));
+    runInSilence({"-m", "dive", "Depth.depth", "(foot)", "Nav.speed"});
     EXPECT_EQ(
         "MATLAB 7.3 MAT-file, Platform: GLNXA64, Created on: Fri Jun  1 12:30:00 2012 HDF5 schema 1.00 .              "
         "       \n"
@@ -64,7 +36,7 @@ TEST_F(MatlabRunTest, AnotherLibraryReadsStructs) {
         "Nav.speed.value double 3x1: 1.5 1.5 1.5\n"
         "Nav.speed.units char 1x3:m/s\n"
         "Nav.speed.time double 3x1: 735021.5208 735021.5209 735021.5209\n",
-        OutputOf(MATCHECK_PROGRAM " " + path("dive.mat")));
+        shown());
 }
 
 TEST_F(MatlabRunTest, AnotherLibraryReadsArraysAndCells) {
@@ -78,19 +50,18 @@ TEST_F(MatlabRunTest, AnotherLibraryReadsArraysAndCells) {
     dive.add(dive.log_.blob<unsigned char>(plane, 1, {20, 21, 22, 30, 31, 32}));
     dive.add(dive.log_.text(mode, 1, "dive"));
     dive.add(dive.log_.text(mode, 2, "\xC3\xA4"));
-    program_.files().write("dive", dive.bytes());
+    write("dive", dive.bytes());
     run({"-m", "dive"});
-    const std::string shown = OutputOf(MATCHECK_PROGRAM " " + path("dive.mat"));
     for (const char* line :
          {"A.plane.value double 2x2x3: 0 20 10 30 1 21 11 31 2 22 12 32\n", "A.mode.value cell 2x1:\n",
           "A.mode.value{1} char 1x4:dive\n", "A.mode.value{2} char 1x1:\\xe4\n", "A.silent.value double 0x0:\n",
           "A.silent.time double 0x0:\n"}) {
-        EXPECT_NE(std::string::npos, shown.find(line)) << line << shown;
+        EXPECT_NE(std::string::npos, shown().find(line)) << line << shown();
     }
 }
 
 TEST_F(MatlabRunTest, H5dumpShowsThePlainFile) {
-    program_.files().write("dive", DiveLog::Of(3));
+    write("dive", DiveLog::Of(3));
     run({"-H", "dive"});
     const std::string shown = OutputOf("h5dump -y -d /Depth/depth/value " + path("dive.h5") + " | tr -s ' \\n' ' '");
     for (const char* part :
@@ -102,7 +73,7 @@ TEST_F(MatlabRunTest, H5dumpShowsThePlainFile) {
 }
 
 TEST_F(MatlabRunTest, TheSameLogGivesTheSameBytesAlsoBesideNetCdf) {
-    synthesize("2");
+    synthesize("--minutes 2");
     run({"-m", "-H", "dive"});
     const std::string mat = read("dive.mat");
     const std::string h5 = read("dive.h5");
@@ -113,14 +84,13 @@ TEST_F(MatlabRunTest, TheSameLogGivesTheSameBytesAlsoBesideNetCdf) {
 }
 
 TEST_F(MatlabRunTest, ThinnedSeries) {
-    program_.files().write("dive", DiveLog::Of(100));
+    write("dive", DiveLog::Of(100));
     run({"-m", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
-    const std::string shown = OutputOf(MATCHECK_PROGRAM " " + path("dive.mat"));
-    EXPECT_NE(std::string::npos, shown.find("Depth.depth.value double 2x1: 0 49.5\n")) << shown;
+    EXPECT_NE(std::string::npos, shown().find("Depth.depth.value double 2x1: 0 49.5\n")) << shown();
 }
 
 TEST_F(MatlabRunTest, TheExamplesPlot) {
-    synthesize("2");
+    synthesize("--minutes 2");
     run({"-m", "-H", "dive"});
     EXPECT_EQ("", OutputOf(SCIENCE_PYTHON " " EXAMPLES "/plot_dive_h5.py " + path("dive.h5") + " " + path("h5.png") +
                            " 2>&1"));
@@ -133,23 +103,25 @@ TEST_F(MatlabRunTest, TheExamplesPlot) {
 // Everything that can go wrong.
 
 TEST_F(MatlabRunTest, FilesThatCannotBeCreated) {
-    program_.files().write("dive", DiveLog::Of(2));
+    write("dive", DiveLog::Of(2));
+    const std::pair<std::string, std::string> places[] = {
+        {"no/file", "No such file or directory"}, {".", "Is a directory"}, {"/dev/full", "No space left on device"}};
     for (const char* option : {"-m", "-H"}) {
-        EXPECT_EQ("(ERROR): Failed to open no/file: No such file or directory\n",
-                  run({option, "-o", "no/file", "dive"}));
-        EXPECT_EQ("(ERROR): Failed to open .: Is a directory\n", run({option, "-o", ".", "dive"}));
-        EXPECT_EQ("(ERROR): Failed to open /dev/full: No space left on device\n",
-                  run({option, "-o", "/dev/full", "dive"}));
+        for (const auto& [place, reason] : places) {
+            EXPECT_EQ("(ERROR): Failed to open " + place + ": " + reason + "\n",
+                      MessagesIn(run({option, "-o", place, "dive"})));
+        }
     }
 }
 
 // In the midst and at the end; the program ends as always.
 TEST_F(MatlabRunTest, AFullDisk) {
-    program_.files().write("dive", DiveLog::Of(20000));
+    write("dive", DiveLog::Of(20000));
     for (const char* option : {"-m", "-H"}) {
         const std::string name = option[1] == 'm' ? "dive.mat" : "dive.h5";
         for (const rlim_t size : {4000, 30000}) {
-            EXPECT_EQ("(ERROR): Failed to write " + name + ": File too large\n", runLimited(size, {option, "dive"}));
+            const FileSizeLimit limit(size);
+            EXPECT_EQ("(ERROR): Failed to write " + name + ": File too large\n", MessagesIn(run({option, "dive"})));
         }
     }
 }

@@ -1,26 +1,16 @@
-#include <gtest/gtest.h>
-
 #include <filesystem>
-#include <string>
-#include <vector>
 
-#include "DiveLog.h"
-#include "Program.h"
+#include "RunFixture.h"
 
 // How whole runs name what they make. Every log here lasts from 12:30 to 12:31.
 
 namespace {
 
-const int SECONDS = 65;
-
-class NamingTest : public ::testing::Test {
+class NamingTest : public RunFixture {
 protected:
     NamingTest() {
-        program_.files().write("slate", DiveLog::Of(SECONDS));
-        program_.files().write("dive", DiveLog::Of(SECONDS));
+        for (const char* log : {"slate", "dive"}) write(log, DiveLog::Of(65));
     }
-
-    Program program_;
 };
 
 }  // namespace
@@ -45,16 +35,15 @@ TEST_F(NamingTest, DatesAndLinks) {
     for (const auto& c : cases) {
         EXPECT_EQ(0, program_.run(c.arguments_).status_);
         EXPECT_EQ(c.files_, program_.list()) << ::testing::PrintToString(c.arguments_);
-        for (const auto& entry : std::filesystem::directory_iterator(program_.files().path(""))) {
-            const std::string name = entry.path().filename().string();
-            if (name != "dive" && name != "slate") std::filesystem::remove(entry.path());
+        for (const auto& entry : std::filesystem::directory_iterator(path(""))) {
+            if (entry.path().filename() != "dive" && entry.path().filename() != "slate") remove(entry.path());
         }
     }
 }
 
 TEST_F(NamingTest, EarlierResultsGoOnlyWhereTheDirectoryIsNamed) {
     const TempDir& files = program_.files();
-    files.write("dive_201206011230_201206011230.asc", "earlier");
+    write("dive_201206011230_201206011230.asc", "earlier");
     program_.run({"-qa", "dive"});
     EXPECT_TRUE(files.has("dive_201206011230_201206011230.asc"));
     program_.run({"-qa", "./dive"});
@@ -70,8 +59,8 @@ TEST_F(NamingTest, WhatWasSavedIsTold) {
 }
 
 TEST_F(NamingTest, OutputsThatShareOneName) {
-    const std::string out = program_.run({"-qOalo", "out", "dive"}).out_;
+    const std::string out = run({"-alo", "out", "dive"});
     EXPECT_EQ(1u, CountOf(out, "(ERROR): Several outputs are written to out\n"));
-    EXPECT_EQ(1u, CountOf(program_.files().read("out"), "VERSION"));  // the text is created after the syslog
-    EXPECT_EQ("", program_.run({"-qOao", "out", "dive"}).out_);
+    EXPECT_EQ(1u, CountOf(read("out"), "VERSION"));  // the text is created after the syslog
+    runInSilence({"-ao", "out", "dive"});
 }

@@ -1,11 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <cmath>
-#include <string>
 
-#include "DiveLog.h"
-#include "Program.h"
-#include "support/Command.h"
+#include "RunFixture.h"
+#include "support/FileSizeLimit.h"
 #include "support/NetCdfFile.h"
 
 // The array files of whole logs, as other programs read them.
@@ -16,44 +12,22 @@ std::string Python(const std::string& arguments) {
     return OutputOf(SCIENCE_PYTHON " " + arguments + " 2>&1");
 }
 
-class NetCdfRunTest : public ::testing::Test {
-protected:
-    std::string path(const std::string& name) const { return program_.files().path(name); }
-    std::string run(const std::vector<std::string>& arguments) {
-        const Outcome outcome = program_.run(arguments);
-        EXPECT_EQ(0, outcome.status_) << ::testing::PrintToString(arguments);
-        return outcome.out_;
-    }
-    void synthesize(const char* options) {
-        EXPECT_NE("", OutputOf(std::string(SLATESYNTH_PROGRAM) + " " + options + " " + path("dive")));
-    }
-
-    Program program_;
-};
-
-// The messages of a run's own, without times.
-std::string ErrorsIn(const std::string& output) {
-    std::string errors;
-    for (size_t at = output.find("(ERROR): "); at != std::string::npos; at = output.find("(ERROR): ", at + 1)) {
-        errors += output.substr(at, output.find('\n', at) + 1 - at);
-    }
-    return errors;
-}
+typedef RunFixture NetCdfRunTest;
 
 }  // namespace
 
 TEST_F(NetCdfRunTest, EveryValueOfADiveIsInBothFiles) {
     synthesize("--minutes 4");
-    EXPECT_EQ("", run({"-qO", "-a", "dive"}));
-    EXPECT_EQ("", run({"-qO", "-n", "-N", "dive"}));
+    runInSilence({"-a", "dive"});
+    runInSilence({"-n", "-N", "dive"});
     const std::string differences =
         Python(CHECK_NETCDF " " + path("dive.asc") + " " + path("dive.nc") + " " + path("dive.nc4"));
     EXPECT_LT(100000, atoi(differences.c_str())) << differences;
 }
 
 TEST_F(NetCdfRunTest, XarrayDecodesTheTimes) {
-    program_.files().write("dive", DiveLog::Of(3));
-    run({"-qO", "-n", "-N", "dive"});
+    write("dive", DiveLog::Of(3));
+    run({"-n", "-N", "dive"});
     EXPECT_EQ("2012-06-01T12:30:01.000000000 0.5\n",
               Python("-c 'import xarray; d = xarray.open_dataset(\"" + path("dive.nc") +
                      "\"); print(d.Time.values[1], d[\"Depth.depth\"].values[1])'"));
@@ -76,8 +50,8 @@ TEST_F(NetCdfRunTest, OctaveReadsBoth) {
 
 // Names, units, errors: what is thinned has rows of its own.
 TEST_F(NetCdfRunTest, ThinnedSeries) {
-    program_.files().write("dive", DiveLog::Of(100));
-    run({"-qO", "-n", "-N", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
+    write("dive", DiveLog::Of(100));
+    run({"-n", "-N", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
     const NetCdfFile table(path("dive.nc"));
     const NetCdfFile series(path("dive.nc4"));
     EXPECT_GT(20u, series.numbers("Depth/Depth.depth").size());
@@ -89,14 +63,14 @@ TEST_F(NetCdfRunTest, ThinnedSeries) {
 
 TEST_F(NetCdfRunTest, TheExamplePlots) {
     synthesize("--minutes 2");
-    run({"-qO", "-N", "dive"});
+    run({"-N", "dive"});
     EXPECT_EQ("", Python(EXAMPLE_PLOT " " + path("dive.nc4") + " " + path("dive.png")));
-    EXPECT_EQ("\x89PNG", program_.files().read("dive.png").substr(0, 4));
+    EXPECT_EQ("\x89PNG", read("dive.png").substr(0, 4));
 }
 
 TEST_F(NetCdfRunTest, NcdumpShowsTheTable) {
-    program_.files().write("dive", DiveLog::Of(2));
-    run({"-qO", "-n", "dive", "Depth.depth", "(foot)"});
+    write("dive", DiveLog::Of(2));
+    run({"-n", "dive", "Depth.depth", "(foot)"});
     EXPECT_EQ(
         R"(netcdf dive {
 dimensions:
@@ -130,24 +104,24 @@ data:
 // Everything that can go wrong.
 
 TEST_F(NetCdfRunTest, FilesThatCannotBeCreated) {
-    program_.files().write("dive", DiveLog::Of(2));
+    write("dive", DiveLog::Of(2));
     for (const char* option : {"-n", "-N"}) {
-        const std::string output = run({"-qO", option, "-o", "no/file", "dive"});
+        const std::string output = run({option, "-o", "no/file", "dive"});
         EXPECT_EQ(0u, output.find("NetCdf error: "));
-        EXPECT_EQ("(ERROR): Failed to open no/file: No such file or directory\n", ErrorsIn(output));
+        EXPECT_EQ("(ERROR): Failed to open no/file: No such file or directory\n", MessagesIn(output));
     }
 }
 
 // Also when no more than the end of the file does not fit any more.
 TEST_F(NetCdfRunTest, ADiskThatFillsUp) {
-    program_.files().write("dive", DiveLog::Of(30000));
+    write("dive", DiveLog::Of(30000));
     for (const char* option : {"-n", "-N"}) {
         const std::string name = option == std::string("-n") ? "dive.nc" : "dive.nc4";
-        run({"-qO", option, "dive"});
-        const size_t whole = program_.files().read(name).size();
+        run({option, "dive"});
+        const size_t whole = read(name).size();
         for (const size_t room : {size_t(1000), whole / 2, whole - 1}) {
             const FileSizeLimit limit(room);
-            const std::string errors = ErrorsIn(run({"-qO", option, "dive"}));
+            const std::string errors = MessagesIn(run({option, "dive"}));
             EXPECT_EQ(1u, CountOf(errors, "\n")) << name << " " << room;
             EXPECT_EQ(1u, CountOf(errors, name + ": File too large\n")) << name << " " << room << errors;
         }
@@ -157,16 +131,16 @@ TEST_F(NetCdfRunTest, ADiskThatFillsUp) {
 TEST_F(NetCdfRunTest, NothingToWrite) {
     DiveLog empty;
     empty.begin();
-    program_.files().write("empty", empty.bytes());
-    program_.files().write("dive", DiveLog::Of(2));
+    write("empty", empty.bytes());
+    write("dive", DiveLog::Of(2));
     for (const char* option : {"-n", "-N"}) {
         EXPECT_EQ(
             "No netCDF file written\nCould not find variable \"Depth.depth\"\n"
             "Could not find variable \"Nav.speed\"\n",
-            run({"-qO", option, "empty"}));
+            run({option, "empty"}));
     }
-    EXPECT_EQ("", run({"-qO", "-n", "dive", "No.such"}));
+    runInSilence({"-n", "dive", "No.such"});
     EXPECT_TRUE(std::isnan(NetCdfFile(path("dive.nc")).numbers("No.such").at(1)));
-    EXPECT_EQ("Not found: 16383 ?\n", run({"-qO", "-N", "dive", "No.such"}));
+    EXPECT_EQ("Not found: 16383 ?\n", run({"-N", "dive", "No.such"}));
     EXPECT_TRUE(NetCdfFile(path("dive.nc4")).isOpen());
 }

@@ -1,13 +1,8 @@
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
-#include <string>
-#include <vector>
 
-#include "DiveLog.h"
-#include "Program.h"
+#include "RunFixture.h"
 #include "data/Slate.h"
 #include "io/LzmaEncoder.h"
 #include "logger/engine/LogEngine.h"
@@ -19,34 +14,20 @@
 #include "logger/writer/SplitFileLogWriter.h"
 #include "logger/writer/TextLogWriter.h"
 #include "support/CapturedLog.h"
-#include "support/Command.h"
-#include "support/MemoryStreams.h"
 
 // Logs that are written again and read back.
 
 namespace {
 
-class RoundTripTest : public ::testing::Test {
+class RoundTripTest : public RunFixture {
 protected:
-    void synthesize(const std::string& options) {
-        EXPECT_NE("", OutputOf(std::string(SLATESYNTH_PROGRAM) + " " + options + " " + path("dive")));
-    }
-    void runInSilence(std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), "-qO");
-        const Outcome outcome = program_.run(arguments);
-        EXPECT_EQ(0, outcome.status_);
-        EXPECT_EQ("", outcome.out_ + outcome.err_) << ::testing::PrintToString(arguments);
-    }
     // The text of a log, limited to the names.
     std::string textOf(const std::string& log, const std::vector<std::string>& names = {}, const char* options = "-a") {
         std::vector<std::string> arguments = {options, log};
         arguments.insert(arguments.end(), names.begin(), names.end());
         runInSilence(arguments);
-        return program_.files().read(log + ".asc");
+        return read(log + ".asc");
     }
-    std::string path(const std::string& name) const { return program_.files().path(name); }
-
-    Program program_;
 };
 
 bool IsOfDirectory(const std::string& line) {
@@ -160,8 +141,8 @@ protected:
         for (parts_ = 1; program_.files().has(partName() + ".lzma"); ++parts_) {
             const std::string bytes = OutputOf("xz --format=lzma -dc " + path(partName() + ".lzma"));
             EXPECT_FALSE(program_.files().has(partName()));
-            EXPECT_TRUE(program_.files().read(partName() + ".bak") == bytes) << partName();
-            program_.files().write("part", bytes);
+            EXPECT_TRUE(read(partName() + ".bak") == bytes) << partName();
+            write("part", bytes);
             copy("part", new TextLogWriter(text, false));
         }
         copy(partName(), new TextLogWriter(text, false));

@@ -1,30 +1,13 @@
-#include <gtest/gtest.h>
-
 #include <filesystem>
-#include <string>
-#include <vector>
 
-#include "DiveLog.h"
-#include "Program.h"
+#include "RunFixture.h"
 #include "support/WorkedLog.h"
 
 // What a run makes of its inputs.
 
 namespace {
 
-class RunTest : public ::testing::Test {
-protected:
-    // Runs quietly, with names that stay, and expects nothing to be said.
-    void runInSilence(std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), "-qO");
-        const Outcome outcome = program_.run(arguments);
-        EXPECT_EQ(0, outcome.status_);
-        EXPECT_EQ("", outcome.out_ + outcome.err_) << ::testing::PrintToString(arguments);
-    }
-    std::string read(const char* name) const { return program_.files().read(name); }
-
-    Program program_;
-};
+typedef RunFixture RunTest;
 
 std::string WorkedLines() {
     std::string lines;
@@ -40,7 +23,7 @@ std::string WorkedBytes() {
 }  // namespace
 
 TEST_F(RunTest, WithoutOptionsEveryEntryBecomesALine) {
-    program_.files().write("dive", WorkedBytes());
+    write("dive", WorkedBytes());
     const Outcome outcome = program_.run({"-O", "dive"});
     EXPECT_EQ(0, outcome.status_);
     EXPECT_EQ("", outcome.err_);
@@ -55,8 +38,8 @@ TEST_F(RunTest, TheDirectoryMakesALogReadableThatHasNone) {
     dive.begin();
     const size_t directoryLength = dive.bytes().size();
     dive.cycles(0, 20);
-    program_.files().write("dive", dive.bytes());
-    program_.files().write("bare", dive.bytes().substr(directoryLength));
+    write("dive", dive.bytes());
+    write("bare", dive.bytes().substr(directoryLength));
     for (const std::vector<std::string>& options :
          {std::vector<std::string>{"-d", "dive"}, {"-ad", "dive"}, {"-adr", "Dive", "dive"}}) {
         runInSilence(options);
@@ -68,7 +51,7 @@ TEST_F(RunTest, TheDirectoryMakesALogReadableThatHasNone) {
 
 // A time that cannot be read is ignored.
 TEST_F(RunTest, TheTimeWindowIncludesItsBounds) {
-    program_.files().write("dive", DiveLog::Of(10));
+    write("dive", DiveLog::Of(10));
     runInSilence({"-ase", "2012-06-01T12:30:02.25", "2012-06-01T12:30:04.25", "dive", "Depth.depth"});
     const std::string lines = read("dive.asc");
     EXPECT_EQ(3u, CountOf(lines, "\n"));
@@ -80,7 +63,7 @@ TEST_F(RunTest, TheTimeWindowIncludesItsBounds) {
 }
 
 TEST_F(RunTest, ASeverityThresholdLimitsTheSyslog) {
-    program_.files().write("dive", DiveLog::Of(10));
+    write("dive", DiveLog::Of(10));
     const struct {
         const char* letter_;
         size_t lines_;
@@ -100,7 +83,7 @@ TEST_F(RunTest, AMissionLimitsTheOutputToItself) {
     dive.cycles(3, 4);
     dive.add(dive.log_.running("Survey", 7.0, 0));
     dive.cycles(7, 5);
-    program_.files().write("dive", dive.bytes());
+    write("dive", dive.bytes());
     runInSilence({"-alr", "Survey", "dive"});
     EXPECT_EQ(4u, CountOf(read("dive.log"), "\n"));
     EXPECT_EQ(4u * 4 + 2, CountOf(read("dive.asc"), "\n")) << read("dive.asc");  // both markers are in it
@@ -112,8 +95,8 @@ TEST_F(RunTest, GpsFixesCorrectTheTimesUnlessTheyAreLeftAlone) {
     dive.add(dive.log_.cycle(0));
     dive.add(dive.log_.syslog(1, "GPS fix at: 1338553901", Syslog::INFO, "Nav"));  // 100 s on
     dive.add(dive.log_.syslog(2, "after", Syslog::INFO, "Nav"));
-    program_.files().write("a", dive.bytes());
-    program_.files().write("b", DiveLog::Of(1, 5));
+    write("a", dive.bytes());
+    write("b", DiveLog::Of(1, 5));
     runInSilence({"-lo", "out", "a;b"});
     EXPECT_NE(std::string::npos, read("out").find("2012-06-01T12:31:42.000Z,1338553902.000 [Nav](INFO): after"));
     EXPECT_NE(std::string::npos, read("out").find("2012-06-01T12:31:45.750Z"));  // in the next input too
@@ -144,15 +127,13 @@ TEST_F(RunTest, InputsOfEveryKind) {
         {{"-lP", "c", "priority/slate"}, "priority/slate.log", 4},
     };
     for (const auto& c : cases) {
-        std::vector<std::string> arguments = c.arguments_;
-        arguments.insert(arguments.begin(), "-qO");
-        EXPECT_EQ(0, program_.run(arguments).status_);
+        run(c.arguments_);
         EXPECT_EQ(c.messages_, CountOf(read(c.output_), "\n")) << ::testing::PrintToString(c.arguments_);
     }
 }
 
 TEST_F(RunTest, SameInputSameBytes) {
-    program_.files().write("dive", DiveLog::Of(50));
+    write("dive", DiveLog::Of(50));
     runInSilence({"-abl", "dive"});
     const std::string first = read("dive.asc") + read("dive.bin") + read("dive.log");
     runInSilence({"-abl", "dive"});

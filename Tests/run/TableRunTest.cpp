@@ -1,36 +1,25 @@
-#include <gtest/gtest.h>
-
 #include <cmath>
-#include <string>
-#include <vector>
 
-#include "DiveLog.h"
-#include "Program.h"
-#include "support/Command.h"
+#include "RunFixture.h"
 
 // The tables of small logs, whole.
 
 namespace {
 
-class TableRunTest : public ::testing::Test {
+class TableRunTest : public RunFixture {
 protected:
     // The table that the options and names make of the log.
     std::string table(const std::string& log, std::vector<std::string> arguments) {
-        program_.files().write("dive", log);
-        arguments.insert(arguments.begin(), {"-qO", "-c"});
-        const Outcome outcome = program_.run(arguments);
-        EXPECT_EQ(0, outcome.status_);
-        EXPECT_EQ("", outcome.out_ + outcome.err_) << ::testing::PrintToString(arguments);
-        return program_.files().read("dive.csv");
+        write("dive", log);
+        arguments.insert(arguments.begin(), "-c");
+        runInSilence(arguments);
+        return read("dive.csv");
     }
     // What Python's csv module reads of the table: its rows, and the numbers of columns that occur.
     std::string readBack() {
-        const std::string script = "import csv; r = list(csv.reader(open('" + program_.files().path("dive.csv") +
-                                   "', newline=''))); print(len(r), sorted({len(c) for c in r}))";
-        return OutputOf("python3 -c \"" + script + "\"");
+        return OutputOf("python3 -c \"import csv; r = list(csv.reader(open('" + path("dive.csv") +
+                        "', newline=''))); print(len(r), sorted({len(c) for c in r}))\"");
     }
-
-    Program program_;
 };
 
 // Three cycles of one second: at 0.25 s the depth, 0, 0.5 and 1 m; at 0.5 s the speed, 1.5 m/s.

@@ -1,11 +1,11 @@
 #include "utils/hdf5/Hdf5Writer.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <csignal>
 #include <string>
 
+#include "support/FileSizeLimit.h"
 #include "support/Hdf5Reader.h"
 #include "support/TempDir.h"
 
@@ -60,7 +60,8 @@ TEST_F(Hdf5WriterTest, BlocksOfRecordsJoin) {
     for (int n = 0; n < 2500; ++n) row += " " + std::to_string(n);
     const Hdf5Reader file(path_);
     EXPECT_EQ(row, file.show("a/b/row"));
-    EXPECT_EQ("2499.11", file.show("a/b/cube").substr(file.show("a/b/cube").rfind(' ') + 1));
+    const std::string cube = file.show("a/b/cube");
+    EXPECT_EQ("2499.11", cube.substr(cube.rfind(' ') + 1));
 }
 
 TEST_F(Hdf5WriterTest, WhatLargeRecordsHoldIsWrittenBeforeItTakesTooMuchRoom) {
@@ -114,17 +115,13 @@ TEST_F(Hdf5WriterTest, TheUserBlockIsWrittenIntoTheFileItself) {
 // In the midst and at the end.
 TEST_F(Hdf5WriterTest, AFullDisk) {
     signal(SIGXFSZ, SIG_IGN);
-    rlimit before;
-    getrlimit(RLIMIT_FSIZE, &before);
     for (const int records : {100000, 1}) {
-        const rlimit small{records > 1 ? 65536u : 2200u, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
+        const FileSizeLimit limit(records > 1 ? 65536 : 2200);
         Hdf5Writer writer(path_.c_str(), 512);
         Hdf5NumberColumn& column = writer.root().addGroup("a").addNumberColumn("n");
         for (int n = 0; n < records; ++n) column.add(1.0 / (n + 1));
         EXPECT_EQ(records == 1, writer.isOk());
         EXPECT_FALSE(writer.finalize());
-        setrlimit(RLIMIT_FSIZE, &before);
         EXPECT_STREQ("File too large", writer.status().cStr());
     }
 }
