@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "logger/entry/EventEntry.h"
@@ -54,11 +55,7 @@ private:
 class LogEngineTest : public ::testing::Test {
 protected:
     NamedWriter* writer(const char* name) { return new NamedWriter(name, calls_); }
-    Calls take() {
-        Calls taken;
-        taken.swap(calls_);
-        return taken;
-    }
+    Calls take() { return std::exchange(calls_, {}); }
 
     Calls calls_;
     const CodedStr facility_{"GPS"};

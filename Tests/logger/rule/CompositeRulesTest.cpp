@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace {
 // Answers as told, and leaves its name in a journal when it is asked and when it is deleted.
@@ -26,6 +27,7 @@ class CompositeRulesTest : public testing::Test {
 protected:
     Rule* yes(char name) { return new Told(name, true, journal_); }
     Rule* no(char name) { return new Told(name, false, journal_); }
+    std::string take() { return std::exchange(journal_, ""); }
 
     std::string journal_;
 };
@@ -33,16 +35,14 @@ protected:
 
 TEST_F(CompositeRulesTest, OrAsksInOrderUntilOneAdmits) {
     EXPECT_TRUE(OrRule(no('a'), no('b'), nullptr, yes('d'), yes('e')).check(nullptr));
-    EXPECT_EQ("abd~~~~", journal_);
-    journal_.clear();
+    EXPECT_EQ("abd~~~~", take());
     EXPECT_FALSE(OrRule(no('a'), no('b')).check(nullptr));
     EXPECT_EQ("ab~~", journal_);
 }
 
 TEST_F(CompositeRulesTest, AndAsksInOrderUntilOneRefuses) {
     EXPECT_FALSE(AndRule(yes('a'), yes('b'), nullptr, nullptr, no('e'), nullptr, yes('g')).check(nullptr));
-    EXPECT_EQ("abe~~~~", journal_);
-    journal_.clear();
+    EXPECT_EQ("abe~~~~", take());
     EXPECT_TRUE(AndRule(yes('a'), yes('b')).check(nullptr));
     EXPECT_EQ("ab~~", journal_);
 }

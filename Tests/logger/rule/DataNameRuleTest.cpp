@@ -4,11 +4,12 @@
 
 #include "support/SmallLog.h"
 
-TEST(DataNameRuleTest, AdmitsWritesOfTheElement) {
+TEST(DataNameRuleTest, AdmitsWritesOfTheElementAlsoWhenTheLogGivesItLater) {
     SmallLog log;
-    DataAccess* depth = log.declare("Depth.depth", Units::METER);
     DataAccess* rate = log.declare("Depth.rate");
     DataNameRule rule("Depth.depth", true);
+    EXPECT_FALSE(rule.check(log.data(rate, 0, 0.5)));
+    DataAccess* depth = log.declare("Depth.depth", Units::METER);
     EXPECT_TRUE(rule.check(log.data(depth, 1, 2.5)));
     EXPECT_FALSE(rule.check(log.data(rate, 1, 2.5)));
     EXPECT_FALSE(rule.check(log.data(log.declareReader("Navigation", depth), 1, 2.5)));
@@ -22,15 +23,6 @@ TEST(DataNameRuleTest, AdmitsABestValueUnderItsUniversalName) {
     DataNameRule rule("depth", true);
     EXPECT_FALSE(rule.check(log.data(depth, 1, 2.5)));
     EXPECT_TRUE(rule.check(log.bestData(depth, 1, 2.5)));
-}
-
-TEST(DataNameRuleTest, FindsANameThatTheLogGivesLater) {
-    SmallLog log;
-    DataAccess* rate = log.declare("Depth.rate");
-    DataNameRule rule("Depth.depth", true);
-    EXPECT_FALSE(rule.check(log.data(rate, 1, 0.5)));
-    DataAccess* depth = log.declare("Depth.depth", Units::METER);
-    EXPECT_TRUE(rule.check(log.data(depth, 2, 2.5)));
 }
 
 // Its code is the one of names without a code, and so may be that of a hostile access.

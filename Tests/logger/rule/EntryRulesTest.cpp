@@ -20,7 +20,7 @@ protected:
     LogEntry* version_ = log_.version(8);
 };
 
-TEST_F(EntryRulesTest, EachAdmitsItsOwnKindAlone) {
+TEST_F(EntryRulesTest, EachAdmitsItsOwnKindAloneAndSaysSo) {
     TypeRule data(LogEntry::DATA_LOG_ENTRY);
     TypeRule directory(LogEntry::DIRECTORY_LOG_ENTRY);
     TypeRule syslog(LogEntry::SYSLOG_LOG_ENTRY);
@@ -31,32 +31,21 @@ TEST_F(EntryRulesTest, EachAdmitsItsOwnKindAlone) {
     struct Case {
         Rule& rule_;
         std::vector<LogEntry*> admitted_;
+        const char* text_;
     } cases[] = {
-        {data, {written_, read_}}, {directory, {version_}}, {syslog, {message_}}, {cycleStart, {cycle_}},
-        {action, {running_}},      {writes, {written_}},    {reads, {read_}},
+        {data, {written_, read_}, "type=DATA"},
+        {directory, {version_}, "type=DIRECTORY"},
+        {syslog, {message_}, "type=SYSLOG"},
+        {cycleStart, {cycle_}, "eventType=START_CYCLE"},
+        {action, {running_}, "eventType=COMPONENT_ACTION"},
+        {writes, {written_}, "dataWrite=true"},
+        {reads, {read_}, "dataWrite=false"},
     };
     for (const Case& c : cases) {
+        EXPECT_STREQ(c.text_, c.rule_.toString().cStr());
         for (LogEntry* entry : {written_, read_, cycle_, running_, message_, version_}) {
             const bool expected = std::count(c.admitted_.begin(), c.admitted_.end(), entry) == 1;
-            EXPECT_EQ(expected, c.rule_.check(entry))
-                << c.rule_.toString().cStr() << " of " << entry->toString(nullptr).cStr();
+            EXPECT_EQ(expected, c.rule_.check(entry)) << c.text_ << " of " << entry->toString(nullptr).cStr();
         }
     }
-}
-
-TEST_F(EntryRulesTest, TextsNameWhatIsAdmitted) {
-    EXPECT_STREQ((Str("type=") + LogEntry::TypeToString(LogEntry::DATA_LOG_ENTRY)).cStr(),
-                 TypeRule(LogEntry::DATA_LOG_ENTRY).toString().cStr());
-    EXPECT_STREQ("eventType=START_CYCLE", EventTypeRule(EventEntry::START_CYCLE).toString().cStr());
-    EXPECT_STREQ("dataWrite=true", DataWriteRule(true).toString().cStr());
-    EXPECT_STREQ("dataWrite=false", DataWriteRule(false).toString().cStr());
-}
-
-TEST_F(EntryRulesTest, CanBeDeactivated) {
-    TypeRule rule(LogEntry::DATA_LOG_ENTRY);
-    EXPECT_TRUE(rule.isActive());
-    rule.deactivate();
-    EXPECT_FALSE(rule.isActive());
-    rule.activate();
-    EXPECT_TRUE(rule.isActive());
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "support/SmallLog.h"
 
@@ -10,32 +11,24 @@ static const Syslog::Severity SEVERITIES[] = {Syslog::DEBUG,     Syslog::INFO,  
                                               Syslog::IMPORTANT, Syslog::CRITICAL, Syslog::FAULT};
 
 TEST(SyslogSeverityRuleTest, CriticalAndFaultStandApartFromTheOrder) {
-    struct Case {
-        Syslog::Severity severity_;
-        const char* equal_;  // of each severity from DEBUG to FAULT: Y where it is admitted
-        const char* orGreater_;
-    } const cases[] = {
+    // Equal ones, and those or greater: of each severity from DEBUG to FAULT, Y where it is admitted.
+    const std::tuple<Syslog::Severity, const char*, const char*> cases[] = {
         {Syslog::DEBUG, "Y-----", "YYYYYY"},    {Syslog::INFO, "-Y----", "-YYYYY"},
         {Syslog::ERROR, "--Y---", "--YYYY"},    {Syslog::IMPORTANT, "---Y--", "---YYY"},
         {Syslog::CRITICAL, "----Y-", "----Y-"}, {Syslog::FAULT, "-----Y", "----YY"},
-        {Syslog::NONE, "------", "------"},
-    };
+        {Syslog::NONE, "------", "------"}};
     SmallLog log;
-    for (const Case& c : cases) {
-        std::string equal;
-        std::string orGreater;
+    for (const auto& [wanted, expectedEqual, expectedOrGreater] : cases) {
+        std::string equal, orGreater;
         for (Syslog::Severity severity : SEVERITIES) {
             const LogEntry* entry = log.syslog(0, "text", severity);
-            equal += SyslogSeverityRule(c.severity_, false).check(entry) ? 'Y' : '-';
-            orGreater += SyslogSeverityRule(c.severity_, true).check(entry) ? 'Y' : '-';
+            equal += SyslogSeverityRule(wanted, false).check(entry) ? 'Y' : '-';
+            orGreater += SyslogSeverityRule(wanted, true).check(entry) ? 'Y' : '-';
         }
-        EXPECT_EQ(c.equal_, equal) << c.severity_;
-        EXPECT_EQ(c.orGreater_, orGreater) << c.severity_;
+        EXPECT_EQ(expectedEqual, equal) << wanted;
+        EXPECT_EQ(expectedOrGreater, orGreater) << wanted;
     }
     EXPECT_FALSE(SyslogSeverityRule(Syslog::DEBUG, true).check(log.cycle(0)));
-}
-
-TEST(SyslogSeverityRuleTest, TextNamesTheSeverity) {
     EXPECT_STREQ("severity=FAULT", SyslogSeverityRule(Syslog::FAULT, true).toString().cStr());
     EXPECT_STREQ("severity=", SyslogSeverityRule(Syslog::NONE, true).toString().cStr());
 }

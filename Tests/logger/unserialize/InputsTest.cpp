@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <tuple>
 
 #include "support/TempDir.h"
 
@@ -34,11 +35,8 @@ protected:
 }  // namespace
 
 TEST_F(InputsTest, SpecificationsAreSplitAndResolved) {
-    const struct {
-        const char* specification_;
-        const char* inputs_;
-        const char* slateFile_;  // what outputs are named after
-    } cases[] = {
+    // The specification, its inputs, and what outputs are named after.
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"slate", "slate", "slate"},
         {"slate0000", "slate", "slate0000"},
         {"0000", "", "0000"},
@@ -51,27 +49,22 @@ TEST_F(InputsTest, SpecificationsAreSplitAndResolved) {
         {"run0000", "run0000/slate", "run0000/slate"},
         {"dive;b", "dive/slate b", "dive;b"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.inputs_, resolve(c.specification_)) << c.specification_;
-        EXPECT_STREQ(c.slateFile_, settings_.slateFile_.cStr()) << c.specification_;
+    for (const auto& [specification, inputs, slateFile] : cases) {
+        EXPECT_EQ(inputs, resolve(specification)) << specification;
+        EXPECT_STREQ(slateFile, settings_.slateFile_.cStr()) << specification;
     }
 }
 
-TEST_F(InputsTest, BytesOfFilesAndOfNumberedParts) {
+// A file is an input under any name.
+TEST_F(InputsTest, FilesAndNumberedPartsAreCountedAndKnown) {
     directory_.write("whole", "12345");
     directory_.write("parts0000", "12");
     directory_.write("parts0001", "123");
     directory_.write("parts0003", "1234567");  // after a missing one
-    settings_.slateFile_ = "whole;parts;missing;dive";
-    EXPECT_EQ(10, Inputs(settings_).totalBytes());
-}
-
-TEST_F(InputsTest, AFileIsAnInputUnderAnyName) {
-    directory_.write("whole", "12345");
-    directory_.write("parts0000", "12");
     std::filesystem::create_symlink("whole", "link");
-    settings_.slateFile_ = "whole;parts";
+    settings_.slateFile_ = "whole;parts;missing;dive";
     const Inputs inputs(settings_);
+    EXPECT_EQ(10, inputs.totalBytes());
     for (const char* const path : {"whole", "./whole", "link", "parts0000"}) EXPECT_TRUE(inputs.contains(path)) << path;
     for (const char* const path : {"parts", "other", "dive"}) EXPECT_FALSE(inputs.contains(path)) << path;
 }

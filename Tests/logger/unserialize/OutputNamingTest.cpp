@@ -4,7 +4,7 @@
 
 #include <filesystem>
 #include <string>
-#include <vector>
+#include <tuple>
 
 #include "support/CapturedLog.h"
 #include "support/TempDir.h"
@@ -29,12 +29,8 @@ protected:
 }  // namespace
 
 TEST_F(OutputNamingTest, DatesStandBeforeTheExtension) {
-    const struct {
-        const char* slateFile_;
-        bool outputNameGiven_;
-        const char* name_;
-        const char* datedName_;
-    } cases[] = {
+    // The log, whether an output name is given, the file's name, and what becomes of it.
+    const std::tuple<const char*, bool, const char*, const char*> cases[] = {
         {"dive", false, "dive.csv", "dive_201206011230_201206011415.csv"},
         {"slate", false, "slate.csv", "201206011230_201206011415.csv"},
         {"myslate", false, "myslate.nc4", "my201206011230_201206011415.nc4"},
@@ -43,13 +39,13 @@ TEST_F(OutputNamingTest, DatesStandBeforeTheExtension) {
         {"dive", true, "a.b.csv", "a.b_201206011230_201206011415.csv"},
         {"dive", true, ".csv", "_201206011230_201206011415.csv"},
     };
-    for (const auto& c : cases) {
-        settings_.slateFile_ = directory_.path(c.slateFile_).c_str();
-        settings_.outputNameGiven_ = c.outputNameGiven_;
-        finish(directory_.write(c.name_, c.name_));
-        EXPECT_EQ(c.name_, directory_.read(c.datedName_));
-        EXPECT_FALSE(directory_.has(c.name_)) << c.name_;
-        EXPECT_EQ(Lines{"INFO Saved " + directory_.path(c.datedName_)}, log_.take());
+    for (const auto& [log, isNameGiven, name, datedName] : cases) {
+        settings_.slateFile_ = directory_.path(log).c_str();
+        settings_.outputNameGiven_ = isNameGiven;
+        finish(directory_.write(name, name));
+        EXPECT_EQ(name, directory_.read(datedName));
+        EXPECT_FALSE(directory_.has(name)) << name;
+        EXPECT_EQ(Lines{"INFO Saved " + directory_.path(datedName)}, log_.take());
     }
 }
 
@@ -63,14 +59,14 @@ TEST_F(OutputNamingTest, ANameWithoutExtensionStays) {
 }
 
 TEST_F(OutputNamingTest, ResultsOfTheSameStartAreReplaced) {
-    const char* const replaced[] = {"dive_201206011230_201206011300.csv", "dive_201206011230.csv"};
-    const char* const kept[] = {"dive_201206011229_201206011300.csv", "dive_201206011230_201206011300.nc",
-                                "Dive_201206011230_201206011300.csv", "dive_201206011230_x.csv~"};
-    for (const char* const name : replaced) directory_.write(name, "old");
-    for (const char* const name : kept) directory_.write(name, "old");
+    const std::pair<const char*, bool> earlier[] = {
+        // with whether it stays
+        {"dive_201206011230_201206011300.csv", false}, {"dive_201206011230.csv", false},
+        {"dive_201206011229_201206011300.csv", true},  {"dive_201206011230_201206011300.nc", true},
+        {"Dive_201206011230_201206011300.csv", true},  {"dive_201206011230_x.csv~", true}};
+    for (const auto& [name, stays] : earlier) directory_.write(name, "old");
     finish(directory_.write("dive.csv", "new"));
-    for (const char* const name : replaced) EXPECT_FALSE(directory_.has(name)) << name;
-    for (const char* const name : kept) EXPECT_TRUE(directory_.has(name)) << name;
+    for (const auto& [name, stays] : earlier) EXPECT_EQ(stays, directory_.has(name)) << name;
     EXPECT_EQ("new", directory_.read("dive_201206011230_201206011415.csv"));
 }
 

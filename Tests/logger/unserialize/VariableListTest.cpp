@@ -58,17 +58,12 @@ TEST_F(VariableListTest, SettingsAreListedApart) {
     log_.declare("Config/Nav.limit");
     log_.declareSetting("Nav.keyText");
     log_.declare("Nav.x");
+    EXPECT_EQ("Nav.x none", add({}, false));
+    EXPECT_EQ("", settings());  // which the first input alone gives
     EXPECT_EQ("Nav.x none", add());
     EXPECT_EQ("Nav.gain Config/Nav.limit ", settings());
     add();
     EXPECT_EQ("Nav.gain Config/Nav.limit ", settings());  // once each
-}
-
-TEST_F(VariableListTest, OnlyTheFirstInputGivesSettings) {
-    log_.declareSetting("Nav.gain");
-    log_.declare("Nav.x");
-    EXPECT_EQ("Nav.x none", add({}, false));
-    EXPECT_EQ("", settings());
 }
 
 TEST_F(VariableListTest, AReadingThatIsRepeatedCountsAsASetting) {
