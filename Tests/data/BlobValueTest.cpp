@@ -65,7 +65,7 @@ TEST(BlobValueTest, ElementsAreConvertedThroughTheUnit) {
 }
 
 TEST(BlobValueTest, MatricesAndCubesLieRowByRow) {
-    float rows[2][3] = {{1, 2, 3}, {4, 5, 6}};
+    const float rows[2][3] = {{1, 2, 3}, {4, 5, 6}};
     const float* const matrix[] = {rows[0], rows[1]};
     BlobValue blob(Name(BLOB_INT16BE));
     EXPECT_TRUE(blob.setFrom(Units::NONE, matrix, 2, 3));
@@ -112,14 +112,4 @@ TEST(BlobValueTest, AnImpossibleTypeHasNoElements) {
         EXPECT_FALSE(blob.get(0, Units::NONE, value)) << type;
         EXPECT_FALSE(blob.set(0, Units::NONE, 1)) << type;
     }
-}
-
-TEST(BlobValueTest, TextTellsSizeAndUnit) {
-    BlobValue blob(Name(BLOB_FLOAT64LE, Units::METER_PER_SECOND));
-    blob.fromBinary("123456789012345678901234", 24);
-    EXPECT_EQ(3u, blob.getCount());
-    EXPECT_EQ(Str("24 bytes of meter_per_second"), blob.toString());
-    EXPECT_EQ(Str("24 bytes of second"), blob.toString(Units::SECOND));
-    const std::unique_ptr<DataValue> copy(blob.copy());
-    EXPECT_EQ(blob.toString(), copy->toString());
 }

@@ -46,14 +46,6 @@ TEST(DataAccessTest, RecordsTellEveryField) {
     EXPECT_EQ(nullptr, writer->getUnit());
 }
 
-TEST(DataAccessTest, AWriterWithoutInterpolationInMillisHasAllFlags) {
-    DataAccess access(0, 2, DataAccess::NO_CODE, Units::METER, FLOAT3, 3, 1, DataAccessor::DATA_WRITER);
-    EXPECT_EQ(DEPTH, Record(access));
-    access.setNoInterpFlag(true);
-    access.setTimePrecision(Logger::TIME_PRECISION_MILLIS);
-    EXPECT_NE(std::string::npos, Record(access).find(" fl=07\n"));
-}
-
 TEST(DataAccessTest, MalformedRecordsGiveNothing) {
     const Str full = DEPTH;
     for (size_t length = 0; length < full.length(); ++length) {
@@ -68,29 +60,16 @@ TEST(DataAccessTest, MalformedRecordsGiveNothing) {
 }
 
 TEST(DataAccessTest, Description) {
-    EXPECT_STREQ("<a code=0001 owner=0000 element=0002 universal=3FFF unitName=\"meter\" type=0B size=0003 rw=01",
-                 ReadBack(DEPTH)->asString(true).cStr());
     const DataAccess untyped(0, 2, DataAccess::NO_CODE, "none", NO_TYPE, 0, 1, DataAccessor::DATA_READER);
     EXPECT_STREQ("owner=0000 element=0002 universal=3FFF type=FFFF size=0000 rw=00", untyped.asString(false).cStr());
     const DataAccess endless(0, 2, 3, std::string(2000, 'u').c_str(), FLOAT3, 3);
     EXPECT_EQ(1023u, endless.asString(true).length());
 }
 
-TEST(DataAccessTest, InheritsUnitTypeAndSizeAlone) {
-    DataAccess heir(7, 8, 9, "none", NO_TYPE, 0, 10, DataAccessor::DATA_READER);
-    EXPECT_EQ(&Units::NONE, heir.getUnit());
-    heir.copyUnitsTypeAndSizeFrom(ReadBack(DEPTH).get());
-    EXPECT_EQ(&Units::METER, heir.getUnit());
-    EXPECT_EQ(" code=000A owner=0007 element=0008 universal=0009 unitName=\"meter\" type=0B size=0003 fl=00\n",
-              Record(heir));
-}
-
 TEST(DataAccessTest, StrategiesByTheirWholeWord) {
-    static const struct {
-        const char* text_;
-        int strategy_;
-    } WORDS[] = {{"MinPower", 0}, {"MaxFrequency", 3}, {"AllDevices", 4}, {"MinPowerX", -1}, {"MinPowe", -1}, {"", -1}};
-    for (const auto& w : WORDS) EXPECT_EQ(w.strategy_, DataAccessor::Str2RequestStrategy(w.text_)) << w.text_;
+    const std::pair<const char*, int> words[] = {{"MinPower", 0},   {"MaxFrequency", 3}, {"AllDevices", 4},
+                                                 {"MinPowerX", -1}, {"MinPowe", -1},     {"", -1}};
+    for (const auto& [word, strategy] : words) EXPECT_EQ(strategy, DataAccessor::Str2RequestStrategy(word)) << word;
     EXPECT_STREQ("MinLatency", DataAccessor::RequestStrategy2Str(2));
     EXPECT_STREQ("none.", DataAccessor::RequestStrategy2Str(5));
     EXPECT_STREQ("none.", DataAccessor::RequestStrategy2Str(-1));
