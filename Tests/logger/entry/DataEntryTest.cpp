@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "EntryFixture.h"
 #include "data/BlobValue.h"
@@ -22,13 +23,17 @@ protected:
         readRecord(record);
     }
     static const DataAccess& accessAt(unsigned short code) { return *Slate::GetDataAccess(code); }
+    // An entry at the time base that takes the value over.
+    std::unique_ptr<DataEntry> entryOf(unsigned short code, DataValue* value) {
+        return std::make_unique<DataEntry>(Slate::GetDataAccess(code), value, timeBase_, false, true);
+    }
     static std::string textOf(const LogEntry& entry) { return entry.toString(nullptr).cStr(); }
 };
 
 static const char WORKED_DATA[] = "0C 0B 71 02 00 C0 3F";  // best, 1.5 m
 static const char WORKED_UNCHANGED[] = "0C 03 19 64";
 
-TEST_F(DataEntryTest, AValueReadIsTheElementsAndAnUnchangedEntryRepeatsIt) {
+TEST_F(DataEntryTest, AValueReadIsTheElementsUnlessTheEntryIsCopied) {
     const auto entry = read<DataEntry>(FromHex(WORKED_DATA));
     EXPECT_TRUE(entry->isBest() && entry->isChanged() && entry->isDataWrite());
     const DataElement* element = Slate::GetElement(static_cast<unsigned short>(0));
@@ -36,12 +41,9 @@ TEST_F(DataEntryTest, AValueReadIsTheElementsAndAnUnchangedEntryRepeatsIt) {
     EXPECT_EQ(element->getTimestamp(), entry->getTimestamp());
     const auto unchanged = read<DataEntry>(FromHex(WORKED_UNCHANGED));
     EXPECT_FALSE(unchanged->isChanged());
-    EXPECT_EQ(unchanged->getNumber(Units::METER), 1.5);
-}
-
-TEST_F(DataEntryTest, ACopyKeepsItsValueWhenTheElementMovesOn) {
-    const DataEntry copy(*read<DataEntry>(FromHex(WORKED_DATA)));
+    const DataEntry copy(*unchanged);
     read(FromHex("0C 0B 71 02 00 00 40"));  // 2 m
+    EXPECT_EQ(unchanged->getNumber(Units::METER), 2);
     EXPECT_EQ(copy.getNumber(Units::METER), 1.5);
 }
 
@@ -55,10 +57,11 @@ TEST_F(DataEntryTest, SkippedValuesLeaveTheSlateAsItIs) {
 
 TEST_F(DataEntryTest, TheArrowTellsWritersBestWritersAndReaders) {
     readAccess(1, 0, "3FFF", "\"meter\" type=0B size=0003 fl=00");
-    const std::string stamp = "2012-06-01T12:30:00.410Z,1338553800.410000 ";
-    EXPECT_EQ(textOf(*read(FromHex("0C 0B 71 02 00 C0 3F"))), stamp + "Depth==>Depth.depth=1.500000 m");
-    EXPECT_EQ(textOf(*read(FromHex("04 0B 71 02 00 C0 3F"))), stamp + "Depth-->Depth.depth=1.500000 m");
-    EXPECT_EQ(textOf(*read(FromHex("14 0B 71 02 00 C0 3F"))), stamp + "Depth<--Depth.depth=1.500000 m");
+    const std::pair<const char*, std::string> arrows[] = {{"0C", "==>"}, {"04", "-->"}, {"14", "<--"}};
+    for (const auto& [header, arrow] : arrows) {
+        EXPECT_EQ(textOf(*read(FromHex(header) + FromHex("0B 71 02 00 C0 3F"))),
+                  "2012-06-01T12:30:00.410Z,1338553800.410000 Depth" + arrow + "Depth.depth=1.500000 m");
+    }
 }
 
 TEST_F(DataEntryTest, TextsAndArraysCarryTheirLength) {
@@ -83,13 +86,12 @@ TEST_F(DataEntryTest, TheShownUnitIsTheOneAskedForElseTheAccessesElseTheValues) 
     EXPECT_STREQ(entry->getDataValueString(&Units::KILOMETER, false).cStr(), "0.001500 km");
     EXPECT_STREQ(entry->getDataValueString(&Units::KILOMETER, true).cStr(), "0.001500");
     EXPECT_STREQ(entry->getDataValueString(&Units::SECOND, false).cStr(), "nan s");
-    const DataEntry other(Slate::GetDataAccess(static_cast<unsigned short>(0)), Units::SECOND.dataValue(2.0), timeBase_,
-                          false, true);
-    EXPECT_STREQ(other.getDataValueString(nullptr, false).cStr(), "2.000000 s");  // no unit of length fits
-    const DataEntry none(Slate::GetDataAccess(static_cast<unsigned short>(0)), nullptr, timeBase_, false, true);
-    EXPECT_STREQ(none.getDataValueString(nullptr, false).cStr(), "NULL");
-    EXPECT_TRUE(std::isnan(none.getNumber(Units::METER)));
-    EXPECT_TRUE(write(none).isEmpty());
+    const auto other = entryOf(0, Units::SECOND.dataValue(2.0));
+    EXPECT_STREQ(other->getDataValueString(nullptr, false).cStr(), "2.000000 s");  // no unit of length fits
+    const auto none = entryOf(0, nullptr);
+    EXPECT_STREQ(none->getDataValueString(nullptr, false).cStr(), "NULL");
+    EXPECT_TRUE(std::isnan(none->getNumber(Units::METER)));
+    EXPECT_TRUE(write(*none).isEmpty());
 }
 
 TEST_F(DataEntryTest, AnUntypedAccessTakesTheTypeOfARelatedOne) {
@@ -137,32 +139,23 @@ TEST_F(DataEntryTest, TheDeclaredSizeIsReadAndWrittenWhateverTheTypeNeeds) {
     readAccess(1, 0, "3FFF", "\"meter\" type=0F size=0002 fl=05");
     readAccess(2, 0, "3FFF", "\"meter\" type=0F size=0006 fl=05");
     readAccess(3, 0, "3FFF", "\"meter\" type=0F size=0000 fl=05");
-    const struct {
-        const char* bytes_;
-        double value_;
-        const char* written_;
-    } cases[] = {
-        {"14 2A 00 80", 4.591774807899561e-41, "142A0080"},
-        {"24 2A 00 00 C0 3F FF FF", 1.5, "242A0000C03F0000"},
-        {"34 2A", 0, "342A"},
-    };
-    for (const auto& c : cases) {
-        const auto entry = read<DataEntry>(FromHex(c.bytes_));
-        EXPECT_EQ(entry->getNumber(Units::METER), c.value_) << c.bytes_;
-        EXPECT_STREQ(write(*entry).asHex().cStr(), c.written_);
+    const std::tuple<const char*, double, const char*> cases[] = {{"14 2A 00 80", 4.591774807899561e-41, "142A0080"},
+                                                                  {"24 2A 00 00 C0 3F FF FF", 1.5, "242A0000C03F0000"},
+                                                                  {"34 2A", 0, "342A"}};
+    for (const auto& [bytes, value, written] : cases) {
+        const auto entry = read<DataEntry>(FromHex(bytes));
+        EXPECT_EQ(entry->getNumber(Units::METER), value) << bytes;
+        EXPECT_STREQ(write(*entry).asHex().cStr(), written);
     }
 }
 
 TEST_F(DataEntryTest, LargeCodesTakeTheThreeByteHeaderAndLargerOnesAreNotWritten) {
     readAccess(8191, 0, "3FFF", "\"meter\" type=0B size=0003 fl=01");
     readAccess(8192, 0, "3FFF", "\"meter\" type=0B size=0003 fl=01");
-    const DataEntry fits(Slate::GetDataAccess(static_cast<unsigned short>(8191)), Units::METER.dataValue(1.5, FLOAT3),
-                         timeBase_, false, true);
-    EXPECT_STREQ(write(fits).asHex().cStr(), "03FAFF0200C03F");
-    EXPECT_EQ(textOf(*read(write(fits))), textOf(fits));
-    const DataEntry tooLarge(Slate::GetDataAccess(static_cast<unsigned short>(8192)),
-                             Units::METER.dataValue(1.5, FLOAT3), timeBase_, false, true);
-    EXPECT_TRUE(write(tooLarge).isEmpty());
+    const auto fits = entryOf(8191, Units::METER.dataValue(1.5, FLOAT3));
+    EXPECT_STREQ(write(*fits).asHex().cStr(), "03FAFF0200C03F");
+    EXPECT_EQ(textOf(*read(write(*fits))), textOf(*fits));
+    EXPECT_TRUE(write(*entryOf(8192, Units::METER.dataValue(1.5, FLOAT3))).isEmpty());
 }
 
 TEST_F(DataEntryTest, AnOldLogAlwaysCarriesTheValue) {
@@ -173,27 +166,24 @@ TEST_F(DataEntryTest, AnOldLogAlwaysCarriesTheValue) {
     EXPECT_STREQ(write(*unchanged).asHex().cStr(), "0C0000C03F");
 }
 
+// Also where it has none yet, and as a double where the class of its value has nothing for it.
 TEST_F(DataEntryTest, ANumberSetIsTheEntrysOwn) {
     const auto entry = read<DataEntry>(FromHex(WORKED_DATA));
     entry->setNumber(Units::KILOMETER, 0.004);
     EXPECT_NEAR(entry->getNumber(Units::METER), 4, 1e-3);
     EXPECT_EQ(read<DataEntry>(FromHex(WORKED_UNCHANGED))->getNumber(Units::METER), 1.5);
-}
-
-TEST_F(DataEntryTest, AnIntegerSetToNothingBecomesADouble) {
-    DataEntry count(Slate::GetDataAccess(static_cast<unsigned short>(0)), Units::COUNT.dataValue(7, INT4), timeBase_,
-                    false, true);
-    count.setNumber(Units::COUNT, 9);
-    EXPECT_EQ(count.getDataValue()->getBinaryType(), INT4);
-    count.setNumber(Units::COUNT, std::nan(""));
-    EXPECT_EQ(count.getDataValue()->getBinaryType(), DOUBLE8);
-    EXPECT_STREQ(count.getDataValueString(&Units::COUNT, true).cStr(), "nan");
-}
-
-TEST_F(DataEntryTest, ANumberSetOnAnEntryWithoutValueIsADouble) {
-    DataEntry empty(Slate::GetDataAccess(static_cast<unsigned short>(0)), nullptr, timeBase_, false, true);
-    empty.setNumber(Units::KILOMETER, 1.5);
-    ASSERT_NE(empty.getDataValue(), nullptr);
-    EXPECT_EQ(empty.getDataValue()->getBinaryType(), DOUBLE8);
-    EXPECT_EQ(empty.getNumber(Units::METER), 1500);
+    const struct {
+        DataValue* before_;
+        double number_;
+        BinaryDataType type_;
+        const char* text_;
+    } cases[] = {{Units::METER.dataValue(7, INT4), 9, INT4, "9"},
+                 {Units::METER.dataValue(7, INT4), NAN, DOUBLE8, "nan"},
+                 {nullptr, 1500, DOUBLE8, "1500.000000"}};
+    for (const auto& c : cases) {
+        const auto made = entryOf(0, c.before_);
+        made->setNumber(Units::METER, c.number_);
+        EXPECT_EQ(made->getDataValue()->getBinaryType(), c.type_) << c.text_;
+        EXPECT_STREQ(made->getDataValueString(&Units::METER, true).cStr(), c.text_);
+    }
 }

@@ -1,28 +1,16 @@
 #include "logger/entry/DirectoryEntry.h"
 
-#include <gtest/gtest.h>
+#include <tuple>
 
 #include "EntryFixture.h"
 
-class DirectoryEntryTest : public EntryFixture {};
-
-TEST_F(DirectoryEntryTest, RecordsAreRegisteredAndKnowTheirItems) {
-    readDirectory();
-    EXPECT_STREQ(Slate::GetName(0)->cStr(), "Depth");
-    EXPECT_STREQ(Slate::GetElementURI(static_cast<unsigned short>(0))->cStr(), "Depth.depth");
-    EXPECT_EQ(Slate::GetDataAccess(static_cast<unsigned short>(0))->getTypeSize(), 3);
-}
-
-TEST_F(DirectoryEntryTest, AnEntryHasNoTimeAndKnowsWhetherItWasRead) {
-    const auto entry = read<DirectoryEntry>(WORKED_LOG[0].toBytes());
-    EXPECT_EQ(entry->getTimestamp(), Timestamp::NOT_SET_TIME);
-    EXPECT_TRUE(entry->wasRead());
-    EXPECT_FALSE(DirectoryEntry(short(5)).wasRead());
-}
+typedef EntryFixture DirectoryEntryTest;
 
 TEST_F(DirectoryEntryTest, ARecordReadAgainGivesTheRegisteredItem) {
     const Str bytes = WORKED_LOG[2].toBytes();
-    const auto first = read(bytes);
+    const auto first = read<DirectoryEntry>(bytes);
+    EXPECT_EQ(first->getTimestamp(), Timestamp::NOT_SET_TIME);
+    EXPECT_TRUE(first->wasRead());
     const unsigned int stored = DirectoryEntry::ElementStore_.size();
     const auto second = read(bytes);
     ASSERT_NE(second, nullptr);
@@ -47,32 +35,23 @@ TEST_F(DirectoryEntryTest, AWrongHeaderIsAnErrorButTheRecordIsRegistered) {
 }
 
 TEST_F(DirectoryEntryTest, TheVersionRulesWhatFollowsAndWhatLaterLogsMayBe) {
-    struct Case {
-        const char* record_;
-        unsigned short inForce_;
-        Lines messages_;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, unsigned short, Lines> cases[] = {
         {"v 0002\n", 8, {"DEBUG Got version 2 from memory", "CRITICAL Can only unserialize verisions 3 through 8"}},
         {"v 0009\n", 8, {"DEBUG Got version 9 from memory", "CRITICAL Can only unserialize verisions 3 through 8"}},
         {"v FFFF\n", 8, {"DEBUG Got version -1 from memory", "CRITICAL Can only unserialize verisions 3 through 8"}},
         {"v 0005\n", 5, {"DEBUG Got version 5 from memory"}},
         {"v 0008\n", 5, {"DEBUG Got version 8 from memory", "CRITICAL Can only unserialize verisions 3 through 5"}},
-        {"v 0003\n", 3, {"DEBUG Got version 3 from memory"}},
-    };
-    for (const Case& c : cases) {
-        readRecord(c.record_);
-        EXPECT_EQ(log_.take(), c.messages_);
-        EXPECT_EQ(DirectoryEntry::GetCurrentLogVersion(), c.inForce_);
+        {"v 0003\n", 3, {"DEBUG Got version 3 from memory"}}};
+    for (const auto& [record, inForce, messages] : cases) {
+        readRecord(record);
+        EXPECT_EQ(log_.take(), messages);
+        EXPECT_EQ(DirectoryEntry::GetCurrentLogVersion(), inForce);
     }
     EXPECT_EQ(DirectoryEntry(short(0)).getVersion(), 3);  // the one in force
 }
 
 TEST_F(DirectoryEntryTest, MalformedRecordsAreRefusedWithTheirMessage) {
-    const struct {
-        const char* record_;
-        Lines messages_;
-    } cases[] = {
+    const std::pair<const char*, Lines> cases[] = {
         {"", {"ERROR Failed to read directory type."}},
         {"a code=000", {"ERROR Encountered error while reading dataAccess"}},
         {"e code=0000 elementURL=\"\"", {"ERROR Encountered error while reading element"}},
@@ -82,9 +61,9 @@ TEST_F(DirectoryEntryTest, MalformedRecordsAreRefusedWithTheirMessage) {
         {"v 0008 ", {"ERROR Missing newline reading directory version"}},
         {"x", {}},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(read(FromHex("2A") + Str(c.record_)), nullptr) << c.record_;
-        EXPECT_EQ(log_.take(), c.messages_);
+    for (const auto& [record, messages] : cases) {
+        EXPECT_EQ(read(FromHex("2A") + Str(record)), nullptr) << record;
+        EXPECT_EQ(log_.take(), messages);
         EXPECT_FALSE(error_);
     }
 }

@@ -1,6 +1,6 @@
 #include "logger/entry/EventEntry.h"
 
-#include <gtest/gtest.h>
+#include <tuple>
 
 #include "EntryFixture.h"
 #include "data/Component.h"
@@ -16,13 +16,9 @@ protected:
 // Every event 10 ms after the time base, as bytes and as text after the stamp.
 TEST_F(EventEntryTest, EventsWriteReadAndPrint) {
     const Timestamp t = timeBase_ + Timespan(0, 10240);
-    struct Case {
-        EventEntry entry_;
-        const char* bytes_;
-        const char* text_;
-    };
+    const Component component("Depth");
     const unsigned short depth = 0, unknown = 5, farElement = 0xFFFF;
-    const Case cases[] = {
+    const std::tuple<EventEntry, const char*, std::string> cases[] = {
         {{t, depth, 3}, "182A04030000", "Depth COMPONENT_ACTION Running Loop=3"},
         {{t, depth, -1}, "182A04FFFFFF", "Depth COMPONENT_ACTION Preempted"},
         {{t, unknown, 0}, "B82A04000000", "Unknown COMPONENT_ACTION Stopped"},
@@ -40,17 +36,14 @@ TEST_F(EventEntryTest, EventsWriteReadAndPrint) {
          "03F8FF03FFFF2A00",
          "Unknown SET_DATA_STATE Unknown=NONE"},
     };
-    for (const Case& c : cases) {
-        EXPECT_STREQ(write(c.entry_).asHex().cStr(), c.bytes_) << c.text_;
-        const auto entry = read(write(c.entry_));
-        ASSERT_NE(entry, nullptr) << c.text_;
-        EXPECT_EQ(std::string(entry->toString(nullptr).cStr()),
-                  std::string("2012-06-01T12:30:00.410Z,1338553800.410 ") + c.text_);
+    for (const auto& [event, bytes, text] : cases) {
+        EXPECT_STREQ(write(event).asHex().cStr(), bytes) << text;
+        const auto entry = read(write(event));
+        ASSERT_NE(entry, nullptr) << text;
+        EXPECT_EQ(entry->toString(nullptr).cStr(), "2012-06-01T12:30:00.410Z,1338553800.410 " + text);
     }
-}
-
-TEST_F(EventEntryTest, AnActorThatDoesNotFitIsNotWritten) {
-    EXPECT_TRUE(write(EventEntry(timeBase_, 4096, 1)).isEmpty());
+    EXPECT_EQ(EventEntry(&component, true).getActorCode(), depth);
+    EXPECT_TRUE(write(EventEntry(timeBase_, EventEntry::MAX_ACTOR + 1, 1)).isEmpty());
 }
 
 TEST_F(EventEntryTest, AnUnknownActionHasNoBody) {
@@ -61,10 +54,7 @@ TEST_F(EventEntryTest, AnUnknownActionHasNoBody) {
 }
 
 TEST_F(EventEntryTest, TornEventsSayWhatIsMissing) {
-    const struct {
-        const char* bytes_;
-        const char* message_;
-    } cases[] = {
+    const std::pair<const char*, std::string> cases[] = {
         {"00 80 1A 86 5C 8B FC", "Encountered eof while reading start of cycle timestamp"},
         {"10", "Encountered eof while reading Data Element code"},
         {"10 00", "End of Binary File Reached while reading LogEntry Timestamp"},
@@ -76,29 +66,23 @@ TEST_F(EventEntryTest, TornEventsSayWhatIsMissing) {
         {"18 2A 08 03 00 00", "Encountered eof while reading Fail Count"},
         {"18 2A 00", "Encountered eof while reading Loaded state"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(read(FromHex(c.bytes_)), nullptr);
-        EXPECT_EQ(log_.take(), Lines{std::string("ERROR ") + c.message_});
+    for (const auto& [bytes, message] : cases) {
+        EXPECT_EQ(read(FromHex(bytes)), nullptr);
+        EXPECT_EQ(log_.take(), Lines{"ERROR " + message});
         EXPECT_FALSE(error_);
     }
 }
 
 TEST_F(EventEntryTest, ACycleStartSetsTheTimeBaseShiftedByTheCorrection) {
     const Str bytes = WORKED_LOG[WORKED_LOG_DIRECTORY].toBytes();
-    const struct {
-        Timespan adjust_;
-        Timestamp expected_;
-    } cases[] = {
-        {Timespan::ZERO_TIMESPAN, {1338553800, 400000}},
-        {Timespan(-2, 500000), {1338553798, 900000}},
-        {Timespan::INVALID_TIMESPAN, {1338553800, 400000}},
-    };
-    for (const auto& c : cases) {
+    const std::pair<Timespan, Timestamp> cases[] = {{Timespan::ZERO_TIMESPAN, {1338553800, 400000}},
+                                                    {Timespan(-2, 500000), {1338553798, 900000}},
+                                                    {Timespan::INVALID_TIMESPAN, {1338553800, 400000}}};
+    for (const auto& [adjust, expected] : cases) {
         timeBase_ = Timestamp::NOT_SET_TIME;
-        timeAdjust_ = c.adjust_;
-        const auto entry = read(bytes);
-        EXPECT_EQ(entry->getTimestamp(), c.expected_);
-        EXPECT_EQ(timeBase_, c.expected_);
+        timeAdjust_ = adjust;
+        EXPECT_EQ(read(bytes)->getTimestamp(), expected);
+        EXPECT_EQ(timeBase_, expected);
     }
 }
 
@@ -112,24 +96,13 @@ TEST_F(EventEntryTest, AnImpossibleCycleStartIsAnErrorAndLeavesTheTimeBase) {
 }
 
 TEST_F(EventEntryTest, StatesAreNamedLowestBitFirst) {
-    const struct {
-        int state_;
-        const char* text_;
-    } cases[] = {
+    const std::pair<int, const char*> states[] = {
         {0, "NONE"},
         {72, "ORPHANED|INVALID"},
         {1, "(undefined)"},
         {129, "VALID|(undefined)"},
-        {254, "UNAVAILABLE|AVAILABLE|ORPHANED|UNORPHANED|SET_BEST|INVALID|VALID"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_STREQ(EventEntry::StateChangeToString(EventEntry::DataStateChange(c.state_)).cStr(), c.text_);
+        {254, "UNAVAILABLE|AVAILABLE|ORPHANED|UNORPHANED|SET_BEST|INVALID|VALID"}};
+    for (const auto& [state, text] : states) {
+        EXPECT_STREQ(EventEntry::StateChangeToString(EventEntry::DataStateChange(state)).cStr(), text);
     }
-}
-
-TEST_F(EventEntryTest, ALiveComponentIsTheActor) {
-    const Component depth("Depth");
-    const EventEntry entry(&depth, true);
-    EXPECT_EQ(entry.getActorCode(), 0);
-    EXPECT_TRUE(entry.isLoaded());
 }

@@ -1,12 +1,27 @@
 #include "logger/entry/LogEntry.h"
 
-#include <gtest/gtest.h>
-
 #include "EntryFixture.h"
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/TimeBounds.h"
 
-class LogEntryTest : public EntryFixture {};
+class LogEntryTest : public EntryFixture {
+protected:
+    // The bytes of a time so long after the base.
+    Str timeBytes(const Timespan& delta, bool flag, Logger::TimePrecisionType precision) {
+        MemoryOutStream out;
+        const unsigned int n = EventEntry(timeBase_ + delta).writeTimestamp(timeBase_, flag, out, precision);
+        EXPECT_EQ(n, out.bytes_.size());
+        return out.str();
+    }
+    // Microseconds from the base to the time that the bytes say, and their flag.
+    std::pair<long long, bool> timeOf(const Str& bytes, Logger::TimePrecisionType precision) {
+        MemoryInStream in(bytes);
+        Timestamp t = timeBase_;
+        bool flag = false;
+        EXPECT_TRUE(LogEntry::ReadTimestamp(t, flag, in, log_, precision));
+        return {(t - timeBase_).asMicros(), flag};
+    }
+};
 
 TEST_F(LogEntryTest, EveryKindReadsPrintsAndWritesBackTheSameBytes) {
     timeBase_ = Timestamp::NOT_SET_TIME;
@@ -38,7 +53,7 @@ TEST_F(LogEntryTest, TimesAreWrittenAndReadByPrecisionAndVersion) {
         bool flag_;
         const char* bytes_;
         bool flagRead_;
-        int readMicros_;
+        long long readMicros_;
     };
     const Case cases[] = {
         {8, Logger::TIME_PRECISION_MICROS, true, "0B7102", true, 10000},    // 20001
@@ -50,19 +65,11 @@ TEST_F(LogEntryTest, TimesAreWrittenAndReadByPrecisionAndVersion) {
     };
     for (const Case& c : cases) {
         DirectoryEntry::CurrentLogVersion_ = c.version_;
-        const EventEntry entry(timeBase_ + Timespan(0, 10000));
-        MemoryOutStream out;
-        const unsigned int n = entry.writeTimestamp(timeBase_, c.flag_, out, c.precision_);
-        EXPECT_EQ(n, out.bytes_.size());
-        EXPECT_STREQ(out.hex().cStr(), c.bytes_);
-        const Str bytes = out.str();
-        MemoryInStream in(bytes);
-        Timestamp t = timeBase_;
-        bool flag = !c.flagRead_;
-        EXPECT_TRUE(LogEntry::ReadTimestamp(t, flag, in, log_, c.precision_));
-        EXPECT_EQ(flag, c.flagRead_);
-        EXPECT_EQ((t - timeBase_).asMicros(), c.readMicros_) << c.bytes_;
+        const Str bytes = timeBytes(Timespan(0, 10000), c.flag_, c.precision_);
+        EXPECT_STREQ(bytes.asHex().cStr(), c.bytes_);
+        EXPECT_EQ(timeOf(bytes, c.precision_), std::make_pair(c.readMicros_, c.flagRead_)) << c.bytes_;
     }
+    EXPECT_EQ(timeOf(FromHex("03 71 02"), Logger::TIME_PRECISION_MICROS), std::make_pair(20000LL, true));
 }
 
 // Around 64 s and 128 s, and 2^34 and 2^35 s: the compact forms that fit there by a look at some of their bits lose the
@@ -76,40 +83,12 @@ TEST_F(LogEntryTest, EveryTimeReadsBackAsItWasWritten) {
                   {1L << 34, 0}, {-(1L << 35), 0}, {(1L << 34) - 1, 7}};
     for (const auto& delta : deltas) {
         for (const bool flag : {false, true}) {
-            const EventEntry entry(timeBase_ + Timespan(timeval{delta.seconds_, delta.micros_}));
-            MemoryOutStream out;
-            const unsigned int n = entry.writeTimestamp(timeBase_, flag, out, Logger::TIME_PRECISION_MICROS);
-            EXPECT_EQ(n, out.bytes_.size());
-            const Str bytes = out.str();
-            MemoryInStream in(bytes);
-            Timestamp t = timeBase_;
-            bool flagRead = !flag;
-            EXPECT_TRUE(LogEntry::ReadTimestamp(t, flagRead, in, log_, Logger::TIME_PRECISION_MICROS));
-            EXPECT_EQ((t - entry.getTimestamp()).asMicros(), 0) << delta.seconds_;
-            EXPECT_EQ(flagRead, flag);
+            const Timespan span(timeval{delta.seconds_, delta.micros_});
+            const Str bytes = timeBytes(span, flag, Logger::TIME_PRECISION_MICROS);
+            EXPECT_EQ(timeOf(bytes, Logger::TIME_PRECISION_MICROS), std::make_pair(span.asMicros(), flag))
+                << delta.seconds_;
         }
     }
-}
-
-TEST_F(LogEntryTest, TheSameBytesMeanTwiceTheTimeInAnOldLog) {
-    const Str bytes = FromHex("03 71 02");
-    const unsigned short versions[] = {4, 3};
-    for (const unsigned short version : versions) {
-        DirectoryEntry::CurrentLogVersion_ = version;
-        MemoryInStream in(bytes);
-        Timestamp t = timeBase_;
-        bool flag = false;
-        EXPECT_TRUE(LogEntry::ReadTimestamp(t, flag, in, log_, Logger::TIME_PRECISION_MICROS));
-        EXPECT_EQ((t - timeBase_).asMicros(), version == 3 ? 20000 : 10000);
-        EXPECT_EQ(flag, version == 3);
-    }
-}
-
-TEST_F(LogEntryTest, TypesHaveNames) {
-    EXPECT_STREQ(LogEntry::TypeToString(LogEntry::EVENT_LOG_ENTRY), "EVENT");
-    EXPECT_STREQ(LogEntry::TypeToString(LogEntry::SYSLOG_LOG_ENTRY), "SYSLOG");
-    EXPECT_STREQ(LogEntry::TypeToString(LogEntry::NOT_LOG_ENTRY), "(undefined)");
-    EXPECT_STREQ(LogEntry::TypeToString(static_cast<LogEntry::Type>(4)), "(undefined)");
 }
 
 TEST_F(LogEntryTest, TimesBefore1970OrAMonthAheadAreImpossible) {

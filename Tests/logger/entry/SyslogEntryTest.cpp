@@ -1,8 +1,7 @@
 #include "logger/entry/SyslogEntry.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <tuple>
 
 #include "EntryFixture.h"
 
@@ -50,49 +49,40 @@ TEST_F(SyslogEntryTest, BitsThatNameNoSeverityAreKept) {
 }
 
 TEST_F(SyslogEntryTest, WhatIsNoMessageIsDropped) {
-    const struct {
-        const char* bytes_;
-        Lines messages_;
-        bool error_;
-    } cases[] = {
+    const std::tuple<const char*, Lines, bool> cases[] = {
         {"BD 02 02 00", {}, false},  // an empty message is no entry
         {"BD 02", {"ERROR End of Binary File Reached while reading LogEntry Timestamp"}, false},
         {"BD 02 02", {"ERROR Encountered eof while reading Syslog entry length"}, false},
         {"BD 02 02 04 41", {"ERROR Encountered eof while reading Syslog message"}, false},
         {"DE 02 04 41 41", {"ERROR No LoggerFacility found for code 3"}, true},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(read(FromHex(c.bytes_)), nullptr);
-        EXPECT_EQ(log_.take(), c.messages_);
-        EXPECT_EQ(error_, c.error_) << c.bytes_;
+    for (const auto& [bytes, messages, error] : cases) {
+        EXPECT_EQ(read(FromHex(bytes)), nullptr);
+        EXPECT_EQ(log_.take(), messages);
+        EXPECT_EQ(error_, error) << bytes;
     }
 }
 
 // The correction that each message brings, in seconds.
 TEST_F(SyslogEntryTest, AGpsFixMovesTheTimeBase) {
-    const struct {
-        const char* text_;
-        double shift_;
-    } cases[] = {
-        {"GPS fix at: 1338553801.9", 1.5},
-        {"GPS fix at: 1338553790", -10.4},
-        {"GPS fix at: 0", 0},
-        {"GPS fix at: none", 0},
-        {"GPS fix at: inf", 0},
-        {"GPS fix at: nan", 0},
-        {"GPS fix at: 1e300", 0},
-        {"GPS fix at: -5", 0},
-        {"gps fix at: 1338553801.9", 0},
-        {"No GPS fix at: 1338553801.9", 0},
-        {"GPS fix at: ", 0},
-    };
-    for (const auto& c : cases) {
+    const std::pair<const char*, double> cases[] = {{"GPS fix at: 1338553801.9", 1.5},
+                                                    {"GPS fix at: 1338553790", -10.4},
+                                                    {"GPS fix at: 0", 0},
+                                                    {"GPS fix at: none", 0},
+                                                    {"GPS fix at: inf", 0},
+                                                    {"GPS fix at: nan", 0},
+                                                    {"GPS fix at: 1e300", 0},
+                                                    {"GPS fix at: -5", 0},
+                                                    {"gps fix at: 1338553801.9", 0},
+                                                    {"No GPS fix at: 1338553801.9", 0},
+                                                    {"GPS fix at: ", 0}};
+    for (const auto& [text, shift] : cases) {
         const Timestamp before = timeBase_ = Timestamp(1338553800, 400000);
         timeAdjust_ = Timespan(7, 0);
-        const auto entry = read(write(message(c.text_)));
-        EXPECT_NEAR((timeBase_ - before).asDouble(), c.shift_, 1e-6) << c.text_;
-        EXPECT_EQ(entry->getTimestamp(), timeBase_) << c.text_;
-        EXPECT_NEAR(timeAdjust_.asDouble(), 7 + c.shift_, 1e-6) << c.text_;
+        const auto entry = read(write(message(text)));
+        EXPECT_NEAR((timeBase_ - before).asDouble(), shift, 1e-6) << text;
+        EXPECT_EQ(entry->getTimestamp(), timeBase_) << text;
+        EXPECT_NEAR(timeAdjust_.asDouble(), 7 + shift, 1e-6) << text;
     }
 }
 
