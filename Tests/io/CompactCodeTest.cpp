@@ -26,17 +26,18 @@ static long long Decoded(const Str& bytes) {
 // From 0xC000 on they are written as signed numbers and read as unsigned ones. What is counted is the last read, and
 // the encoded length.
 TEST(CompactCodeTest, UnsignedShortsInBothDirections) {
-    const std::tuple<unsigned short, const char*, unsigned short, size_t> cases[] = {{0, "00", 0, 2},
-                                                                                     {63, "7E", 63, 2},
-                                                                                     {127, "FE", 127, 2},
-                                                                                     {128, "0102", 128, 3},
-                                                                                     {16383, "FDFF", 16383, 3},
-                                                                                     {16384, "030040", 16384, 5},
-                                                                                     {0xBFFF, "03FFBF", 0xBFFF, 5},
-                                                                                     {0xC000, "0100", 0, 3},
-                                                                                     {0xFF7F, "FDFD", 0x3F7F, 3},
-                                                                                     {0xFF80, "00", 0, 2},
-                                                                                     {65535, "FE", 127, 2}};
+    typedef std::tuple<unsigned short, const char*, unsigned short, size_t> Case;
+    const Case cases[] = {{0, "00", 0, 2},
+                          {63, "7E", 63, 2},
+                          {127, "FE", 127, 2},
+                          {128, "0102", 128, 3},
+                          {16383, "FDFF", 16383, 3},
+                          {16384, "030040", 16384, 5},
+                          {0xBFFF, "03FFBF", 0xBFFF, 5},
+                          {0xC000, "0100", 0, 3},
+                          {0xFF7F, "FDFD", 0x3F7F, 3},
+                          {0xFF80, "00", 0, 2},
+                          {65535, "FE", 127, 2}};
     for (const auto& [written, hex, read, counted] : cases) {
         MemoryOutStream out;
         EXPECT_EQ(Str(hex), (out.writeUShortCompact(written), out.hex())) << written;
@@ -63,17 +64,18 @@ TEST(CompactCodeTest, TheWideFormBringsBackEveryUnsignedShort) {
 }
 
 TEST(CompactCodeTest, LongLongsInTheLogsBytes) {
-    const std::pair<long long, const char*> cases[] = {{0, "00"},
-                                                       {63, "7E"},
-                                                       {-64, "80"},
-                                                       {64, "0101"},
-                                                       {-65, "FDFE"},
-                                                       {8191, "FD7F"},
-                                                       {8192, "030001"},
-                                                       {-8192, "0180"},
-                                                       {20, "28"},
-                                                       {LLONG_MAX, "FFFFFFFFFFFFFFFF7F"},
-                                                       {LLONG_MIN, "FF0000000000000080"}};
+    typedef std::pair<long long, const char*> Case;
+    const Case cases[] = {{0, "00"},
+                          {63, "7E"},
+                          {-64, "80"},
+                          {64, "0101"},
+                          {-65, "FDFE"},
+                          {8191, "FD7F"},
+                          {8192, "030001"},
+                          {-8192, "0180"},
+                          {20, "28"},
+                          {LLONG_MAX, "FFFFFFFFFFFFFFFF7F"},
+                          {LLONG_MIN, "FF0000000000000080"}};
     for (const auto& [value, hex] : cases) EXPECT_EQ(Str(hex), Encoded(value).asHex()) << value;
 }
 

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -8,23 +7,17 @@
 
 #include "io/FileInStream.h"
 #include "io/FileOutStream.h"
+#include "support/TempDir.h"
 
-// Each test has a file name of its own, which is gone afterwards.
 class FileStreamTest : public testing::Test {
 protected:
-    FileStreamTest() { remove(path()); }
-    ~FileStreamTest() override { remove(path()); }
-
     const char* path() const { return path_.c_str(); }
-    void write(const char* text) const { FileOutStream(path(), false, false) << text; }
-    std::string content() const {
-        FileInStream in(path());
-        char buf[64];
-        return std::string(buf, in.read(buf, sizeof(buf)).bytesRead());
-    }
+    void write(const char* text) const { dir_.write("file", text); }
+    std::string content() const { return dir_.read("file"); }
 
 private:
-    const std::string path_ = testing::TempDir() + "FileStreamTest-" + std::to_string(getpid());
+    const TempDir dir_;
+    const std::string path_ = dir_.path("file");
 };
 
 TEST_F(FileStreamTest, OpensToReplaceToAppendAndToUpdate) {

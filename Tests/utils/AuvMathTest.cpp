@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <climits>
 #include <cmath>
 #include <utility>
@@ -78,16 +77,6 @@ TEST(AuvMathTest, PointsInAreas) {
     EXPECT_TRUE(AreaContains(3.5f, 2, 5, x, y));
     EXPECT_FALSE(AreaContains(2, 2, 5, x, y));
     EXPECT_FALSE(AreaContains(0, 0, 0, x, y));
-}
-
-TEST(AuvMathTest, AnglesAndUnitVectorsAreInverse) {
-    std::array<double, 3> v;
-    float azimuth, elevation;
-    AzimuthAndElevationToUnitVector(-3.0f, 0.7f, v);
-    UnitVectorToAzimuthAndElevation(v, azimuth, elevation);
-    EXPECT_NEAR(std::cos(0.7) * std::sin(-3.0), v[1], 1e-6);
-    EXPECT_NEAR(-3, azimuth, 1e-5);
-    EXPECT_NEAR(0.7, elevation, 1e-5);
 }
 
 // The check values that were published with the formulas.

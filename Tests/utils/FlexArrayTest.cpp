@@ -2,11 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "support/Counted.h"
-
-class NeverDefined;
 
 // Whether it is in place is seen by address only.
 static int Items[64];
@@ -45,8 +41,7 @@ TEST(FlexArrayTest, NegativeIndicesCountFromTheEnd) {
 
 TEST(FlexArrayTest, TheUsedRangeBeginsAtTheLowestIndex) {
     FlexArray<int*> array;
-    array.set(5, &Items[5]);
-    array.set(7, &Items[7]);
+    for (const int i : {5, 7}) array.set(static_cast<unsigned int>(i), &Items[i]);
     EXPECT_EQ(5, array.getMinIndex());
     EXPECT_EQ(3u, array.size());
     EXPECT_EQ(7, array.find(&Items[7]));
@@ -78,18 +73,4 @@ TEST(FlexArrayTest, OwnedItemsAreDeletedOnce) {
     array.push(new Counted[3]);
     array.clear();
     EXPECT_EQ(0, Counted::Live_);
-}
-
-TEST(FlexArrayTest, TheUntypedArrayStartsWithoutSlotsAndReleasesWithFree) {
-    FlexArrayBase array(true, 4, 16);
-    array.set(6, malloc(1));
-    EXPECT_EQ(1u, array.size());
-    EXPECT_EQ(nullptr, array.peek(16));
-}
-
-TEST(FlexArrayTest, BorrowedItemsMayBeOfAnUnknownClass) {
-    FlexArray<const NeverDefined*> array;
-    array.push(reinterpret_cast<const NeverDefined*>(Items));
-    array.clear();
-    EXPECT_TRUE(array.isEmpty());
 }

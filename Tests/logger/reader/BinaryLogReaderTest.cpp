@@ -15,6 +15,12 @@ protected:
         reader_->setInStream(*in_);
         while (!in_->eof() && !reader_->hasError()) reader_->read();
     }
+    // A message at the time base, at most 63 bytes long.
+    static Str message(const Str& text) {
+        Str bytes = FromHex("0E 02");
+        bytes.pushBack(static_cast<unsigned char>(text.length() << 1));
+        return bytes + text;
+    }
 
     std::unique_ptr<MemoryInStream> in_;  // outlives the reader
     std::unique_ptr<BinaryLogReader> reader_;
@@ -55,17 +61,14 @@ TEST_F(BinaryLogReaderTest, AMissionPassesFromItsStartMarkerToItsStopMarker) {
     const char* const running = "18 76 04 03 00 00";
     const char* const stopped = "18 78 04 00 00 00";
     const char* const preempted = "18 7A 04 FF FF FF";
-    const char* const message = "0E 52 0A 68 65 6C 6C 6F";
+    const char* const hello = "0E 52 0A 68 65 6C 6C 6F";
     mission_ = "Depth";
     Str bytes = WorkedLogBytes(0, WORKED_CYCLE + 1);
-    for (const char* entry : {message, running, message, preempted, stopped, message, running}) bytes += FromHex(entry);
+    for (const char* entry : {hello, running, hello, preempted, stopped, hello, running}) bytes += FromHex(entry);
     read(bytes);
-    ASSERT_EQ(lines_.size(), 5u);
-    EXPECT_NE(lines_[0].find("Running Loop=3"), std::string::npos);
-    EXPECT_NE(lines_[1].find("hello"), std::string::npos);
-    EXPECT_NE(lines_[2].find("Preempted"), std::string::npos);
-    EXPECT_NE(lines_[3].find("Stopped"), std::string::npos);
-    EXPECT_NE(lines_[4].find("Running Loop=3"), std::string::npos);
+    const char* const parts[] = {"Running Loop=3", "hello", "Preempted", "Stopped", "Running Loop=3"};
+    ASSERT_EQ(lines_.size(), std::size(parts));
+    for (size_t i = 0; i < lines_.size(); ++i) EXPECT_NE(lines_[i].find(parts[i]), std::string::npos) << lines_[i];
 }
 
 TEST_F(BinaryLogReaderTest, AnImpossibleTimeIsAnErrorAndForgetsTheTimeBase) {
@@ -77,10 +80,8 @@ TEST_F(BinaryLogReaderTest, AnImpossibleTimeIsAnErrorAndForgetsTheTimeBase) {
 
 // A message "GPS fix at: " 1.5 s after the time at which the vehicle logged it, then the cycle start again.
 TEST_F(BinaryLogReaderTest, AFixShiftsWhatFollowsAndIsCarried) {
-    const Str fix("GPS fix at: 1338553801.9");
-    Str bytes = WorkedLogBytes(0, WORKED_CYCLE + 1) + FromHex("0E 02");
-    bytes.pushBack(static_cast<unsigned char>(fix.length() << 1));
-    bytes += fix + WORKED_LOG[WORKED_CYCLE].toBytes();
+    const Str bytes =
+        WorkedLogBytes(0, WORKED_CYCLE + 1) + message("GPS fix at: 1338553801.9") + WORKED_LOG[WORKED_CYCLE].toBytes();
     read(bytes);
     EXPECT_EQ(lines_.back(), "2012-06-01T12:30:01.900Z,1338553801.900000 START_CYCLE");
     EXPECT_NEAR(reader_->getTimeAdjust().asDouble(), 1.5, 1e-6);
@@ -90,21 +91,15 @@ TEST_F(BinaryLogReaderTest, AFixShiftsWhatFollowsAndIsCarried) {
 }
 
 TEST_F(BinaryLogReaderTest, AFixThatLeadsOutOfBoundsIsTakenBack) {
-    const Str fix("GPS fix at: 1e11");
-    Str bytes = WorkedLogBytes(0, WORKED_CYCLE + 1) + FromHex("0E 02");
-    bytes.pushBack(static_cast<unsigned char>(fix.length() << 1));
-    read(bytes + fix);
+    read(WorkedLogBytes(0, WORKED_CYCLE + 1) + message("GPS fix at: 1e11"));
     EXPECT_TRUE(reader_->hasError());
     EXPECT_EQ(reader_->getTimeAdjust(), Timespan::ZERO_TIMESPAN);
 }
 
 // As after an impossible time. The fix itself is a time to go on from, up to the next cycle start.
 TEST_F(BinaryLogReaderTest, AFixWithoutATimeBaseIsNoCorrection) {
-    const Str fix("GPS fix at: 1338553801.9");
-    Str bytes = WorkedLogBytes(0, WORKED_LOG_DIRECTORY) + FromHex("0E 02");
-    bytes.pushBack(static_cast<unsigned char>(fix.length() << 1));
-    bytes += fix + FromHex("0E 02 04 68 69") + WORKED_LOG[WORKED_CYCLE].toBytes();
-    read(bytes);
+    read(WorkedLogBytes(0, WORKED_LOG_DIRECTORY) + message("GPS fix at: 1338553801.9") + message("hi") +
+         WORKED_LOG[WORKED_CYCLE].toBytes());
     ASSERT_EQ(lines_.size(), WORKED_LOG_DIRECTORY + 3);
     EXPECT_EQ(lines_[WORKED_LOG_DIRECTORY + 1], "2012-06-01T12:30:01.900Z,1338553801.900 [Depth](INFO): hi");
     EXPECT_EQ(lines_.back(), workedLines()[WORKED_CYCLE]);

@@ -20,13 +20,23 @@ protected:
         return log.getOpenError().cStr();
     }
     std::string write(const std::string& name, const Str& bytes) { return dir_.write(name, stringOf(bytes)); }
-    // The worked log in three pieces.
-    static Str piece(int i) {
-        return i == 0 ? WorkedLogBytes(0, WORKED_LOG_DIRECTORY)
-                      : (i == 1 ? WorkedLogBytes(WORKED_LOG_DIRECTORY, 7) : WorkedLogBytes(7));
+    void setPriorities(const std::vector<const char*>& words) {
+        for (const char* word : words) priorities_.push(word);
+        FileLogReader::SetPriorityList(&priorities_);
+    }
+    // As if no log had been read.
+    void forget() {
+        lines_.clear();
+        Slate::ClearDirectory();
+        DirectoryEntry::CurrentLogVersion_ = 8;
     }
     // Each byte is the header of an access that nobody declared.
     static Str junk(size_t n) { return std::string(n, '\x54').c_str(); }
+
+    // The worked log in three pieces.
+    const Str pieces_[3] = {WorkedLogBytes(0, WORKED_LOG_DIRECTORY), WorkedLogBytes(WORKED_LOG_DIRECTORY, 7),
+                            WorkedLogBytes(7)};
+    FlexArray<const char*> priorities_;
 };
 
 TEST_F(FileLogReaderTest, ASingleFileIsReadToItsEnd) {
@@ -45,16 +55,12 @@ TEST_F(FileLogReaderTest, PartsAreFoundUnderTheirOtherNamesToo) {
         {"slate0007", "slate0008", "slate0020"},  // holes shorter than twenty numbers
         {"Express0000", "slate0001", "slate0003"},
     };
-    const char* words[] = {"Courier", "Express"};
-    FlexArray<const char*> priorities;
-    for (const char* word : words) priorities.push(word);
-    FileLogReader::SetPriorityList(&priorities);
+    setPriorities({"Courier", "Express"});
     for (const auto& layout : layouts) {
-        for (int i = 0; i < 3; ++i) write(layout[i], piece(i));
+        for (int i = 0; i < 3; ++i) write(layout[i], pieces_[i]);
         readLog("slate");
         EXPECT_EQ(lines_, workedLines()) << layout[1];
-        lines_.clear();
-        Slate::ClearDirectory();
+        forget();
         for (const char* name : layout) std::filesystem::remove(dir_.path(name));
     }
 }
@@ -67,10 +73,7 @@ TEST_F(FileLogReaderTest, AnEmptyPartGivesWayToItsBackup) {
 }
 
 TEST_F(FileLogReaderTest, ASideFileHasNoPriorityNames) {
-    const char* word = "Courier";
-    FlexArray<const char*> priorities;
-    priorities.push(word);
-    FileLogReader::SetPriorityList(&priorities);
+    setPriorities({"Courier"});
     write("Courier0000", WorkedLogBytes());
     EXPECT_EQ(readLog("slate.dir"), "No such file or directory");
     EXPECT_EQ(lines_, Lines());
@@ -87,7 +90,7 @@ TEST_F(FileLogReaderTest, WhatIsNoFileSaysWhy) {
 
 TEST_F(FileLogReaderTest, DamageOfAnyLengthIsSteppedOverAndReportedOnce) {
     for (const size_t length : {1u, 19u, 20u, 21u, 1000u, 200000u}) {
-        const std::string path = write("slate", piece(0) + piece(1) + junk(length) + piece(2));
+        const std::string path = write("slate", pieces_[0] + pieces_[1] + junk(length) + pieces_[2]);
         readLog("slate");
         EXPECT_EQ(lines_, workedLines()) << length;
         const Lines messages = errors();
@@ -95,8 +98,7 @@ TEST_F(FileLogReaderTest, DamageOfAnyLengthIsSteppedOverAndReportedOnce) {
         ASSERT_EQ(messages.size(), 2 * shown + 1) << length;
         EXPECT_EQ(messages[0], "ERROR No DataAccessor found for code 0x5");
         EXPECT_EQ(messages.back(), "ERROR Skipped " + std::to_string(length) + " bytes of " + path + " from byte 0xC0");
-        lines_.clear();
-        Slate::ClearDirectory();
+        forget();
     }
 }
 
@@ -116,7 +118,7 @@ TEST_F(FileLogReaderTest, ATornLastEntrySaysWhereItBegan) {
 }
 
 TEST_F(FileLogReaderTest, AnEmptyMessageIsNoDamage) {
-    write("slate", piece(0) + piece(1) + FromHex("0E 52 00") + piece(2));
+    write("slate", pieces_[0] + pieces_[1] + FromHex("0E 52 00") + pieces_[2]);
     readLog("slate");
     EXPECT_EQ(lines_, workedLines());
     EXPECT_EQ(errors(), Lines());
@@ -130,8 +132,6 @@ TEST_F(FileLogReaderTest, EveryDamagedByteLeavesTheReaderMoving) {
         damaged.setChar(at, static_cast<char>(~whole[at]));
         write("slate", damaged);
         readLog("slate");
-        lines_.clear();
-        Slate::ClearDirectory();
-        DirectoryEntry::CurrentLogVersion_ = 8;
+        forget();
     }
 }

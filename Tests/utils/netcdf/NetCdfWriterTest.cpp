@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <tuple>
 
 #include "support/NetCdfFile.h"
 #include "support/SlateFixture.h"
@@ -50,8 +51,7 @@ TEST_F(NetCdfWriterTest, EveryDefinitionIsMadeOnce) {
     NetCdfGroup* const group = writer->addGroup("g");
     EXPECT_EQ(group, writer->addGroup("g"));
     EXPECT_EQ(nullptr, group->findVar("v"));
-    EXPECT_TRUE(writer->initialize());
-    EXPECT_TRUE(writer->initialize());
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(writer->initialize());
 }
 
 TEST_F(NetCdfWriterTest, AttributesOfEveryKindCanGrowAfterTheRecords) {
@@ -70,19 +70,14 @@ TEST_F(NetCdfWriterTest, AttributesOfEveryKindCanGrowAfterTheRecords) {
         EXPECT_TRUE(writer->finalize());
         const NetCdfFile file(path_);
         EXPECT_EQ(1000u, file.att("", "text").size());
-        EXPECT_EQ("32767", file.att("", "short"));
-        EXPECT_EQ("7", file.att("", "byte"));
-        EXPECT_EQ("1.5", file.att("", "float"));
+        EXPECT_EQ("32767 7 1.5", file.att("", "short") + " " + file.att("", "byte") + " " + file.att("", "float"));
         EXPECT_EQ(version4 ? std::vector<double>() : std::vector<double>({1}), file.numbers("Time"));
     }
 }
 
 TEST_F(NetCdfWriterTest, NumbersAreFittedToTheirType) {
-    const struct {
-        NetCdf::NetCdfType type_;
-        double value_;
-        double read_;
-    } cases[] = {
+    // The type, a number, and what the file holds of it.
+    const std::tuple<NetCdf::NetCdfType, double, double> cases[] = {
         {NetCdf::NC_BYTE_TYPE, 200.9, -56},
         {NetCdf::NC_BYTE_TYPE, NAN, NC_FILL_BYTE},
         {NetCdf::NC_UBYTE_TYPE, 257, 1},
@@ -98,20 +93,15 @@ TEST_F(NetCdfWriterTest, NumbersAreFittedToTheirType) {
     };
     const std::unique_ptr<NetCdfWriter> writer = open(true);
     const NetCdf::NetCdfDim* const time = writer->addDim("t", 0);
-    for (const auto& test : cases) {
-        const Str name = Str("v") + Str(size_t(&test - cases), 10);
-        writer->addVar(name, test.type_, time);
-    }
+    std::vector<NetCdf::NetCdfVar*> vars;
+    for (const auto& [type, value, read] : cases) vars.push_back(writer->addVar(Str(vars.size(), 10), type, time));
     ASSERT_TRUE(writer->initialize());
-    for (const auto& test : cases) {
-        EXPECT_TRUE(WriteNumber(*writer, writer->findVar(Str("v") + Str(size_t(&test - cases), 10)), test.value_));
-    }
+    for (size_t i = 0; i < vars.size(); ++i) EXPECT_TRUE(WriteNumber(*writer, vars[i], std::get<1>(cases[i])));
     EXPECT_TRUE(writer->finalize());
     const NetCdfFile file(path_);
-    for (const auto& test : cases) {
-        const std::vector<double> read = file.numbers("v" + std::to_string(&test - cases));
-        ASSERT_EQ(1u, read.size());
-        EXPECT_EQ(test.read_, read[0]) << test.type_ << " " << test.value_;
+    int index = 0;
+    for (const auto& [type, value, read] : cases) {
+        EXPECT_EQ(std::vector<double>{read}, file.numbers(std::to_string(index++))) << type << " " << value;
     }
 }
 
@@ -150,20 +140,17 @@ TEST_F(NetCdfWriterTest, ABadNameEndsDefinitionsUntilTheyAreResumed) {
 }
 
 TEST_F(NetCdfWriterTest, GroupsThatCannotBeDefined) {
-    const std::unique_ptr<NetCdfWriter> classic = open(false);
     testing::internal::CaptureStdout();
-    EXPECT_EQ(nullptr, classic->addGroup("g"));
-    EXPECT_EQ(
-        "nc_def_grp failed to define a new NetCdf group for var g with error: "
-        "Attempting a netCDF-4 operation on a netCDF-3 file (code -111).\n",
-        testing::internal::GetCapturedStdout());
+    EXPECT_EQ(nullptr, open(false)->addGroup("g"));
     const std::unique_ptr<NetCdfWriter> version4 = open(true);
     version4->addVar("taken", NetCdf::NC_INT_TYPE, version4->addDim("t", 0));
-    testing::internal::CaptureStdout();
     EXPECT_EQ(nullptr, version4->addGroup("taken"));
-    EXPECT_EQ("nc_def_grp failed to define a new NetCdf group for var taken with error: Name is in use (code -42).\n",
-              testing::internal::GetCapturedStdout());
     EXPECT_TRUE(version4->isOk());
+    EXPECT_EQ(
+        "nc_def_grp failed to define a new NetCdf group for var g with error: "
+        "Attempting a netCDF-4 operation on a netCDF-3 file (code -111).\n"
+        "nc_def_grp failed to define a new NetCdf group for var taken with error: Name is in use (code -42).\n",
+        testing::internal::GetCapturedStdout());
 }
 
 TEST_F(NetCdfWriterTest, RecordsOutsideDataModeStopTheFile) {
@@ -176,9 +163,6 @@ TEST_F(NetCdfWriterTest, RecordsOutsideDataModeStopTheFile) {
         "writeRecord #0, var#1 (name=\"Time\", value=null), write 0 error: "
         "NetCDF: Operation not allowed in define mode\n",
         testing::internal::GetCapturedStdout());
-    EXPECT_EQ(
-        std::vector<std::string>({"ERROR Failed to write " + path_ + ": NetCDF: Operation not allowed in define mode"}),
-        log_.take());
-    EXPECT_FALSE(writer->initialize());
-    EXPECT_FALSE(writer->finalize());
+    EXPECT_EQ(Lines{"ERROR Failed to write " + path_ + ": NetCDF: Operation not allowed in define mode"}, log_.take());
+    EXPECT_FALSE(writer->initialize() || writer->finalize());
 }
