@@ -4,33 +4,35 @@
 
 #include "logger/writer/LogWriter.h"
 
-// A writer that notes each call in a journal that the test keeps, and writes one letter, or as many as told, an entry.
+// A writer that notes each call, after its name, in a journal that the test keeps, and writes one letter, or as many as
+// told, an entry.
 class JournalWriter : public LogWriter {
 public:
-    explicit JournalWriter(std::string& journal, unsigned int bytesPerEntry = 1)
-        : journal_(journal), bytesPerEntry_(bytesPerEntry) {}
-    ~JournalWriter() override { journal_ += "deleted "; }
+    explicit JournalWriter(std::string& journal, unsigned int bytesPerEntry = 1, const std::string& name = "")
+        : journal_(journal), bytesPerEntry_(bytesPerEntry), name_(name) {}
+    ~JournalWriter() override { note("deleted"); }
 
     unsigned int writeHeader() override {
-        journal_ += "header ";
+        note("header");
         put('<', 1);
         return 1;
     }
     unsigned int write(const LogEntry*, const Unit* unit) override {
-        journal_ += unit == nullptr ? "entry " : std::string("entry in ") + unit->getName() + " ";
+        note(unit == nullptr ? "entry" : std::string("entry in ") + unit->getName());
         put('.', bytesPerEntry_);
         return bytesPerEntry_;
     }
-    void endCycle() override { journal_ += "endCycle "; }
+    void endCycle() override { note("endCycle"); }
     unsigned int writeFooter() override {
-        journal_ += "footer ";
+        note("footer");
         put('>', 1);
         return 1;
     }
-    void config(Logger&) override { journal_ += "config "; }
-    void resetInputs() override { journal_ += "resetInputs "; }
+    void config(Logger&) override { note("config"); }
+    void resetInputs() override { note("resetInputs"); }
 
 private:
+    void note(const std::string& what) { journal_ += name_ + what + " "; }
     void put(char c, unsigned int count) {
         const std::string text(count, c);
         if (isValid()) logStream_->write(text.data(), text.size());
@@ -38,4 +40,5 @@ private:
 
     std::string& journal_;  // borrowed
     const unsigned int bytesPerEntry_;
+    const std::string name_;
 };

@@ -30,10 +30,7 @@ TEST(SynthOptionsTest, TakesEveryOption) {
 }
 
 TEST(SynthOptionsTest, RefusesWithTheReason) {
-    const struct {
-        std::vector<std::string> words_;
-        const char* reason_;
-    } refused[] = {
+    const std::pair<std::vector<std::string>, const char*> refused[] = {
         {{}, "OUT, the name of the log, is missing"},
         {{"a", "b"}, "only one OUT can be written, but 'b' is the second"},
         {{"--sed", "1", "a"}, "there is no option '--sed'"},
@@ -42,11 +39,11 @@ TEST(SynthOptionsTest, RefusesWithTheReason) {
         {{"--version", "2", "a"}, "--version takes a whole number from 3 to 8, not '2'"},
         {{"--damage", "3x", "a"}, "--damage takes a whole number from 0 to 1000000, not '3x'"},
     };
-    for (const auto& r : refused) {
+    for (const auto& [words, reason] : refused) {
         SynthOptions options;
         Str error;
-        EXPECT_EQ(Request::REFUSE, Parse(r.words_, options, error)) << r.reason_;
-        EXPECT_STREQ(r.reason_, error.cStr());
+        EXPECT_EQ(Request::REFUSE, Parse(words, options, error)) << reason;
+        EXPECT_STREQ(reason, error.cStr());
     }
 }
 

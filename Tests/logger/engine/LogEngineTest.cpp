@@ -4,86 +4,62 @@
 
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/SyslogEntry.h"
-#include "support/Counted.h"
+#include "logger/rule/EntryRules.h"
+#include "support/JournalWriter.h"
 
-typedef std::vector<std::string> Calls;
+namespace {
 
-// Notes every call, with its name, in a list that it shares with other writers.
-class NamedWriter : public LogWriter, private Counted {
+// Tells a logger something once, from inside a write.
+class EchoWriter : public JournalWriter {
 public:
-    NamedWriter(const char* name, Calls& calls) : name_(name), calls_(calls) {}
-    ~NamedWriter() override { note("end"); }
-
-    unsigned int write(const LogEntry* entry, const Unit*) override {
-        note(LogEntry::TypeToString(entry->getType()));
-        if (echo_ != nullptr) {
-            echo_->syslog("again", Syslog::INFO);
-            echo_ = nullptr;
-        }
-        return 1;
+    EchoWriter(std::string& journal, const Logger& logger) : JournalWriter(journal), logger_(&logger) {}
+    unsigned int write(const LogEntry* entry, const Unit* unit) override {
+        if (const Logger* const logger = std::exchange(logger_, nullptr)) logger->syslog("again", Syslog::INFO);
+        return JournalWriter::write(entry, unit);
     }
-    void endCycle() override { note("endCycle"); }
-    unsigned int writeFooter() override {
-        note("footer");
-        return 0;
-    }
-    void resetInputs() override { note("reset"); }
-
-    const Logger* echo_ = nullptr;  // told once, from inside a write
 
 private:
-    void note(const char* what) { calls_.push_back(name_ + " " + what); }
-
-    const std::string name_;
-    Calls& calls_;
-};
-
-class TypeOnly : public Rule, private Counted {
-public:
-    explicit TypeOnly(LogEntry::Type type) : type_(type) {}
-    bool check(const LogEntry* entry) override { return entry->getType() == type_; }
-    Str toString() const override { return "type"; }
-
-private:
-    const LogEntry::Type type_;
+    const Logger* logger_;  // borrowed
 };
 
 class LogEngineTest : public ::testing::Test {
 protected:
-    NamedWriter* writer(const char* name) { return new NamedWriter(name, calls_); }
-    Calls take() { return std::exchange(calls_, {}); }
+    JournalWriter* writer(const char* name) { return new JournalWriter(calls_, 1, name); }
+    static Rule* only(LogEntry::Type type) { return new TypeRule(type); }
+    std::string take() { return std::exchange(calls_, ""); }
 
-    Calls calls_;
+    std::string calls_;
     const CodedStr facility_{"GPS"};
     EventEntry cycle_{Timestamp(100, 0)};
     SyslogEntry message_{"hi", Syslog::INFO, facility_, Timestamp(100, 0)};
 };
 
+}  // namespace
+
 TEST_F(LogEngineTest, EntriesAreOfferedInOrderWhereTheRuleHolds) {
     LogEngine engine;
-    engine.addAssociation(writer("a"), nullptr);
-    engine.addAssociation(writer("b"), new TypeOnly(LogEntry::SYSLOG_LOG_ENTRY));
+    engine.addAssociation(writer("a:"), nullptr);
+    engine.addAssociation(writer("b:"), only(LogEntry::SYSLOG_LOG_ENTRY));
     engine.processEntry(&cycle_);
+    EXPECT_EQ("a:entry ", take());
     engine.processEntry(&message_);
-    EXPECT_EQ(take(), (Calls{"a EVENT", "a SYSLOG", "b SYSLOG"}));
+    EXPECT_EQ("a:entry b:entry ", take());
 }
 
 TEST_F(LogEngineTest, ACycleStartEndsTheCycleOfThoseThatGotSomething) {
     LogEngine engine;
-    engine.addAssociation(writer("a"), new TypeOnly(LogEntry::SYSLOG_LOG_ENTRY));
-    engine.addAssociation(writer("b"), new TypeOnly(LogEntry::DATA_LOG_ENTRY));
+    engine.addAssociation(writer("a:"), only(LogEntry::SYSLOG_LOG_ENTRY));
+    engine.addAssociation(writer("b:"), only(LogEntry::DATA_LOG_ENTRY));
     engine.processEntry(&message_);
-    engine.processEntry(&cycle_);
-    engine.processEntry(&cycle_);
-    EXPECT_EQ(take(), (Calls{"a SYSLOG", "a endCycle"}));
+    for (int i = 0; i < 2; ++i) engine.processEntry(&cycle_);
+    EXPECT_EQ("a:entry a:endCycle ", take());
 }
 
 TEST_F(LogEngineTest, InactiveWritersAndRulesBlock) {
-    LogAssociation association(writer("a"), new TypeOnly(LogEntry::SYSLOG_LOG_ENTRY));
+    LogAssociation association(writer(""), only(LogEntry::SYSLOG_LOG_ENTRY));
     EXPECT_FALSE(association.matchAndProcess(nullptr));
     association.getWriter()->deactivate();
     EXPECT_FALSE(association.matchAndProcess(&message_));
@@ -92,47 +68,43 @@ TEST_F(LogEngineTest, InactiveWritersAndRulesBlock) {
     EXPECT_FALSE(association.matchAndProcess(&message_));
     association.getRule()->activate();
     EXPECT_TRUE(association.matchAndProcess(&message_));
-    EXPECT_EQ(take(), Calls{"a SYSLOG"});
+    EXPECT_EQ("entry ", take());
 }
 
 TEST_F(LogEngineTest, EveryFooterComesBeforeTheFirstEndAndOnlyOnce) {
     LogEngine engine;
-    engine.addAssociation(writer("a"), new TypeOnly(LogEntry::SYSLOG_LOG_ENTRY));
-    engine.addAssociation(writer("b"), nullptr);
+    for (const char* name : {"a:", "b:"}) engine.addAssociation(writer(name), nullptr);
     engine.resetInputs();
     engine.uninitialize();
     engine.uninitialize();
-    EXPECT_EQ(take(), (Calls{"a reset", "b reset", "a footer", "b footer", "a end", "b end"}));
-    EXPECT_EQ(Counted::Live_, 0);
+    EXPECT_EQ("a:resetInputs b:resetInputs a:footer b:footer a:deleted b:deleted ", take());
 }
 
 TEST_F(LogEngineTest, ASharedWriterLivesUntilItsLastHolderIsGone) {
-    NamedWriter* shared = writer("a");
+    JournalWriter* shared = writer("a:");
     shared->addParent();
     {
         LoggerAssociationDeque associations;
         associations.add(shared, nullptr);
-        LogAssociation* const second = associations.add(writer("b"), nullptr);
+        LogAssociation* const second = associations.add(writer("b:"), nullptr);
         second->setWriter(shared);
-        EXPECT_EQ(take(), Calls{"b end"});
+        EXPECT_EQ("b:deleted ", take());
         associations.remove(shared);
-        EXPECT_EQ(associations.count(), 1u);
+        EXPECT_EQ(1u, associations.count());
     }
-    EXPECT_EQ(take(), Calls{});
+    EXPECT_EQ("", take());
     LogWriter::Release(shared);
-    EXPECT_EQ(take(), Calls{"a end"});
+    EXPECT_EQ("a:deleted ", take());
 }
 
 TEST_F(LogEngineTest, MessagesWaitInTheQueueAndThoseOfTheWritersFollow) {
     LogEngine engine;
     const Logger logger("unserialize", &engine);
-    NamedWriter* const console = writer("a");
-    console->echo_ = &logger;
-    engine.addAssociation(console, nullptr);
+    engine.addAssociation(new EchoWriter(calls_, logger), nullptr);
     logger.syslog("first", Syslog::INFO);
-    EXPECT_EQ(take(), Calls{});
+    EXPECT_EQ("", take());
     engine.processQueue(Timespan::ZERO_TIMESPAN);
-    EXPECT_EQ(take(), (Calls{"a SYSLOG", "a SYSLOG"}));
+    EXPECT_EQ("entry entry ", take());
 }
 
 TEST_F(LogEngineTest, ABorrowedQueueKeepsWhatWasNotDelivered) {

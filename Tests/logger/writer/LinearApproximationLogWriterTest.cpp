@@ -20,60 +20,51 @@ TEST(LinearApproximationLogWriterTest, ACycleStartFollowsWhatItForcesOut) {
     NameList names({"A.x", "B.y"});
     EntryCollector out;
     LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, ERRORS, true, false);
-    writer.write(log.cycle(0), nullptr);
-    writer.write(log.data(a, 0.1, 0), nullptr);
-    writer.write(log.data(b, 0.2, 5), nullptr);
-    EXPECT_EQ("0.1=0 0.2=5", out.take());
-    writer.write(log.cycle(1), nullptr);  // ends the cycle of second 0
-    EXPECT_EQ("0.1=0 0.2=5 cycle 0", out.take());
-    writer.write(log.data(a, 1.1, 0), nullptr);
-    writer.write(log.data(b, 1.2, 5), nullptr);
-    writer.write(log.cycle(2), nullptr);
-    EXPECT_EQ("", out.take());  // nothing was passed on in this cycle
-    writer.write(log.data(a, 2.1, 9), nullptr);
-    writer.write(log.cycle(3), nullptr);
-    EXPECT_EQ("1.1=0 2.1=9 1.2=5 cycle 2", out.take());
+    const std::pair<LogEntry*, const char*> steps[] = {
+        {log.cycle(0), ""},
+        {log.data(a, 0.1, 0), "0.1=0"},
+        {log.data(b, 0.2, 5), "0.2=5"},
+        {log.cycle(1), "0.1=0 0.2=5 cycle 0"},  // ends the cycle of second 0
+        {log.data(a, 1.1, 0), ""},
+        {log.data(b, 1.2, 5), ""},
+        {log.cycle(2), ""},  // nothing was passed on in this cycle
+        {log.data(a, 2.1, 9), "1.1=0"},
+        {log.cycle(3), "2.1=9 1.2=5 cycle 2"}};
+    for (const auto& [entry, passedOn] : steps) {
+        writer.write(entry, nullptr);
+        EXPECT_EQ(passedOn, out.take()) << entry->toString(nullptr).cStr();
+    }
     writer.writeFooter();
     EXPECT_EQ("2.1=9 1.2=5 2.1=9 1.2=5 cycle 3", out.take());
 }
 
-TEST(LinearApproximationLogWriterTest, TextsArraysAndForcedEntriesPassUnchanged) {
-    SmallLog log;
-    DataAccess* a = log.declareText("A.text");
-    DataAccess* b = log.declare("B.y");
-    NameList names({"A.text", "B.y"});
-    EntryCollector out;
-    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, ERRORS, false, false);
-    for (int i = 0; i < 2; ++i) {
-        writer.write(log.text(a, i, "same"), nullptr);
-        writer.write(log.data(b, i, 7), nullptr);
-    }
-    writer.forceWrite(log.data(b, 1.5, 8));
-    writer.forceWrite(log.data(log.declare("C.other"), 1.5, 8));
-    writer.write(log.syslog(2, "hello"), nullptr);
-    EXPECT_EQ("0=same 0=7 1=same 1.5=8 2012-06-01T12:30:02.000Z,1338553802.000 [Mission](INFO): hello", out.take());
-    writer.writeFooter();
-    EXPECT_EQ("1=7", out.take());
-}
-
-// Codes change from input to input: nothing pending may reach the next one.
+// What is no number, and what is forced, passes unchanged. Codes change from input to input: nothing pending may reach
+// the next one.
 TEST(LinearApproximationLogWriterTest, SeriesEndWithTheirInput) {
-    NameList names({"B.y"});
+    NameList names({"A.text", "B.y"});
     EntryCollector out;
     LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, ERRORS, false, false);
     {
         SmallLog log;
+        DataAccess* a = log.declareText("A.text");
         DataAccess* b = log.declare("B.y");
-        for (int i = 0; i < 3; ++i) writer.write(log.data(b, i, 0), nullptr);
+        for (int i = 0; i < 2; ++i) {
+            writer.write(log.text(a, i, "same"), nullptr);
+            writer.write(log.data(b, i, 7), nullptr);
+        }
+        writer.forceWrite(log.data(b, 1.5, 8));
+        writer.forceWrite(log.data(log.declare("C.other"), 1.5, 8));
+        writer.write(log.syslog(2, "hello"), nullptr);
+        EXPECT_EQ("0=same 0=7 1=same 1.5=8 2012-06-01T12:30:02.000Z,1338553802.000 [Mission](INFO): hello", out.take());
         writer.resetInputs();
     }
     SmallLog log;
-    DataAccess* a = log.declare("A.x");  // has the code that B.y had
-    DataAccess* b = log.declare("B.y");
-    writer.write(log.data(a, 3, 0), nullptr);
-    writer.write(log.data(b, 4, 0), nullptr);
+    log.declare("Z.other");
+    DataAccess* other = log.declare("A.x");  // has the code that B.y had
+    writer.write(log.data(other, 3, 0), nullptr);
+    writer.write(log.data(log.declare("B.y"), 4, 0), nullptr);
     writer.writeFooter();
-    EXPECT_EQ("0=0 2=0 reset 4=0 4=0", out.take());
+    EXPECT_EQ("1=7 reset 4=0 4=0", out.take());
 }
 
 // Also of the next file: the series go on, the directory begins again.
