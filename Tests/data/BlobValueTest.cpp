@@ -5,6 +5,8 @@
 #include <climits>
 #include <cmath>
 #include <memory>
+#include <tuple>
+#include <vector>
 
 #include "data/ElementURI.h"
 
@@ -14,12 +16,8 @@ static ElementURI Name(BlobType type, const Unit& unit = Units::NONE) {
 
 // The same number as every type lays it down, and each type's limits.
 TEST(BlobValueTest, EachTypeHasItsBytesAndItsLimits) {
-    static const struct {
-        BlobType type_;
-        const char* hex_;  // of 2
-        double lowest_;    // what -1e30 is stored as
-        double highest_;   // what 1e30 is stored as
-    } TYPES[] = {
+    // The bytes of 2, and what -1e30 and 1e30 are stored as.
+    const std::tuple<BlobType, const char*, double, double> types[] = {
         {BLOB_INT8, "02", SCHAR_MIN, SCHAR_MAX},
         {BLOB_INT16LE, "0200", SHRT_MIN, SHRT_MAX},
         {BLOB_INT16BE, "0002", SHRT_MIN, SHRT_MAX},
@@ -40,14 +38,12 @@ TEST(BlobValueTest, EachTypeHasItsBytesAndItsLimits) {
         {BLOB_FLOAT64BE, "4000000000000000", -1e30, 1e30},
     };
     const double numbers[] = {2, -1e30, 1e30};
-    for (const auto& t : TYPES) {
-        const BlobValue blob(Units::NONE, numbers, 3, Name(t.type_));
-        double readBack[3];
-        EXPECT_TRUE(blob.copyTo(Units::NONE, readBack, 3)) << t.type_;
-        EXPECT_EQ(Str(t.hex_), blob.getValue().substr(0, BlobValue::ELEMENT_SIZE[t.type_]).asHex()) << t.type_;
-        EXPECT_EQ(2, readBack[0]) << t.type_;
-        EXPECT_EQ(t.lowest_, readBack[1]) << t.type_;
-        EXPECT_EQ(t.highest_, readBack[2]) << t.type_;
+    for (const auto& [type, hex, lowest, highest] : types) {
+        const BlobValue blob(Units::NONE, numbers, 3, Name(type));
+        std::vector<double> readBack(3);
+        EXPECT_TRUE(blob.copyTo(Units::NONE, readBack.data(), 3)) << type;
+        EXPECT_EQ(Str(hex), blob.getValue().substr(0, BlobValue::ELEMENT_SIZE[type]).asHex()) << type;
+        EXPECT_EQ(std::vector<double>({2, lowest, highest}), readBack) << type;
     }
 }
 

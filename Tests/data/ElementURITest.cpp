@@ -36,10 +36,7 @@ TEST_F(ElementURITest, JoinsComponentAndElement) {
 TEST_F(ElementURITest, RecordsByKind) {
     const ElementURI::ElementType data = ElementURI::DATA_ELEMENT;
     const Unit& none = Units::NONE;
-    const struct {
-        ElementURI uri_;
-        const char* record_;
-    } records[] = {
+    const std::pair<ElementURI, const char*> records[] = {
         {ElementURI(0x2A, "Depth.depth", data), " code=002A elementURI=\"Depth.depth\" type=02\n"},
         {ElementURI(1, "N.m", data, none, STRVALUE, BLOB_FLOAT64LE, 3, 3),
          " code=0001 elementURI=\"N.m\" type=12 blobType=11 fixedSize=0003,0003\n"},
@@ -49,13 +46,13 @@ TEST_F(ElementURITest, RecordsByKind) {
          " code=0001 elementURI=\"N.any\" type=12 blobType=01 fixedSize=0000\n"},
         {ElementURI(ElementURI::NO_CODE, "", ElementURI::UNIVERSAL_ELEMENT), " code=3FFF elementURI=\"\" type=04\n"},
     };
-    for (const auto& r : records) {
-        EXPECT_EQ(r.record_, Record(r.uri_));
-        const std::unique_ptr<ElementURI> read = ReadBack(r.record_);
-        ASSERT_NE(nullptr, read) << r.record_;
-        EXPECT_EQ(r.record_, Record(*read));
+    for (const auto& [uri, record] : records) {
+        EXPECT_EQ(record, Record(uri));
+        const std::unique_ptr<ElementURI> read = ReadBack(record);
+        ASSERT_NE(nullptr, read) << record;
+        EXPECT_EQ(record, Record(*read));
     }
-    EXPECT_EQ(3, records[2].uri_.getDimensions());
+    EXPECT_EQ(3, records[2].first.getDimensions());
     EXPECT_TRUE(log_.take().empty());
 }
 
@@ -82,26 +79,21 @@ TEST_F(ElementURITest, MalformedRecordsGiveNothing) {
 }
 
 TEST_F(ElementURITest, ImpossibleArraysKeepTheirNameOnly) {
-    static const struct {
-        const char* array_;
-        BlobType blobType_;
-        bool isReported_;
-    } ARRAYS[] = {
+    const std::tuple<std::string, BlobType, bool> arrays[] = {
+        // with whether it is reported
         {"blobType=08 fixedSize=FFFF", BLOB_UINT8, false},
         {"blobType=09 fixedSize=8000", BLOB_UINT16LE, true},
         {"blobType=11 fixedSize=FFFF,FFFF,FFFF", BLOB_FLOAT64LE, true},
         {"blobType=13 fixedSize=0001", NOT_BLOB, true},
         {"blobType=00 fixedSize=0001", NOT_BLOB, true},
-        {"blobType=FF fixedSize=FFFF,FFFF,FFFF", NOT_BLOB, true},
-    };
-    for (const auto& a : ARRAYS) {
-        const std::unique_ptr<ElementURI> uri =
-            ReadBack((std::string(" code=0007 elementURI=\"N.m\" type=12 ") + a.array_ + "\n").c_str());
-        ASSERT_NE(nullptr, uri) << a.array_;
+        {"blobType=FF fixedSize=FFFF,FFFF,FFFF", NOT_BLOB, true}};
+    for (const auto& [array, blobType, isReported] : arrays) {
+        const auto uri = ReadBack((" code=0007 elementURI=\"N.m\" type=12 " + array + "\n").c_str());
+        ASSERT_NE(nullptr, uri) << array;
         EXPECT_EQ(7, uri->getCode());
-        EXPECT_EQ(a.blobType_, uri->getBlobType()) << a.array_;
-        EXPECT_EQ(a.isReported_ ? 0 : 1, uri->getDimensions()) << a.array_;
-        EXPECT_EQ(a.isReported_ ? 1u : 0u, log_.take().size()) << a.array_;
+        EXPECT_EQ(blobType, uri->getBlobType()) << array;
+        EXPECT_EQ(isReported ? 0 : 1, uri->getDimensions()) << array;
+        EXPECT_EQ(isReported ? 1u : 0u, log_.take().size()) << array;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "data/Slate.h"
 
 #include <memory>
+#include <tuple>
 
 #include "data/BlobValue.h"
 #include "data/Component.h"
@@ -84,18 +85,14 @@ TEST_F(SlateTest, AccessesAreToldApartByWhatTheyAttach) {
 }
 
 TEST_F(SlateTest, TheDescribingAccess) {
-    static const struct {
-        unsigned short code_, element_, universal_;
-        BinaryDataType type_;
-    } ACCESSES[] = {{0, 5, 16383, NO_TYPE}, {2, 5, 16383, FLOAT3}, {3, 6, 5, NO_TYPE},
-                    {4, 7, 5, FLOAT4},      {6, 8, 9, NO_TYPE},    {7, 9, 65535, NO_TYPE}};
-    for (const auto& a : ACCESSES) RegisterAccess(a.code_, a.element_, a.universal_, a.type_);
-
-    static const struct {
-        unsigned short element_;
-        bool isUniversal_;
-        int access_;
-    } CASES[] = {
+    RegisterAccess(0, 5, 16383, NO_TYPE);
+    RegisterAccess(2, 5, 16383, FLOAT3);
+    RegisterAccess(3, 6, 5, NO_TYPE);
+    RegisterAccess(4, 7, 5, FLOAT4);
+    RegisterAccess(6, 8, 9, NO_TYPE);
+    RegisterAccess(7, 9, 65535, NO_TYPE);
+    const std::tuple<unsigned short, bool, int> cases[] = {
+        // element, whether it is a universal, access
         {5, false, 2},      // the first that knows its type
         {5, true, 4},       // of those that serve the universal
         {9, true, 6},       // none knows its type: the first
@@ -105,9 +102,9 @@ TEST_F(SlateTest, TheDescribingAccess) {
         {16383, true, -1},  // what has no universal serves none
         {65535, true, -1},
     };
-    for (const auto& c : CASES) {
-        const DataAccess* access = Slate::FindDescribingAccess(c.element_, c.isUniversal_);
-        EXPECT_EQ(c.access_, access == nullptr ? -1 : access->getCode()) << c.element_ << c.isUniversal_;
+    for (const auto& [element, isUniversal, code] : cases) {
+        const DataAccess* access = Slate::FindDescribingAccess(element, isUniversal);
+        EXPECT_EQ(code, access == nullptr ? -1 : access->getCode()) << element << isUniversal;
     }
 }
 

@@ -16,10 +16,7 @@ protected:
 }  // namespace
 
 TEST_F(NamingTest, DatesAndLinks) {
-    const struct {
-        std::vector<std::string> arguments_;
-        const char* files_;
-    } cases[] = {
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
         {{"dive"}, "dive dive_201206011230_201206011231.asc slate "},
         {{"-al", "./slate"}, "201206011230_201206011231.asc 201206011230_201206011231.log dive slate "},
         {{"-aO", "dive"}, "dive dive.asc slate "},
@@ -32,9 +29,9 @@ TEST_F(NamingTest, DatesAndLinks) {
         {{"-as", "2013-01-01T00:00:00", "dive"}, "dive dive.asc slate "},  // no entry, no dates
         {{"-ao", "stdout", "dive"}, "dive slate "},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(0, program_.run(c.arguments_).status_);
-        EXPECT_EQ(c.files_, program_.list()) << ::testing::PrintToString(c.arguments_);
+    for (const auto& [arguments, files] : cases) {
+        EXPECT_EQ(0, program_.run(arguments).status_);
+        EXPECT_EQ(files, program_.list()) << ::testing::PrintToString(arguments);
         for (const auto& entry : std::filesystem::directory_iterator(path(""))) {
             if (entry.path().filename() != "dive" && entry.path().filename() != "slate") remove(entry.path());
         }

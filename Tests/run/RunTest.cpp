@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <tuple>
 
 #include "RunFixture.h"
 #include "support/WorkedLog.h"
@@ -64,13 +65,10 @@ TEST_F(RunTest, TheTimeWindowIncludesItsBounds) {
 
 TEST_F(RunTest, ASeverityThresholdLimitsTheSyslog) {
     write("dive", DiveLog::Of(10));
-    const struct {
-        const char* letter_;
-        size_t lines_;
-    } cases[] = {{"d", 10}, {"i", 10}, {"e", 5}, {"m", 0}, {"x", 0}};
-    for (const auto& c : cases) {
-        runInSilence({"-lS", c.letter_, "dive"});
-        EXPECT_EQ(c.lines_, CountOf(read("dive.log"), "\n")) << c.letter_;
+    const std::pair<const char*, size_t> cases[] = {{"d", 10}, {"i", 10}, {"e", 5}, {"m", 0}, {"x", 0}};
+    for (const auto& [letter, lines] : cases) {
+        runInSilence({"-lS", letter, "dive"});
+        EXPECT_EQ(lines, CountOf(read("dive.log"), "\n")) << letter;
     }
 }
 
@@ -113,11 +111,8 @@ TEST_F(RunTest, InputsOfEveryKind) {
     files.write("parts0001", DiveLog::Of(3, 2));
     std::filesystem::create_directory(files.path("priority"));
     files.write("priority/Courier0000", DiveLog::Of(4));
-    const struct {
-        std::vector<std::string> arguments_;
-        const char* output_;
-        size_t messages_;
-    } cases[] = {
+    const std::tuple<std::vector<std::string>, const char*, size_t> cases[] = {
+        // with the messages in the output
         {{"-l"}, "Logs/latest/slate.log", 3},
         {{"-l", "Logs/latest"}, "Logs/latest/slate.log", 3},
         {{"-l", "parts"}, "parts.log", 5},
@@ -126,9 +121,9 @@ TEST_F(RunTest, InputsOfEveryKind) {
         {{"-lo", "both.log", "parts;Logs/latest;"}, "both.log", 8},
         {{"-lP", "c", "priority/slate"}, "priority/slate.log", 4},
     };
-    for (const auto& c : cases) {
-        run(c.arguments_);
-        EXPECT_EQ(c.messages_, CountOf(read(c.output_), "\n")) << ::testing::PrintToString(c.arguments_);
+    for (const auto& [arguments, output, messages] : cases) {
+        run(arguments);
+        EXPECT_EQ(messages, CountOf(read(output), "\n")) << ::testing::PrintToString(arguments);
     }
 }
 

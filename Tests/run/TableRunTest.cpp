@@ -84,16 +84,13 @@ TEST_F(TableRunTest, EveryRowHasItsColumns) {
     DataAccess* blob = dive.log_.declareBlob("Nav.blob", Units::METER, BLOB_FLOAT32LE, 2);
     DataAccess* number = dive.log_.declare("Nav.number");
     for (DataAccess* access : {text, blob, number}) dive.declare(access);
-    const struct {
-        const char* text_;
-        double number_;
-    } cycles[] = {{"a,b", NAN}, {"say \"a\"", INFINITY}, {"two\r\nlines", -INFINITY}, {"", 1e40}};
+    const std::pair<const char*, double> cycles[] = {
+        {"a,b", NAN}, {"say \"a\"", INFINITY}, {"two\r\nlines", -INFINITY}, {"", 1e40}};
     int second = 0;
-    for (const auto& c : cycles) {
+    for (const auto& [shown, value] : cycles) {
         dive.add(dive.log_.cycle(second));
-        dive.add(dive.log_.text(text, second, c.text_));
-        dive.add(dive.log_.data(number, second, c.number_));
-        ++second;
+        dive.add(dive.log_.text(text, second, shown));
+        dive.add(dive.log_.data(number, second++, value));
     }
     dive.add(dive.log_.blob(blob, second, std::vector<float>{1, 2}));
     EXPECT_EQ(

@@ -26,16 +26,18 @@ public:
         return all;
     }
 
-    std::vector<std::string> texts_;
-
-private:
     static std::string Number(double number) {
         char text[32];
         snprintf(text, sizeof text, "%.9g", number);
         return text;
     }
+    static std::string Seconds(const Timestamp& t) { return Number((t - SmallLog::At(0)).asDouble()); }
+
+    std::vector<std::string> texts_;
+
+private:
     static std::string textOf(const LogEntry& entry) {
-        const std::string seconds = Number((entry.getTimestamp() - SmallLog::At(0)).asDouble());
+        const std::string seconds = Seconds(entry.getTimestamp());
         if (entry.getType() == LogEntry::EVENT_LOG_ENTRY) return "cycle " + seconds;
         if (entry.getType() != LogEntry::DATA_LOG_ENTRY) return entry.toString(nullptr).cStr();
         const DataEntry& data = static_cast<const DataEntry&>(entry);

@@ -115,21 +115,17 @@ TEST_F(DataEntryTest, AnUntypedAccessTakesTheTypeOfARelatedOne) {
 
 TEST_F(DataEntryTest, WhatCannotBeReadIsDroppedWithItsMessage) {
     readAccess(1, 7, "3FFF", "\"meter\" type=0B size=0003 fl=01");  // its element is not declared
-    const struct {
-        const char* bytes_;
-        Lines messages_;
-        bool error_;
-        bool isEntry_;
-    } cases[] = {
+    const std::tuple<const char*, Lines, bool, bool> cases[] = {
+        // with whether it is an error, and an entry
         {"54 2A", {"ERROR No DataAccessor found for code 0x5", "ERROR inStream at 0x1"}, true, false},
         {"0C", {"ERROR End of Binary File Reached while reading LogEntry Timestamp"}, false, false},
         {"0C 2A 00 C0", {"ERROR End of Binary File Reached while reading DataEntry DataValue"}, false, false},
         {"14 2A 00 C0 3F", {"ERROR Could not find Element with code 0x7"}, false, true},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(read(FromHex(c.bytes_)) != nullptr, c.isEntry_) << c.bytes_;
-        EXPECT_EQ(log_.take(), c.messages_);
-        EXPECT_EQ(error_, c.error_) << c.bytes_;
+    for (const auto& [bytes, messages, isError, isEntry] : cases) {
+        EXPECT_EQ(read(FromHex(bytes)) != nullptr, isEntry) << bytes;
+        EXPECT_EQ(log_.take(), messages);
+        EXPECT_EQ(error_, isError) << bytes;
     }
 }
 
@@ -172,18 +168,14 @@ TEST_F(DataEntryTest, ANumberSetIsTheEntrysOwn) {
     entry->setNumber(Units::KILOMETER, 0.004);
     EXPECT_NEAR(entry->getNumber(Units::METER), 4, 1e-3);
     EXPECT_EQ(read<DataEntry>(FromHex(WORKED_UNCHANGED))->getNumber(Units::METER), 1.5);
-    const struct {
-        DataValue* before_;
-        double number_;
-        BinaryDataType type_;
-        const char* text_;
-    } cases[] = {{Units::METER.dataValue(7, INT4), 9, INT4, "9"},
-                 {Units::METER.dataValue(7, INT4), NAN, DOUBLE8, "nan"},
-                 {nullptr, 1500, DOUBLE8, "1500.000000"}};
-    for (const auto& c : cases) {
-        const auto made = entryOf(0, c.before_);
-        made->setNumber(Units::METER, c.number_);
-        EXPECT_EQ(made->getDataValue()->getBinaryType(), c.type_) << c.text_;
-        EXPECT_STREQ(made->getDataValueString(&Units::METER, true).cStr(), c.text_);
+    const std::tuple<DataValue*, double, BinaryDataType, const char*> cases[] = {
+        {Units::METER.dataValue(7, INT4), 9, INT4, "9"},
+        {Units::METER.dataValue(7, INT4), NAN, DOUBLE8, "nan"},
+        {nullptr, 1500, DOUBLE8, "1500.000000"}};
+    for (const auto& [before, number, type, text] : cases) {
+        const auto made = entryOf(0, before);
+        made->setNumber(Units::METER, number);
+        EXPECT_EQ(made->getDataValue()->getBinaryType(), type) << text;
+        EXPECT_STREQ(made->getDataValueString(&Units::METER, true).cStr(), text);
     }
 }

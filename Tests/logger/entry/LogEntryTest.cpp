@@ -75,18 +75,15 @@ TEST_F(LogEntryTest, TimesAreWrittenAndReadByPrecisionAndVersion) {
 // Around 64 s and 128 s, and 2^34 and 2^35 s: the compact forms that fit there by a look at some of their bits lose the
 // sign of others.
 TEST_F(LogEntryTest, EveryTimeReadsBackAsItWasWritten) {
-    const struct {
-        time_t seconds_;
-        long micros_;
-    } deltas[] = {{63, 999999},  {64, 0},          {71, 999999},       {72, 0},  {-65, 0},
-                  {-73, 0},      {85, 50496},      {127, 999},         {128, 0}, {-129, 5},
-                  {1L << 34, 0}, {-(1L << 35), 0}, {(1L << 34) - 1, 7}};
-    for (const auto& delta : deltas) {
+    const timeval deltas[] = {{63, 999999},  {64, 0},          {71, 999999},       {72, 0},  {-65, 0},
+                              {-73, 0},      {85, 50496},      {127, 999},         {128, 0}, {-129, 5},
+                              {1L << 34, 0}, {-(1L << 35), 0}, {(1L << 34) - 1, 7}};
+    for (const timeval& delta : deltas) {
         for (const bool flag : {false, true}) {
-            const Timespan span(timeval{delta.seconds_, delta.micros_});
+            const Timespan span(delta);
             const Str bytes = timeBytes(span, flag, Logger::TIME_PRECISION_MICROS);
             EXPECT_EQ(timeOf(bytes, Logger::TIME_PRECISION_MICROS), std::make_pair(span.asMicros(), flag))
-                << delta.seconds_;
+                << delta.tv_sec;
         }
     }
 }

@@ -2,26 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "support/EntryCollector.h"
 #include "support/NameList.h"
-#include "support/SmallLog.h"
 #include "utils/AuvMath.h"
 
 namespace {
 
-std::string Number(double value) {
-    char text[32];
-    snprintf(text, sizeof text, "%.9g", value);
-    return text;
-}
-
-std::string Seconds(const Timestamp& t) {
-    return Number((t - SmallLog::At(0)).asDouble());
-}
+typedef std::vector<std::string> Rows;
 
 // Each row as "time|cell|cell": "-" for a cell that was emptied, "." for one that was not touched in this row.
 class RecordingTable : public TableLogWriter {
@@ -38,26 +31,24 @@ public:
         return 1;
     }
     unsigned int writeRow() override {
-        std::string row = Seconds(lastTime_);
+        std::string row = EntryCollector::Seconds(lastTime_);
         for (std::string& cell : cells_) row += "|" + std::exchange(cell, ".");
         rows_.push_back(row + messages_);
         messages_.clear();
         return 1;
     }
 
-    std::vector<std::string> rows_;
+    Rows rows_;
 
 private:
     static std::string textOf(const DataEntry& entry) {
         if (entry.getDataValue()->getBinaryType() == STRVALUE) return entry.getDataValueString(nullptr, true).cStr();
-        return Number(entry.getNumber(Units::NONE));
+        return EntryCollector::Number(entry.getNumber(Units::NONE));
     }
 
     std::vector<std::string> cells_;
     std::string messages_;
 };
-
-typedef std::vector<std::string> Rows;
 
 TEST(TableLogWriterTest, ACycleIsARowStampedWithItsStart) {
     SmallLog log;
@@ -158,11 +149,8 @@ private:
             rows_[i].cells[column] = Cell{value, rows_[i].t, to.hold};
         }
     }
-    bool isComplete(const Row& row) const {
-        for (const auto& cell : row.cells) {
-            if (!cell) return false;
-        }
-        return true;
+    static bool isComplete(const Row& row) {
+        return std::all_of(row.cells.begin(), row.cells.end(), [](const auto& cell) { return cell.has_value(); });
     }
     void emitReady(size_t used) {
         size_t complete = used;
@@ -170,10 +158,10 @@ private:
         for (; complete > 0; --complete) emitFirst();
     }
     void emitFirst() {
-        std::string text = Seconds(rows_[0].t);
+        std::string text = EntryCollector::Seconds(rows_[0].t);
         for (int column = 0; column < columns_; ++column) {
             const auto& cell = rows_[0].cells[column];
-            text += "|" + (cell ? Number(cell->value) : isReader_[column] ? "-" : ".");
+            text += "|" + (cell ? EntryCollector::Number(cell->value) : isReader_[column] ? "-" : ".");
         }
         emitted_.push_back(text);
         lastTime_ = rows_[0].t;

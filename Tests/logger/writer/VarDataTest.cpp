@@ -5,6 +5,7 @@
 #include <cmath>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/SmallLog.h"
@@ -64,12 +65,7 @@ const double NOT_NUMBER = std::nan("");
 }  // namespace
 
 TEST(VarDataTest, KeepsWhatTheLinesNeed) {
-    const struct {
-        const char* what_;
-        float bound_;
-        std::vector<Point> points_;
-        const char* kept_;
-    } cases[] = {
+    const std::tuple<const char*, float, std::vector<Point>, const char*> cases[] = {
         {"one point", 1, {{0, 5}}, "0=5 0=5 "},
         {"a straight line", 1, {{0, 0}, {1, 2}, {2, 4}, {3, 6}}, "0=0 3=6 "},
         // (2, 9) leaves the corridor; the next sample takes its place untested
@@ -85,7 +81,7 @@ TEST(VarDataTest, KeepsWhatTheLinesNeed) {
         {"times that jump back", 1, {{5, 0}, {6, 0}, {0, 0}, {7, 0}}, "5=0 0=0 7=0 "},
         {"infinity", 1, {{0, 0}, {1, INFINITY}, {2, 0}, {3, 0}}, "0=0 1=inf 3=0 "},
     };
-    for (const auto& c : cases) EXPECT_EQ(c.kept_, Text(Thin(c.points_, c.bound_).kept_)) << c.what_;
+    for (const auto& [what, bound, points, kept] : cases) EXPECT_EQ(kept, Text(Thin(points, bound).kept_)) << what;
 }
 
 // The point is marked as best once a sample was.
