@@ -2,25 +2,15 @@
 
 Prints what differs; the last line is the number of samples compared.
 """
-import collections
 import re
 import sys
 
 import h5py
 import numpy
 
-ENTRY = re.compile(r"^[^,]+Z,(\S+) [^=<>]*?(?:==>|-->|<--)(.*?)=(.*)$")
+from dump import Dump
+
 EPOCH = 719529  # the first of January 1970 as Matlab counts days
-
-
-def samples_of(dump):
-    """By name: (seconds, text)."""
-    samples = collections.defaultdict(list)
-    for line in open(dump, encoding="utf-8", newline="\n"):
-        if match := ENTRY.match(line.rstrip("\n")):
-            time, name, text = match.groups()
-            samples[name].append((float(time), text))
-    return samples
 
 
 def leaves_of(file):
@@ -69,6 +59,6 @@ def compare(samples, path, seconds_of):
     return compared
 
 
-logged = samples_of(sys.argv[1])
+logged = Dump(sys.argv[1]).samples
 count = compare(logged, sys.argv[2], lambda days: (days - EPOCH) * 86400)
 print(count + compare(logged, sys.argv[3], lambda seconds: seconds))

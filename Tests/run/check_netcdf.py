@@ -1,17 +1,16 @@
 """Compares a .nc and a .nc4 with the text dump of the same log, value for value: check_netcdf.py DUMP NC NC4
 
-The text dump shows every entry; from it the series of each variable and the rows of the table are built anew.
+From the dump the series of each variable and the rows of the table are built anew.
 Prints what differs; the last line is the number of values compared.
 """
-import collections
 import re
 import sys
 
 import netCDF4
 import numpy
 
-ENTRY = re.compile(r"^\S+Z,(\S+) [^=<>]*?(==>|-->|<--)(.*?)=(.*)$")
-ACCESS = re.compile(r"^ACCESSOR .* element=(\w+) universal=(\w+) .*type=(\w+)")
+from dump import Dump
+
 MILLISECONDS = 6e-4  # dumped with three decimals
 compared = 0
 
@@ -29,36 +28,6 @@ def same(what, found, expected, absolute=0.0):
         differ(what, found.shape, expected.shape)
     elif not numpy.allclose(found, expected, rtol=1e-6, atol=max(6e-7, absolute), equal_nan=True):
         differ(what, found, expected)
-
-
-class Dump:
-    """What the log says: samples of each name as (time, text), and the order of everything."""
-
-    def __init__(self, path):
-        self.samples = collections.defaultdict(list)
-        self.rows = []  # per cycle: its time and the latest text of each name
-        self.universal_of = {}
-        elements, latest, cycle = {}, {}, None
-        for line in open(path, encoding="utf-8", errors="surrogateescape", newline="\n"):
-            line = line.rstrip("\n")
-            if line.startswith("ELEMENT "):
-                _, code, name = line.split(" ", 2)
-                elements[int(code, 16)] = name
-            elif match := ACCESS.match(line):
-                element, universal, _ = (int(text, 16) for text in match.groups())
-                if universal in elements:
-                    self.universal_of[elements[element]] = elements[universal]
-            elif line.endswith(" START_CYCLE"):
-                if cycle is not None:
-                    self.rows.append((cycle, dict(latest)))
-                cycle = float(line.split()[0].split(",")[1])
-            elif match := ENTRY.match(line):
-                time, arrow, name, text = match.groups()
-                for known in [name] + [self.universal_of.get(name)] * (arrow == "==>"):
-                    if known:
-                        self.samples[known].append((float(time), text))
-                        latest[known] = text
-        self.rows.append((cycle, dict(latest)))
 
 
 def number(text):
