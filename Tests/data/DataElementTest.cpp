@@ -26,7 +26,7 @@ TEST_F(DataElementTest, ReadsWhatWasWrittenWhileItsSupplierIsActive) {
     DataReader* reader = Slate::NewReader(&pilot_, Named("Sensor.depth"));
     double depth = 0;
     EXPECT_FALSE(reader->read(Units::METER, depth));
-    EXPECT_EQ(std::vector<std::string>{"ERROR Sensor.depth: data element is not active."}, log_.take());
+    EXPECT_EQ(Lines{"ERROR Sensor.depth: data element is not active."}, log_.take());
 
     EXPECT_TRUE(writer->write(Units::KILOMETER, 0.5, T));
     EXPECT_FALSE(writer->write(Units::METER, 500, T)) << "the same value again";
@@ -38,6 +38,7 @@ TEST_F(DataElementTest, ReadsWhatWasWrittenWhileItsSupplierIsActive) {
     sensor_.setActive(false);
     EXPECT_TRUE(std::isnan(reader->asDouble(Units::METER)));
     sensor_.setActive(true);
+    EXPECT_EQ(500, reader->asDouble(Units::METER));
     writer->getElement()->setInvalid(true);
     EXPECT_TRUE(std::isnan(reader->asDouble(Units::METER)));
     writer->write(Units::METER, 1, T);

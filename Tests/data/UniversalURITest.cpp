@@ -2,6 +2,7 @@
 
 #include <set>
 #include <string>
+#include <tuple>
 
 #include "support/SlateFixture.h"
 #include "units/UnitRegistry.h"
@@ -23,29 +24,24 @@ TEST_F(UniversalURITest, EveryStandardNameIsBuiltWithItsUnitBeforeMain) {
 }
 
 TEST_F(UniversalURITest, FixedForms) {
-    static const struct {
-        const UniversalURI& uri_;
-        const char* name_;
-        const Unit& unit_;
-        BinaryDataType type_;
-        BlobType blobType_;
-        int size1_, size2_;
-    } FORMS[] = {
-        {UniversalURI::ACOUSTIC_CONTACT_DIRECTION_VF, "acoustic_contact_direction_vehicle_frame", Units::NONE, STRVALUE,
+    const Unit& none = Units::NONE;
+    const Unit& unspecified = ElementURI::UNSPECIFIED_UNIT;
+    // The name, the unit, and of an array its dimensions.
+    const std::tuple<const UniversalURI&, const char*, const Unit&, BinaryDataType, BlobType, int, int> forms[] = {
+        {UniversalURI::ACOUSTIC_CONTACT_DIRECTION_VF, "acoustic_contact_direction_vehicle_frame", none, STRVALUE,
          BLOB_FLOAT64LE, 3, 0},
-        {UniversalURI::PLATFORM_ORIENTATION_MATRIX, "platform_orientation_matrix", Units::NONE, STRVALUE,
-         BLOB_FLOAT64LE, 3, 3},
+        {UniversalURI::PLATFORM_ORIENTATION_MATRIX, "platform_orientation_matrix", none, STRVALUE, BLOB_FLOAT64LE, 3,
+         3},
         {UniversalURI::LOCATION_FIX, "location_fix", Units::DEGREE, STRVALUE, BLOB_FLOAT64LE, 2, 0},
         {UniversalURI::LATITUDE, "latitude", Units::DEGREE, DOUBLE6, NOT_BLOB, 0, 0},
         {UniversalURI::DEPTH, "depth", Units::METER, NO_TYPE, NOT_BLOB, 0, 0},
-        {UniversalURI::PLATFORM_COURSE, "platform_course", ElementURI::UNSPECIFIED_UNIT, NO_TYPE, NOT_BLOB, 0, 0},
-    };
-    for (const auto& form : FORMS) {
-        EXPECT_STREQ(form.name_, form.uri_.cStr());
-        EXPECT_EQ(&form.unit_, &form.uri_.getUnit()) << form.name_;
-        EXPECT_EQ(form.type_, form.uri_.getBinaryType()) << form.name_;
-        EXPECT_EQ(form.blobType_, form.uri_.getBlobType()) << form.name_;
-        EXPECT_TRUE(form.size1_ == form.uri_.getDimension1() && form.size2_ == form.uri_.getDimension2()) << form.name_;
+        {UniversalURI::PLATFORM_COURSE, "platform_course", unspecified, NO_TYPE, NOT_BLOB, 0, 0}};
+    for (const auto& [uri, name, unit, type, blobType, size1, size2] : forms) {
+        EXPECT_STREQ(name, uri.cStr());
+        EXPECT_EQ(&unit, &uri.getUnit()) << name;
+        EXPECT_EQ(type, uri.getBinaryType()) << name;
+        EXPECT_EQ(blobType, uri.getBlobType()) << name;
+        EXPECT_TRUE(size1 == uri.getDimension1() && size2 == uri.getDimension2()) << name;
     }
 }
 

@@ -9,7 +9,7 @@
 namespace {
 
 std::string Python(const std::string& arguments) {
-    return OutputOf(SCIENCE_PYTHON " " + arguments + " 2>&1");
+    return OutputOf(SCIENCE_PYTHON " -B " + arguments + " 2>&1");
 }
 
 typedef RunFixture NetCdfRunTest;

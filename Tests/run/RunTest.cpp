@@ -126,11 +126,3 @@ TEST_F(RunTest, InputsOfEveryKind) {
         EXPECT_EQ(messages, CountOf(read(output), "\n")) << ::testing::PrintToString(arguments);
     }
 }
-
-TEST_F(RunTest, SameInputSameBytes) {
-    write("dive", DiveLog::Of(50));
-    runInSilence({"-abl", "dive"});
-    const std::string first = read("dive.asc") + read("dive.bin") + read("dive.log");
-    runInSilence({"-abl", "dive"});
-    EXPECT_EQ(first, read("dive.asc") + read("dive.bin") + read("dive.log"));
-}

@@ -45,12 +45,12 @@ public:
     }
 
     // Declarations; each gives the access that data entries are made with, owned by the Slate.
-    DataAccess* declare(const char* name, const Unit& unit = Units::NONE, BinaryDataType type = DOUBLE8) {
-        return declareAccess(componentOf(name), declareElement(name), DataAccess::NO_CODE, unit, type);
+    DataAccess* declare(const char* name, const Unit& unit = Units::NONE, BinaryDataType type = DOUBLE8,
+                        ElementURI::ElementType kind = ElementURI::DATA_ELEMENT) {
+        return declareAccess(componentOf(name), declareElement(name, kind), DataAccess::NO_CODE, unit, type);
     }
     DataAccess* declareSetting(const char* name, const Unit& unit = Units::NONE, BinaryDataType type = DOUBLE8) {
-        const ElementURI* element = declareElement(name, ElementURI::SETTING_ELEMENT);
-        return declareAccess(componentOf(name), element, DataAccess::NO_CODE, unit, type);
+        return declare(name, unit, type, ElementURI::SETTING_ELEMENT);
     }
     DataAccess* declareText(const char* name) { return declare(name, Units::NONE, STRVALUE); }
     DataAccess* declareBlob(const char* name, const Unit& unit, BlobType blobType, unsigned short dimension1 = 0,

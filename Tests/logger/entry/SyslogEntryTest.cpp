@@ -85,12 +85,3 @@ TEST_F(SyslogEntryTest, AGpsFixMovesTheTimeBase) {
         EXPECT_NEAR(timeAdjust_.asDouble(), 7 + shift, 1e-6) << text;
     }
 }
-
-TEST_F(SyslogEntryTest, AFixIsIgnoredWhenNoCorrectionIsToBeMade) {
-    timeAdjust_ = Timespan::INVALID_TIMESPAN;
-    const Timestamp before = timeBase_;
-    const auto entry = read(write(message("GPS fix at: 1338553801.9")));
-    EXPECT_EQ(entry->getTimestamp(), before);
-    EXPECT_EQ(timeBase_, before);
-    EXPECT_EQ(timeAdjust_, Timespan::INVALID_TIMESPAN);
-}

@@ -39,13 +39,6 @@ protected:
     FlexArray<const char*> priorities_;
 };
 
-TEST_F(FileLogReaderTest, ASingleFileIsReadToItsEnd) {
-    write("slate", WorkedLogBytes());
-    EXPECT_EQ(readLog("slate"), "");
-    EXPECT_EQ(lines_, workedLines());
-    EXPECT_EQ(errors(), Lines());
-}
-
 // What stands in the directory for the three pieces.
 TEST_F(FileLogReaderTest, PartsAreFoundUnderTheirOtherNamesToo) {
     const char* const layouts[][3] = {

@@ -145,14 +145,3 @@ TEST_F(HDF5LogWriterTest, ANameMayBecomeKnownLaterAndAnotherInputGoesOn) {
     EXPECT_EQ("double{1,1}: 1", file.show("A/first/value"));
     EXPECT_EQ("double{1,2}: 2 3", file.show("A/second/value"));
 }
-
-TEST_F(HDF5LogWriterTest, TheHeaderTellsTheTimeOfTheFirstSample) {
-    DataAccess* depth = log_.declare("Depth.depth");
-    write(true, {"Depth.depth"}, {log_.data(depth, 61, 1)});
-    const std::string text =
-        "MATLAB 7.3 MAT-file, Platform: GLNXA64, Created on: Fri Jun  1 12:31:01 2012 HDF5 schema 1.00 .";
-    const std::string bytes = dir_.read("file.mat");
-    EXPECT_EQ(text + std::string(116 - text.size(), ' ') + std::string(8, '\0') + std::string("\0\2IM", 4) +
-                  std::string(384, '\0') + "\x89HDF",
-              bytes.substr(0, 516));
-}

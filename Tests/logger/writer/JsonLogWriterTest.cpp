@@ -12,13 +12,10 @@ class JsonLogWriterTest : public testing::Test {
 protected:
     // The document that the writer makes of the entries, and a line feed.
     std::string document(std::initializer_list<const char*> names, const std::vector<const LogEntry*>& entries,
-                         std::initializer_list<const char*> units = {},
-                         std::initializer_list<const char*> settings = {}, bool formatted = false) {
+                         std::initializer_list<const char*> units = {}, bool formatted = false) {
         log_.endDirectory();
-        NameList nameList(names), unitList(units), settingList(settings);
-        JsonLogWriter writer(formatted, nameList.count(), nameList.list(),
-                             unitList.count() == 0 ? nullptr : unitList.list(), settingList.count(),
-                             settingList.list());
+        NameList nameList(names), unitList(units);
+        JsonLogWriter writer(formatted, nameList.count(), nameList.list(), unitList.listOrNull(), 0, nullptr);
         return written(writer, entries);
     }
     std::string written(JsonLogWriter& writer, const std::vector<const LogEntry*>& entries) {
@@ -55,7 +52,7 @@ TEST_F(JsonLogWriterTest, NamesNestAndSamplesStandBesideTheirTimes) {
         "\t\t\t\t\"value\":\t[150, -25],\n\t\t\t\t\"units\":\t\"cm\",\n"
         "\t\t\t\t\"time\":\t[1338553800000, 1338553802000]\n"
         "\t\t\t}\n\t\t}\n\t}\n}\n",
-        document({"a.b.c"}, entries, {"centimeter"}, {}, true));
+        document({"a.b.c"}, entries, {"centimeter"}, true));
 }
 
 TEST_F(JsonLogWriterTest, NumbersHaveTheDigitsThatTheyNeed) {

@@ -56,13 +56,12 @@ TEST(TableLogWriterTest, ACycleIsARowStampedWithItsStart) {
     NameList names({"A.x", "A.absent"});
     log.endDirectory();
     RecordingTable table(names, false);
-    table.write(log.data(a, 0, 1), nullptr);  // before the first cycle: belongs to the first row
-    table.write(log.cycle(1), nullptr);
-    table.write(log.data(a, 1.1, 2), nullptr);
-    table.write(log.data(a, 1.2, 3), nullptr);
-    table.write(log.cycle(2), nullptr);
-    table.write(log.running("A", 2.1, 1), nullptr);
-    table.write(log.cycle(3), nullptr);
+    for (const LogEntry* entry :
+         std::initializer_list<LogEntry*>{log.data(a, 0, 1),  // before the first cycle: belongs to the first row
+                                          log.cycle(1), log.data(a, 1.1, 2), log.data(a, 1.2, 3), log.cycle(2),
+                                          log.running("A", 2.1, 1), log.cycle(3)}) {
+        table.write(entry, nullptr);
+    }
     EXPECT_EQ((Rows{"1|3|.", "2|.|."}), table.rows_);
 }
 
