@@ -1,7 +1,6 @@
 #include "data/ElementURI.h"
 
 #include <memory>
-#include <string>
 #include <tuple>
 
 #include "support/MemoryStreams.h"

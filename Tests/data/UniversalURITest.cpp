@@ -1,7 +1,6 @@
 #include "data/UniversalURI.h"
 
 #include <set>
-#include <string>
 #include <tuple>
 
 #include "support/SlateFixture.h"

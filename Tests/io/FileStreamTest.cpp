@@ -3,7 +3,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <string>
 
 #include "io/FileInStream.h"
 #include "io/FileOutStream.h"

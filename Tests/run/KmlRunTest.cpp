@@ -1,5 +1,3 @@
-#include <cmath>
-
 #include "RunFixture.h"
 
 // The tracks of small logs, whole and as other programs read them.

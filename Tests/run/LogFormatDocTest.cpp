@@ -1,8 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <fstream>
 #include <sstream>
-#include <string>
 
 #include "logger/engine/LogEngine.h"
 #include "logger/reader/BinaryLogReader.h"

@@ -1,5 +1,3 @@
-#include <cmath>
-
 #include "RunFixture.h"
 #include "support/FileSizeLimit.h"
 #include "support/NetCdfFile.h"

@@ -1,5 +1,3 @@
-#include <cmath>
-
 #include "RunFixture.h"
 
 // The tables of small logs, whole.

@@ -1,8 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <memory>
 #include <set>
-#include <string>
 
 #include "data/DataAccess.h"
 #include "logger/entry/DataEntry.h"

@@ -1,7 +1,5 @@
 #include "logger/entry/DataEntry.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <tuple>
 

@@ -1,7 +1,5 @@
 #include "logger/reader/BinaryLogReader.h"
 
-#include <gtest/gtest.h>
-
 #include "ReaderFixture.h"
 #include "support/MemoryStreams.h"
 

@@ -1,7 +1,5 @@
 #include "logger/reader/FileLogReader.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
 #include "ReaderFixture.h"

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "ReaderFixture.h"
 #include "logger/reader/FileLogReader.h"
 

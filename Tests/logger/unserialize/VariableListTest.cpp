@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
-#include <string>
 
 #include "support/SmallLog.h"
 

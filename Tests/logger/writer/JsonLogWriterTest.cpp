@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "support/MemoryStreams.h"
 #include "support/NameList.h"
 #include "support/SmallLog.h"

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <string>
-
 #include "logger/writer/KmlDocument.h"
 #include "support/MemoryStreams.h"
 #include "support/SmallLog.h"

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "support/CapturedLog.h"
 #include "support/EntryCollector.h"
 

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <string>
-
 #include "logger/writer/BinaryLogWriter.h"
 #include "support/EntryCollector.h"
 #include "support/MemoryStreams.h"

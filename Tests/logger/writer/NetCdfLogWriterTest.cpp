@@ -1,7 +1,5 @@
 #include "logger/writer/NetCdfLogWriter.h"
 
-#include <cmath>
-
 #include "NetCdfOutputFixture.h"
 
 namespace {

@@ -1,7 +1,5 @@
 #include "logger/writer/NetCdfTableLogWriter.h"
 
-#include <cmath>
-
 #include "NetCdfOutputFixture.h"
 
 namespace {

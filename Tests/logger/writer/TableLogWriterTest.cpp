@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <optional>
 #include <random>
-#include <string>
-#include <vector>
 
 #include "support/EntryCollector.h"
 #include "support/NameList.h"

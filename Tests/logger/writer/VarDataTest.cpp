@@ -2,11 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <random>
-#include <string>
 #include <tuple>
-#include <vector>
 
 #include "support/SmallLog.h"
 

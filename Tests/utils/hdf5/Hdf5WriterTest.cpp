@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <string>
 
 #include "support/FileSizeLimit.h"
 #include "support/Hdf5Reader.h"

@@ -1,7 +1,5 @@
 #include "utils/netcdf/NetCdfWriter.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
 #include <memory>
