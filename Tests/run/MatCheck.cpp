@@ -4,25 +4,19 @@
 #include <matio.h>
 
 #include <cstdio>
+#include <map>
 #include <string>
 
 namespace {
 
 const char* ClassName(matio_classes type) {
-    switch (type) {
-        case MAT_C_DOUBLE:
-            return "double";
-        case MAT_C_CHAR:
-            return "char";
-        case MAT_C_CELL:
-            return "cell";
-        case MAT_C_STRUCT:
-            return "struct";
-        case MAT_C_EMPTY:
-            return "empty";
-        default:
-            return "other";
-    }
+    static const std::map<matio_classes, const char*> NAMES = {{MAT_C_DOUBLE, "double"},
+                                                               {MAT_C_CHAR, "char"},
+                                                               {MAT_C_CELL, "cell"},
+                                                               {MAT_C_STRUCT, "struct"},
+                                                               {MAT_C_EMPTY, "empty"}};
+    const auto found = NAMES.find(type);
+    return found == NAMES.end() ? "other" : found->second;
 }
 
 size_t ElementCount(const matvar_t& variable) {

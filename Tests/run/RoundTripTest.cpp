@@ -30,19 +30,13 @@ protected:
     }
 };
 
-bool IsOfDirectory(const std::string& line) {
-    for (const char* kind : {"VERSION ", "NAME ", "ELEMENT ", "ACCESSOR "}) {
-        if (line.rfind(kind, 0) == 0) return true;
-    }
-    return false;
-}
-
 // The lines of a text dump that are not about the directory.
 std::string WithoutDirectory(const std::string& text) {
     std::istringstream in(text);
     std::string kept;
     for (std::string line; std::getline(in, line);) {
-        if (!IsOfDirectory(line)) kept += line + "\n";
+        const std::string kind = line.substr(0, line.find(' '));
+        if (kind != "VERSION" && kind != "NAME" && kind != "ELEMENT" && kind != "ACCESSOR") kept += line + "\n";
     }
     return kept;
 }

@@ -14,20 +14,6 @@ protected:
     MemoryOutStream out_;
 };
 
-// A series of files is written by one writer: each must be readable without the one before.
-TEST_F(BinaryLogWriterTest, EachHeaderStartsANewTimeBase) {
-    BinaryLogWriter writer(out_, true);
-    EXPECT_EQ(8U, writer.writeHeader());
-    EXPECT_EQ("*v 0008\n", out_.bytes_);
-    writer.write(log_.data(depth_, 0.01, 1.5), nullptr);
-    const std::string withoutCycle = out_.bytes_;
-    writer.write(log_.cycle(0), nullptr);
-    out_.clear();
-    writer.writeHeader();
-    writer.write(log_.data(depth_, 0.01, 1.5), nullptr);
-    EXPECT_EQ(withoutCycle, out_.bytes_);
-}
-
 TEST_F(BinaryLogWriterTest, TheTraceShowsTextAndTypes) {
     BinaryLogWriter writer(false, true);
     writer.setOutStream(out_);

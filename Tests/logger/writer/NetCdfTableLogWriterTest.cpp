@@ -25,7 +25,8 @@ protected:
 
 }  // namespace
 
-// A row a cycle, at the start of the cycle; a column keeps its value; the last cycle is written at the end.
+// A row a cycle, at the start of the cycle; a column keeps its value; what comes before the first cycle belongs to it,
+// and the last one is written at the end.
 TEST_F(NetCdfTableLogWriterTest, ARowPerCycle) {
     DataAccess* const depth = log_.declareServing("depth", "Depth.depth", Units::METER, FLOAT3);
     DataAccess* const speed = log_.declareServing("platform_speed_wrt_ground", "Nav.speed", Units::METER_PER_SECOND);
@@ -33,15 +34,16 @@ TEST_F(NetCdfTableLogWriterTest, ARowPerCycle) {
     DataAccess* const text = log_.declareText("Nav.text");
     log_.endDirectory();
     write({"Depth.depth", "depth", "Nav.speed", "Nav:log/count", "Nav.text", "Nav/log:count"},
-          {log_.cycle(0), log_.bestData(depth, 0.1, 1.5), log_.cycle(1), log_.data(speed, 1.1, 2.25),
-           log_.data(count, 1.2, 60000), log_.text(text, 1.3, "hi"), log_.cycle(2), log_.data(depth, 2.1, 3)},
+          {log_.data(count, -1, 7), log_.cycle(0), log_.bestData(depth, 0.1, 1.5), log_.cycle(1),
+           log_.data(speed, 1.1, 2.25), log_.data(count, 1.2, 9), log_.data(count, 1.2, 60000),
+           log_.text(text, 1.3, "hi"), log_.running("Nav", 1.4, 1), log_.cycle(2), log_.data(depth, 2.1, 3)},
           {nullptr, "kilometer", nullptr, nullptr, nullptr, nullptr});
     EXPECT_EQ("", printed_);
     const NetCdfFile file(path_);
     EXPECT_EQ(Numbers({At(0), At(1), At(2)}), file.numbers("Time"));
     EXPECT_EQ(Numbers({1.5, 1.5, 3}), file.numbers("Depth.depth"));
     EXPECT_TRUE(std::isnan(file.numbers("Nav.speed").at(0)));
-    EXPECT_EQ(Numbers({0, 60000, 60000}), file.numbers("Nav.log.count"));
+    EXPECT_EQ(Numbers({7, 60000, 60000}), file.numbers("Nav.log.count"));
     EXPECT_EQ(NC_FLOAT, file.type("Depth.depth"));
     EXPECT_EQ(NC_DOUBLE, file.type("Nav.speed"));
     EXPECT_EQ(NC_INT, file.type("Nav.log.count"));

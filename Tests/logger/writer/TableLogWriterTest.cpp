@@ -48,21 +48,6 @@ private:
     std::string messages_;
 };
 
-TEST(TableLogWriterTest, ACycleIsARowStampedWithItsStart) {
-    SmallLog log;
-    DataAccess* a = log.declare("A.x");
-    NameList names({"A.x", "A.absent"});
-    log.endDirectory();
-    RecordingTable table(names, false);
-    for (const LogEntry* entry :
-         std::initializer_list<LogEntry*>{log.data(a, 0, 1),  // before the first cycle: belongs to the first row
-                                          log.cycle(1), log.data(a, 1.1, 2), log.data(a, 1.2, 3), log.cycle(2),
-                                          log.running("A", 2.1, 1), log.cycle(3)}) {
-        table.write(entry, nullptr);
-    }
-    EXPECT_EQ((Rows{"1|3|.", "2|.|."}), table.rows_);
-}
-
 TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
     SmallLog log;
     DataAccess* a = log.declare("A.x");
