@@ -2,8 +2,6 @@
 
 // Logs that are torn or overwritten in places: the run ends as always, and what is whole is read.
 
-namespace {
-
 class DamageTest : public RunFixture {
 protected:
     // The lines of text that a log gives.
@@ -13,8 +11,6 @@ protected:
         return CountOf(read("dive.asc"), "\n");
     }
 };
-
-}  // namespace
 
 TEST_F(DamageTest, ALogCutAnywhereGivesTheEntriesBeforeTheCut) {
     const std::string whole = DiveLog::Of(1);

@@ -5,8 +5,6 @@
 
 // Inputs that cannot be read and outputs that cannot be written: one message each, and the run ends as always.
 
-namespace {
-
 class FailureTest : public RunFixture {
 protected:
     FailureTest() {
@@ -18,8 +16,6 @@ protected:
         EXPECT_EQ("(ERROR): " + message + "\n", MessagesIn(run(arguments))) << ::testing::PrintToString(arguments);
     }
 };
-
-}  // namespace
 
 TEST_F(FailureTest, Inputs) {
     expectMessage("No entry was read from missing: No such file or directory", {"missing"});

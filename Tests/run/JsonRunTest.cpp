@@ -4,16 +4,12 @@
 
 // The JSON of whole logs, as other programs read it.
 
-namespace {
-
 class JsonRunTest : public RunFixture {
 protected:
     std::string jq(const std::string& filter, const std::string& file) const {
         return OutputOf("jq -c '" + filter + "' " + path(file) + " 2>&1");
     }
 };
-
-}  // namespace
 
 TEST_F(JsonRunTest, EverySampleOfADiveIsInTheDocument) {
     synthesize("--minutes 1");

@@ -5,15 +5,11 @@
 
 // The .mat and .h5 files of whole logs, as other programs read them.
 
-namespace {
-
 class MatlabRunTest : public RunFixture {
 protected:
     // How another library reads dive.mat.
     std::string shown() const { return OutputOf(MATCHECK_PROGRAM " " + path("dive.mat")); }
 };
-
-}  // namespace
 
 TEST_F(MatlabRunTest, EveryValueOfADiveIsInBothFiles) {
     synthesize("--minutes 4");

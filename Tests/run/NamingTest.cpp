@@ -4,16 +4,12 @@
 
 // How whole runs name what they make. Every log here lasts from 12:30 to 12:31.
 
-namespace {
-
 class NamingTest : public RunFixture {
 protected:
     NamingTest() {
         for (const char* log : {"slate", "dive"}) write(log, DiveLog::Of(65));
     }
 };
-
-}  // namespace
 
 TEST_F(NamingTest, DatesAndLinks) {
     const std::pair<std::vector<std::string>, const char*> cases[] = {

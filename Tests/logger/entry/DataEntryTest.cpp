@@ -7,12 +7,8 @@
 #include "data/BlobValue.h"
 #include "units/Units.h"
 
-class DataEntryTest : public EntryFixture {
+class DataEntryTest : public WorkedFixture {
 protected:
-    void SetUp() override {
-        EntryFixture::SetUp();
-        readDirectory();
-    }
     // An access of component 0 on the element with that code; rest: unit, type, size and flags of its record.
     void readAccess(int code, int element, const char* universal, const char* rest) {
         char record[160];

@@ -42,3 +42,12 @@ protected:
     Timespan timeAdjust_ = Timespan::ZERO_TIMESPAN;
     bool error_ = false;
 };
+
+// With the directory of the worked log.
+class WorkedFixture : public EntryFixture {
+protected:
+    void SetUp() override {
+        EntryFixture::SetUp();
+        readDirectory();
+    }
+};

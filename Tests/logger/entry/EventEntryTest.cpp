@@ -5,13 +5,7 @@
 #include "EntryFixture.h"
 #include "data/Component.h"
 
-class EventEntryTest : public EntryFixture {
-protected:
-    void SetUp() override {
-        EntryFixture::SetUp();
-        readDirectory();
-    }
-};
+typedef WorkedFixture EventEntryTest;
 
 // Every event 10 ms after the time base, as bytes and as text after the stamp.
 TEST_F(EventEntryTest, EventsWriteReadAndPrint) {

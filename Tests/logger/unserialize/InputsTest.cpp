@@ -7,8 +7,6 @@
 
 #include "support/TempDir.h"
 
-namespace {
-
 class InputsTest : public ::testing::Test {
 protected:
     InputsTest() {
@@ -30,8 +28,6 @@ protected:
     TempDir directory_;
     RunSettings settings_;
 };
-
-}  // namespace
 
 TEST_F(InputsTest, SpecificationsAreSplitAndResolved) {
     // The specification, its inputs, and what outputs are named after.

@@ -6,8 +6,6 @@
 
 #include "support/SmallLog.h"
 
-namespace {
-
 class VariableListTest : public ::testing::Test {
 protected:
     // What the Slate's directory adds, as "name unit" for each variable.
@@ -32,8 +30,6 @@ protected:
     VariableList list_;
     OutputVariables variables_;
 };
-
-}  // namespace
 
 TEST_F(VariableListTest, VariablesAndUniversalsInTheOrderOfCodes) {
     log_.declareServing("depth", "Depth.depth", Units::METER);

@@ -5,8 +5,6 @@
 #include "support/CapturedLog.h"
 #include "support/EntryCollector.h"
 
-namespace {
-
 class LinearApproxLogWriterTest : public ::testing::Test {
 protected:
     Lines complaints() { return captured_.take(); }
@@ -17,8 +15,6 @@ protected:
     SmallLog log_;
     DataAccess* depth_ = log_.declare("Depth.depth", Units::METER);
 };
-
-}  // namespace
 
 TEST_F(LinearApproxLogWriterTest, ThinsWithinTheBoundAndFlushesWhatIsPending) {
     LinearApproxLogWriter writer(out_, "Depth.depth", Units::CENTIMETER.dataValue(50.0, DOUBLE8), false, logger_);

@@ -2,8 +2,6 @@
 
 #include "NetCdfOutputFixture.h"
 
-namespace {
-
 class NetCdfLogWriterTest : public NetCdfOutputFixture {
 protected:
     LogWriter* newWriter(NameList& names, NameList& units, NameList& settings) override {
@@ -11,8 +9,6 @@ protected:
                                    settings.count(), settings.list());
     }
 };
-
-}  // namespace
 
 // Every sample, at its own time, in the component's group.
 TEST_F(NetCdfLogWriterTest, EveryNameHasItsOwnTimeAxis) {

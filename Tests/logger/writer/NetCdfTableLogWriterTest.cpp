@@ -2,8 +2,6 @@
 
 #include "NetCdfOutputFixture.h"
 
-namespace {
-
 class NetCdfTableLogWriterTest : public NetCdfOutputFixture {
 protected:
     LogWriter* newWriter(NameList& names, NameList& units, NameList& settings) override {
@@ -22,8 +20,6 @@ protected:
         }
     }
 };
-
-}  // namespace
 
 // A row a cycle, at the start of the cycle; a column keeps its value; what comes before the first cycle belongs to it,
 // and the last one is written at the end.
