@@ -1,7 +1,6 @@
 #include "data/ScalarValue.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <climits>
 #include <cmath>
@@ -202,17 +201,4 @@ TEST(ScalarValueTest, Text) {
     EXPECT_EQ(Str("1.500000 m"), Double(Units::METER, 1.5, true).toString());
     EXPECT_EQ(Str("-7 count"), Int(Units::COUNT, -7, true).toString());
     EXPECT_EQ(Str("nan"), Float(Units::METER, -std::nanf(""), true).toString(Units::METER));
-}
-
-class Widened : public Double {
-    double field_ = 0;
-};
-
-TEST(ScalarValueDeathTest, AClassWithMoreFieldsDoesNotFitThePool) {
-    const auto request = [] {
-        dup2(STDERR_FILENO, STDOUT_FILENO);
-        delete new Widened;
-    };
-    EXPECT_EXIT(request(), testing::ExitedWithCode(1),
-                "Aborting: Requested [0-9]+ bytes for a [0-9]+ byte Double DataValue");
 }

@@ -44,13 +44,6 @@ TEST_F(NamingTest, EarlierResultsGoOnlyWhereTheDirectoryIsNamed) {
     EXPECT_TRUE(files.has("dive_201206011230_201206011231.asc"));
 }
 
-TEST_F(NamingTest, WhatWasSavedIsTold) {
-    const std::string out = program_.run({"-ay", "./dive"}).out_;
-    EXPECT_NE(std::string::npos, out.find("(INFO): Saved ./dive_201206011230_201206011231.asc\n"));
-    EXPECT_NE(std::string::npos, out.find("(INFO): Symlink: ./dive.asc\n"));
-    EXPECT_EQ("", program_.run({"-qay", "./dive"}).out_);
-}
-
 TEST_F(NamingTest, OutputsThatShareOneName) {
     const std::string out = run({"-alo", "out", "dive"});
     EXPECT_EQ(1u, CountOf(out, "(ERROR): Several outputs are written to out\n"));

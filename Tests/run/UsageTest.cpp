@@ -14,8 +14,10 @@ TEST(UsageTest, NoArgumentsShowHowToUseTheProgram) {
 TEST(UsageTest, SeveralInputsWithoutAnOutputNameTouchNothing) {
     Program program;
     program.files().write("a.asc", "kept");
-    for (const char* const inputs : {"a;b", "a\nb"}) {
-        const Outcome outcome = program.run({"-a", inputs});
+    const std::vector<std::string> lines[] = {
+        {"-a", "a;b"}, {"-a", "a\nb"}, {"-a", "a;b", "-o"}, {"-a", "a;b", "-o", ""}};
+    for (const auto& arguments : lines) {
+        const Outcome outcome = program.run(arguments);
         EXPECT_EQ(254, outcome.status_);
         EXPECT_EQ("Must specify output name with multiple input files.\n", outcome.err_);
         EXPECT_EQ("", outcome.out_);

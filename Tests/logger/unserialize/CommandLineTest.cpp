@@ -79,11 +79,10 @@ TEST(CommandLineTest, EveryOutputHasItsLetter) {
 
 TEST(CommandLineTest, FlagsAndDefaults) {
     const Parsed bare({"-q"});
-    EXPECT_STREQ("Logs/latest/slate", bare->slateFile_.cStr());
-    EXPECT_STREQ("ORVEK", bare->vehicleName_.cStr());
     EXPECT_TRUE(bare->quiet_ && bare->appendDates_);
     EXPECT_FALSE(bare->hideUnits_ || bare->interpolate_ || bare->localTimeOnly_ || bare->symlink_ ||
                  bare->formattedJson_ || bare->minimalKml_ || bare->outputNameGiven_ || bare->priorityListGiven_);
+    EXPECT_STREQ("ORVEK", bare->vehicleName_.cStr());
     EXPECT_EQ(Syslog::ERROR, bare->textSeverity_);
     EXPECT_EQ(Syslog::DEBUG, bare->syslogSeverity_);
     EXPECT_EQ(Syslog::CRITICAL, bare->minimalKmlSeverity_);
@@ -182,14 +181,6 @@ TEST(CommandLineTest, VariablesWithTheirErrorsAndUnits) {
     for (const auto& [arguments, variables] : cases) {
         EXPECT_EQ(variables, Parsed(arguments).variables()) << ::testing::PrintToString(arguments);
     }
-}
-
-TEST(CommandLineTest, SeveralInputsNeedAnOutputName) {
-    const std::vector<std::string> unnamed[] = {{"a;b"}, {"a\nb"}, {"a;b", "-o"}, {"a;b", "-o", ""}};
-    for (const auto& arguments : unnamed) {
-        EXPECT_EQ(CommandLine::OUTPUT_NAME_MISSING, Parsed(arguments).result_) << ::testing::PrintToString(arguments);
-    }
-    EXPECT_EQ(CommandLine::RUN, Parsed({"a;b", "-o", "out"}).result_);
 }
 
 TEST(CommandLineTest, ATimeThatCannotBeReadLeavesItsBoundOpen) {
