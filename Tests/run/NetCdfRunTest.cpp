@@ -36,8 +36,8 @@ TEST_F(NetCdfRunTest, XarrayDecodesTheTimes) {
 }
 
 TEST_F(NetCdfRunTest, OctaveReadsBoth) {
-    program_.files().write("dive", DiveLog::Of(3));
-    run({"-qO", "-n", "-N", "dive"});
+    write("dive", DiveLog::Of(3));
+    run({"-n", "-N", "dive"});
     const char* const variables[][2] = {{"dive.nc", "Depth.depth"}, {"dive.nc4", "/Depth/Depth.depth"}};
     for (const auto& variable : variables) {
         const std::string at = "'" + path(variable[0]) + "', '" + variable[1] + "'";
