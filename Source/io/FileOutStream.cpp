@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstddef>
 #include <cstring>
 
 static const size_t BUFFER_BYTES = 1048576;
@@ -17,9 +18,11 @@ static const char* OpenMode(bool append, bool update) {
 }
 
 // Straight into the standard I/O buffer, as putc does inline, for more than one byte at a time. Bytes written.
-// A file that nothing was written to has no buffer yet, hence no room even for an empty text.
+// A file that nothing was written to has no room yet, and one that is flushed at each line, as a terminal, never has:
+// its pointer goes beyond the end of the room.
 static size_t Write(const char* buf, size_t n, FILE* file) {
-    if (n >= static_cast<size_t>(file->_IO_write_end - file->_IO_write_ptr)) return fwrite_unlocked(buf, 1, n, file);
+    const ptrdiff_t room = file->_IO_write_end - file->_IO_write_ptr;
+    if (room <= 0 || n >= static_cast<size_t>(room)) return fwrite_unlocked(buf, 1, n, file);
     memcpy(file->_IO_write_ptr, buf, n);
     file->_IO_write_ptr += n;
     return n;

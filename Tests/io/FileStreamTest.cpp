@@ -56,6 +56,20 @@ TEST_F(FileStreamTest, KeepsTheReasonOfTheFirstFailure) {
     EXPECT_STREQ("unknown", FileOutStream().getName());
 }
 
+// As standard output does on a terminal.
+TEST_F(FileStreamTest, WritesAFileThatIsFlushedAtEachLine) {
+    FILE* const file = fopen(path(), "wb");
+    setvbuf(file, nullptr, _IOLBF, 1024);
+    const std::string piece(100, 'p');
+    std::string text = "x";
+    {
+        FileOutStream out(file, true);
+        out << "x";
+        for (int i = 0; i < 50; ++i, text += piece) out << piece.c_str();
+    }
+    EXPECT_EQ(text, content());
+}
+
 TEST_F(FileStreamTest, ReadsShortAndLongPieces) {
     std::string text, collected;
     for (int i = 0; text.size() < 200000; ++i) text += std::to_string(i);
