@@ -3,6 +3,7 @@
 #include <string>
 
 #include "logger/writer/BinaryLogWriter.h"
+#include "support/CountOf.h"
 #include "support/MemoryStreams.h"
 #include "support/SmallLog.h"
 
@@ -53,10 +54,3 @@ private:
     DataAccess* depth_ = nullptr;  // the Slate's
     DataAccess* speed_ = nullptr;
 };
-
-// How often a text stands in another.
-inline size_t CountOf(const std::string& text, const std::string& part) {
-    size_t count = 0;
-    for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;
-    return count;
-}

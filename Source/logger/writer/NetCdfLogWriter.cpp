@@ -33,7 +33,7 @@ void NetCdfLogWriter::setBlockRecords(unsigned int records) {
 
 unsigned int NetCdfLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
-    if (netCdfWriter_ == nullptr || !initializeFilterLogWriter()) return 0;
+    if (!isValid() || !initializeFilterLogWriter()) return 0;
     if (!netCdfInitialized_ && watch_.hasChanged() && initializeNetCdf()) {
         netCdfInitialized_ = netCdfWriter_->initialize();
     }
@@ -153,17 +153,20 @@ NetCdfGroup* NetCdfLogWriter::addGroups(const Str& varName, const Str& fullName,
 // Null also where one of its names is taken: what came first keeps the place.
 NetCdf::NetCdfVar* NetCdfLogWriter::defineVariable(NetCdfGroup& group, const Str& varName, const ElementURI& name,
                                                    NetCdf::NetCdfType type) {
-    if (group.findVar(varName) != nullptr || group.findVar(varName + "_time") != nullptr) return nullptr;
-    const NetCdf::NetCdfDim* const time = group.addDim(varName + "_time", 0);
-    if (time == nullptr) return nullptr;
     const struct {
         const char* ending_;
         unsigned short size_;
-    } shape[] = {{"_M", name.getDimension1()}, {"_N", name.getDimension2()}, {"_O", name.getDimension3()}};
-    const NetCdf::NetCdfDim* dims[3] = {};
-    for (int i = 0; i < 3 && shape[i].size_ != 0; ++i)
-        dims[i] = group.addDim(varName + shape[i].ending_, shape[i].size_);
-    return group.addVar(varName, type, time, dims[0], dims[1], dims[2]);
+    } shape[] = {
+        {"_time", 0}, {"_M", name.getDimension1()}, {"_N", name.getDimension2()}, {"_O", name.getDimension3()}};
+    int count = 1;
+    while (count < NetCdf::MAX_DIMS && shape[count].size_ != 0) ++count;
+    if (!group.isFree(varName)) return nullptr;
+    for (int i = 0; i < count; ++i) {
+        if (!group.isFree(varName + shape[i].ending_)) return nullptr;
+    }
+    const NetCdf::NetCdfDim* dims[NetCdf::MAX_DIMS] = {};
+    for (int i = 0; i < count; ++i) dims[i] = group.addDim(varName + shape[i].ending_, shape[i].size_);
+    return group.addVar(varName, type, dims[0], dims[1], dims[2], dims[3]);
 }
 
 NetCdf::NetCdfVar* NetCdfLogWriter::defineTime(NetCdfGroup& group, const Str& timeName) {

@@ -32,7 +32,7 @@ unsigned int NetCdfTableLogWriter::writeHeader() {
 
 unsigned int NetCdfTableLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
-    if (netCdfWriter_ == nullptr || entry == nullptr || !initializeTableLogWriter()) return 0;
+    if (!isValid() || entry == nullptr || !initializeTableLogWriter()) return 0;
     if (!netCdfInitialized_ && watch_.hasChanged()) writeHeader();
     if (!netCdfInitialized_) return 0;
     if (entry->getType() == LogEntry::DATA_LOG_ENTRY) settings_.note(static_cast<const DataEntry&>(*entry));
@@ -81,8 +81,9 @@ void NetCdfTableLogWriter::addVar(int column, const ElementURI* name, BinaryData
     NetCdf::NetCdfVar* const var = netCdfWriter_->addVar(varName, types->inTable_, nullptr);
     if (var != nullptr) {
         vars_[column] = var;
-        var->setHolder(unit.dataValue(type));
-        holders_.push(var->dataValue_);
+        DataValue* const holder = unit.dataValue(type);
+        var->setHolder(holder);
+        holders_.push(holder);
         NetCdfConventions::Describe(*netCdfWriter_, *var, unit,
                                     NetCdfConventions::StandardName(columns_, column, universalCode), COORDINATES,
                                     columns_.name(column));

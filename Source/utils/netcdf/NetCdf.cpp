@@ -15,8 +15,8 @@ NetCdf::NetCdfVar::NetCdfVar(int varId, int nDims, const int* dimIds, NetCdfType
       nDims_(nDims),
       dimIds_(new int[nDims]),
       netCdfType_(netCdfType),
-      number_(std::numeric_limits<double>::quiet_NaN()),
-      ncId_(ncId) {
+      ncId_(ncId),
+      number_(std::numeric_limits<double>::quiet_NaN()) {
     std::copy_n(dimIds, nDims, dimIds_.get());
 }
 

@@ -50,12 +50,17 @@ public:
         NetCdfVar(int varId, int nDims, const int* dimIds, NetCdfType netCdfType, int ncId);
         ~NetCdfVar();
 
-        // Gives the variable the value that its records are made of; borrowed, not changed but through hold.
+        // Gives the variable the value that its records are made of; borrowed, and changed only through hold.
         void setHolder(DataValue* holder);
         // Makes the value the current one, as the holder can have it. Null, and what is no value there, is missing:
         // NaN, the fill value of an integer type, the empty text. Without a holder everything is missing.
         void hold(const DataValue* value);
         void hold(double number);  // in the holder's unit
+
+        // What the next record takes, unless it is missing.
+        const DataValue* dataValue() const { return dataValue_; }
+        double number() const { return number_; }  // the same in its unit; NaN: missing, or no number
+        bool isMissing() const { return isMissing_; }
 
         int varId_;
         int nDims_;                      // 1 to MAX_DIMS
@@ -64,15 +69,16 @@ public:
         bool isRecord_ = false;          // written once per record
         NetCdfType netCdfType_;
         unsigned int varIndex_ = 0;           // in the order of definition
-        DataValue* dataValue_ = nullptr;      // the holder; its content is what the next record takes
-        bool isMissing_ = true;               // the next record takes no value
-        double number_;                       // what it takes as a number, in the holder's unit; NaN: missing or none
         size_t numRecs_ = 0;                  // records written, those that are still gathered included
         int ncId_;                            // of the file or group that has it
         std::unique_ptr<NetCdfBlock> block_;  // the gathered records of a record variable
 
     private:
         void readHolder();
+
+        DataValue* dataValue_ = nullptr;  // the holder
+        bool isMissing_ = true;
+        double number_;
     };
 
     virtual ~NetCdf() {}

@@ -28,21 +28,28 @@ NetCdfWriter* NetCdfWriter::NewNetCdfWriter(const char* path, bool version4, con
 }
 
 NetCdfWriter::NetCdfWriter(const char* path, bool version4, const char* trajectoryName)
-    : filename_(path),
+    : isGroup_(false),
+      filename_(path),
       trajectoryName_(trajectoryName),
       version4_(version4),
       root_(this),
       blockRecords_(NetCdfBlock::DEFAULT_RECORDS) {
     Hdf5Library::Prepare();
     RemoveOldFile(path);
-    size_t bufferSize = 2 * ROW_ROOM;  // what is written back and forth in the records of a block stays inside
-    errno = 0;
-    if (!check(nc__create(path, version4_ ? NC_NETCDF4 : 0, 0, &bufferSize, &ncId_))) {
+    if (!create()) {
         ncId_ = -1;
         report("open");
     } else if (trajectoryName_ != nullptr) {
         defineTrajectory();
     }
+}
+
+// A failed call of the library would remove what it could not write to, be it a device.
+bool NetCdfWriter::create() {
+    errno = 0;
+    if (IsDevice(filename_.cStr())) return check(ENOTSUP);
+    size_t bufferSize = 2 * ROW_ROOM;  // what is written back and forth in the records of a block stays inside
+    return check(nc__create(filename_.cStr(), version4_ ? NC_NETCDF4 : 0, 0, &bufferSize, &ncId_));
 }
 
 void NetCdfWriter::defineTrajectory() {
@@ -74,18 +81,26 @@ static const struct {
     {-33, "Bad group id (code %d).\n"},
 };
 
-NetCdfWriter::NetCdfWriter(const char* name, int parentId)
-    : trajectoryName_(nullptr), version4_(true), root_(this), blockRecords_(NetCdfBlock::DEFAULT_RECORDS) {
-    if (check(nc_def_grp(parentId, name, &ncId_))) return;
-    ncId_ = -1;
+static void PrintGroupError(const char* name, int status) {
     printf("nc_def_grp failed to define a new NetCdf group for var %s with error: ", name);
     for (const auto& error : GROUP_ERRORS) {
-        if (error.code_ == status_) printf(error.format_, status_);
+        if (error.code_ == status) printf(error.format_, status);
     }
 }
 
+NetCdfWriter::NetCdfWriter(const char* name, int parentId)
+    : isGroup_(true),
+      trajectoryName_(nullptr),
+      version4_(true),
+      root_(this),
+      blockRecords_(NetCdfBlock::DEFAULT_RECORDS) {
+    if (check(nc_def_grp(parentId, name, &ncId_))) return;
+    ncId_ = -1;
+    PrintGroupError(name, status_);
+}
+
 NetCdfWriter::~NetCdfWriter() {
-    if (isGroup()) return;
+    if (isGroup_) return;
     finalize();
     if (ncId_ >= 0) nc_close(ncId_);
 }
@@ -103,12 +118,12 @@ bool NetCdfWriter::recover() {
     return ok_;
 }
 
-// The first failure is the one to tell. Through HDF5 the library does not know why the system refused; errno does.
+// The first failure is the one to tell. Through HDF5 the library can only guess why the system refused; errno knows.
 void NetCdfWriter::report(const char* failedTo) {
-    if (reported_ || isGroup()) return;
+    if (reported_ || isGroup_) return;
     reported_ = true;
-    const bool isSystems = status_ > 0 || status_ == NC_EHDFERR;
-    const char* const reason = isSystems && systemError_ != 0 ? strerror(systemError_) : status();
+    const bool onlyErrnoKnows = version4_ && (status_ > 0 || status_ == NC_EHDFERR) && systemError_ != 0;
+    const char* const reason = onlyErrnoKnows ? strerror(systemError_) : status();
     Slate::GetLogger().syslog(Str("Failed to ") + failedTo + " " + filename_ + ": " + reason, Syslog::ERROR);
 }
 
@@ -117,6 +132,10 @@ void NetCdfWriter::report(const char* failedTo) {
 NetCdfGroup* NetCdfWriter::addGroup(const Str& name) {
     if (!ok_) return nullptr;
     if (NetCdfGroup* const known = findGroup(name)) return known;
+    if (findDim(name) != nullptr) {
+        PrintGroupError(name.cStr(), NC_ENAMEINUSE);
+        return nullptr;
+    }
     std::unique_ptr<NetCdfGroup> group(new NetCdfGroup(name.cStr(), ncId_));
     if (!group->isOk()) return nullptr;
     group->root_ = root_;
@@ -125,11 +144,17 @@ NetCdfGroup* NetCdfWriter::addGroup(const Str& name) {
     return group.release();
 }
 
+// The variables, groups and dimensions of a NetCDF-4 group share one set of names. A dimension that comes too late, or
+// a group with the name of one, the library would take, and find out only when it lays out the file.
+bool NetCdfWriter::isFree(const Str& name) const {
+    return !version4_ || (findVar(name) == nullptr && findGroup(name) == nullptr);
+}
+
 NetCdf::NetCdfDim* NetCdfWriter::addDim(const Str& name, unsigned int size) {
     if (!ok_) return nullptr;
     if (NetCdfDim* const known = findDim(name)) return known;
     int dimId = 0;
-    if (!check(nc_def_dim(ncId_, name.cStr(), size, &dimId))) return nullptr;
+    if (!check(isFree(name) ? nc_def_dim(ncId_, name.cStr(), size, &dimId) : NC_ENAMEINUSE)) return nullptr;
     NetCdfDim* const dim = new NetCdfDim{dimId, size};
     dimArray_.push(dim);
     dims_.put(name, dim, false);
@@ -210,8 +235,9 @@ bool NetCdfWriter::setAttValue(NetCdfAtt& att, const NetCdfAttValue& value) {
 
 bool NetCdfWriter::initialize() {
     if (initialized_) return ok_;
+    errno = 0;
     // The library ends define mode once for the whole file.
-    ok_ = ok_ && initializeGroups() && (isGroup() || check(nc__enddef(ncId_, headerRoom_, 4, 0, 4)));
+    ok_ = ok_ && initializeGroups() && (isGroup_ || check(nc__enddef(ncId_, headerRoom_, 4, 0, 4)));
     if (ok_ && trajectoryVar_ != nullptr) {
         check(nc_put_var_text(ncId_, trajectoryVar_->varId_, trajectoryName_));
     }
@@ -266,7 +292,7 @@ bool NetCdfWriter::writeRecord(const Timestamp& t) {
     for (unsigned int i = 0; i < varArray_.size(); ++i) {
         NetCdfVar& var = *varArray_.at(i);
         if (!var.isRecord_) continue;
-        var.block_->addNumber(&var == timeVar_ ? t.asDouble() : var.number_);
+        var.block_->addNumber(&var == timeVar_ ? t.asDouble() : var.number());
         ++var.numRecs_;
         isFull = isFull || var.block_->isFull();
     }
@@ -277,13 +303,13 @@ bool NetCdfWriter::writeRecord(const Timestamp& t) {
 bool NetCdfWriter::writeVarRecord(NetCdfVar* var, const ElementURI* uri) {
     if (!ok_ || var == nullptr || !var->isRecord_) return false;
     const bool isArray = uri != nullptr && uri->getDimensions() > 0;
-    const BlobValue* const blob = isArray ? dynamic_cast<const BlobValue*>(var->dataValue_) : nullptr;
+    const BlobValue* const blob = isArray ? dynamic_cast<const BlobValue*>(var->dataValue()) : nullptr;
     if (blob != nullptr) {
         GatherArray(*var, *blob, *uri);
     } else if (var->netCdfType_ != NC_STRING_TYPE) {
-        var->block_->addNumber(var->number_);
+        var->block_->addNumber(var->number());
     } else {
-        var->block_->addText(var->isMissing_ ? Str() : var->dataValue_->toString());
+        var->block_->addText(var->isMissing() ? Str() : var->dataValue()->toString());
     }
     ++var->numRecs_;
     return !var->block_->isFull() || flushVarRecords(*var);
@@ -296,7 +322,7 @@ void NetCdfWriter::GatherArray(const NetCdfVar& var, const BlobValue& blob, cons
     var.block_->addUnwritten();
     for (size_t i = 0; i < count; ++i) {
         double element = std::nan("");
-        if (!var.isMissing_) blob.get(i, *blob.getUnit(), element);
+        if (!var.isMissing()) blob.get(i, *blob.getUnit(), element);
         var.block_->setElement(i, element);
     }
 }
@@ -312,7 +338,7 @@ bool NetCdfWriter::flushRecords() {
         errno = 0;
         if (!var.isRecord_ || check(var.block_->flush(var))) continue;
         printf("writeRecord #%d, var#%d (name=\"%s\", value=%s), write %g error: %s\n", static_cast<int>(numRecs_) - 1,
-               i, vars_.findKey(&var, "unknown").cStr(), TextOf(var.dataValue_).cStr(), var.block_->lastValue(),
+               i, vars_.findKey(&var, "unknown").cStr(), TextOf(var.dataValue()).cStr(), var.block_->lastValue(),
                status());
         report("write");
         return false;
@@ -324,7 +350,7 @@ bool NetCdfWriter::flushVarRecords(NetCdfVar& var) {
     errno = 0;
     if (check(var.block_->flush(var))) return true;
     printf("writeVarRecord #%zd, var#%d (value=%s, netCdfType=%d), write %g error: %s\n", var.numRecs_ - 1, var.varId_,
-           TextOf(var.dataValue_).cStr(), var.netCdfType_, var.block_->lastValue(), status());
+           TextOf(var.dataValue()).cStr(), var.netCdfType_, var.block_->lastValue(), status());
     report("write");
     return false;
 }

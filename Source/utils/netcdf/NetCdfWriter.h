@@ -47,6 +47,7 @@ public:
         return addAtt(var.atts_, var.varId_, name, value);
     }
     bool setAttValue(NetCdfAtt& att, const NetCdfAttValue& value);
+    bool isFree(const Str& name) const;  // no variable and no group stands in the way of something of that name
     // After a failed definition: true when only its own name or type was at fault, so that the file can go on.
     bool recover();
 
@@ -74,7 +75,7 @@ private:
     static const size_t CHUNK_CACHE_ROOM = 134217728;  // bytes, for all chunks of a file that are in work
     static const size_t ROW_ROOM = 524288;             // bytes of a classic file over which a block is spread
 
-    bool isGroup() const { return filename_.isEmpty(); }
+    bool create();
     bool check(int status);  // notes the status of a call of the library
     void report(const char* failedTo);
     void defineTrajectory();
@@ -91,7 +92,8 @@ private:
     bool flushVarsOf(NetCdfWriter& writer);  // and of its groups
 
     bool ok_ = true;
-    const Str filename_;        // empty for a group
+    const bool isGroup_;
+    const Str filename_;        // of a file
     unsigned int numRecs_ = 0;  // by writeRecord
     bool initialized_ = false;
     bool finalized_ = false;

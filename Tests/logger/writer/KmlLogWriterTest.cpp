@@ -3,16 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "logger/writer/KmlDocument.h"
+#include "support/CountOf.h"
 #include "support/MemoryStreams.h"
 #include "support/SmallLog.h"
 
 namespace {
-
-size_t CountOf(const std::string& text, const std::string& part) {
-    size_t count = 0;
-    for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-    return count;
-}
 
 // A writer behind the table that selects the track: it gets best values and a cycle start after them.
 class KmlLogWriterTest : public ::testing::Test {

@@ -1,6 +1,7 @@
 #include "logger/writer/NetCdfLogWriter.h"
 
 #include "NetCdfOutputFixture.h"
+#include "support/CountOf.h"
 
 class NetCdfLogWriterTest : public NetCdfOutputFixture {
 protected:
@@ -86,6 +87,27 @@ TEST_F(NetCdfLogWriterTest, NamesThatCollide) {
     const std::pair<const char*, double> places[] = {{"b/A.b.c", 1}, {"Taken", 3}, {"C/C.x_time", 5}, {"____", 8}};
     for (const auto& [place, value] : places) EXPECT_EQ(Numbers{value}, file.numbers(place)) << place;
     EXPECT_FALSE(file.has("C/C.x"));
+}
+
+// Variables, groups and dimensions share their names; a clash costs the one that comes later, never the file.
+TEST_F(NetCdfLogWriterTest, NamesOfDimensionsCollideToo) {
+    const auto sample = [this](const char* name) { return log_.data(log_.declare(name), 0, 1); };
+    const auto array = [this](const char* name) {
+        return log_.blob<double>(log_.declareBlob(name, Units::NONE, BLOB_FLOAT64LE, 1, 2), 0, {1, 2});
+    };
+    const std::initializer_list<const LogEntry*> samples = {
+        sample("A.field_N"), array("A.field"), sample("yy_time.q"),           sample("yy"), array("mat"),
+        sample("mat_M.q"),   sample("mat_N"),  sample("trajectoryNameLen.x"), sample("A"),  sample("A_time.q")};
+    log_.endDirectory();
+    write(
+        {"A.field_N", "A.field", "yy_time.q", "yy", "mat", "mat_M.q", "mat_N", "trajectoryNameLen.x", "A", "A_time.q"},
+        samples);
+    EXPECT_EQ(3u, CountOf(printed_, "Failed to add variable: ")) << printed_;
+    EXPECT_EQ(2u, CountOf(printed_, "Name is in use (code -42).\n")) << printed_;
+    const NetCdfFile file(path_);
+    for (const char* place : {"A/A.field_N", "yy_time/yy_time.q", "mat", "mat_N", "A_time/A_time.q"}) {
+        EXPECT_FALSE(file.numbers(place).empty()) << place;
+    }
 }
 
 // Values whose class is not the variable's, as another access of the same name may bring them.

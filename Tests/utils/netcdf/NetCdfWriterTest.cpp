@@ -1,6 +1,9 @@
 #include "utils/netcdf/NetCdfWriter.h"
 
+#include <sys/stat.h>
+
 #include <cmath>
+#include <filesystem>
 #include <limits>
 #include <memory>
 #include <tuple>
@@ -103,27 +106,6 @@ TEST_F(NetCdfWriterTest, NumbersAreFittedToTheirType) {
     }
 }
 
-// Blocks of any size give the same file, byte by byte.
-TEST_F(NetCdfWriterTest, BlocksDoNotShow) {
-    std::string bytes[2];
-    for (unsigned int blockRecords : {1u, 256u}) {
-        const std::unique_ptr<NetCdfWriter> writer = open(false, blockRecords);
-        const std::unique_ptr<DataValue> value(Units::NONE.dataValue(DOUBLE8));
-        NetCdf::NetCdfVar* const vars[] = {writer->addVar("i", NetCdf::NC_SHORT_TYPE, nullptr),
-                                           writer->addVar("f", NetCdf::NC_FLOAT_TYPE, nullptr)};
-        for (NetCdf::NetCdfVar* var : vars) var->setHolder(value.get());
-        ASSERT_TRUE(writer->initialize());
-        for (int i = 0; i < 1000; ++i) {
-            for (NetCdf::NetCdfVar* var : vars) var->hold(i * 0.75);
-            EXPECT_TRUE(writer->writeRecord(Timestamp(i, 0)));
-        }
-        EXPECT_TRUE(writer->finalize());
-        bytes[blockRecords == 1] = files_.read("file");
-    }
-    EXPECT_LT(1000u * 14, bytes[0].size());
-    EXPECT_TRUE(bytes[0] == bytes[1]);
-}
-
 // Everything that can go wrong.
 
 TEST_F(NetCdfWriterTest, ABadNameEndsDefinitionsUntilTheyAreResumed) {
@@ -149,6 +131,18 @@ TEST_F(NetCdfWriterTest, GroupsThatCannotBeDefined) {
         "Attempting a netCDF-4 operation on a netCDF-3 file (code -111).\n"
         "nc_def_grp failed to define a new NetCdf group for var taken with error: Name is in use (code -42).\n",
         testing::internal::GetCapturedStdout());
+}
+
+// The library would remove it when it cannot write there.
+TEST_F(NetCdfWriterTest, ADeviceStays) {
+    ASSERT_EQ(0, mkfifo(path_.c_str(), 0600));
+    for (const bool version4 : {false, true}) {
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(nullptr, open(version4));
+        EXPECT_EQ("NetCdf error: Operation not supported\n", testing::internal::GetCapturedStdout());
+        EXPECT_EQ(Lines{"ERROR Failed to open " + path_ + ": Operation not supported"}, log_.take());
+    }
+    EXPECT_TRUE(std::filesystem::is_fifo(path_));
 }
 
 TEST_F(NetCdfWriterTest, RecordsOutsideDataModeStopTheFile) {
