@@ -37,7 +37,7 @@ struct CodedItems {
         const unsigned short code = item->getCode();
         if (code >= NO_CODE) return nullptr;
         T* const holder = byCode_.at(code);
-        if (holder != nullptr) return IsSameItem(*holder, *item) ? confirm(holder) : nullptr;
+        if (holder != nullptr) return IsSameItem(*holder, *item) ? confirm(holder, code) : nullptr;
 
         T* known = byText_.get(text);
         if (known == nullptr) {
@@ -105,8 +105,10 @@ struct CodedItems {
     }
 
 private:
-    T* confirm(T* item) {
+    // Of two codes that a log gave to one name, the one read last is shown.
+    T* confirm(T* item, unsigned short code) {
         codedHere_.pop(item);
+        item->setCode(code);
         return item;
     }
 

@@ -44,6 +44,10 @@ TEST_F(NamingTest, EarlierResultsGoOnlyWhereTheDirectoryIsNamed) {
     EXPECT_TRUE(files.has("dive_201206011230_201206011231.asc"));
 }
 
+TEST_F(NamingTest, AnEmptyNameIsNone) {
+    EXPECT_EQ("(ERROR): No output name is given\n", MessagesIn(run({"-al", "dive", "-o"})));
+}
+
 TEST_F(NamingTest, OutputsThatShareOneName) {
     const std::string out = run({"-alo", "out", "dive"});
     EXPECT_EQ(1u, CountOf(out, "(ERROR): Several outputs are written to out\n"));

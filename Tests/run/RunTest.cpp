@@ -103,6 +103,49 @@ TEST_F(RunTest, GpsFixesCorrectTheTimesUnlessTheyAreLeftAlone) {
     EXPECT_NE(std::string::npos, read("out").find("2012-06-01T12:30:05.750Z"));
 }
 
+// A fix that cannot be true leaves the directory as it is, also what follows it.
+TEST_F(RunTest, AWrongFixHidesNoName) {
+    for (int i = 0; i < 20; ++i) {
+        DiveLog dive;
+        dive.begin();
+        dive.add(dive.log_.cycle(0));
+        const std::string fix = "GPS fix at: " + std::to_string(4800000001 * (i + 1)) + ".25";
+        dive.add(dive.log_.syslog(0.1 + 0.01 * i, fix.c_str(), Syslog::INFO, "Nav"));
+        DataAccess* const late = dive.log_.declare("Other.late");
+        dive.declare(late);
+        dive.add(dive.log_.data(late, 2, 1));
+        write("dive", dive.bytes());
+        runInSilence({"-Lc", "dive"});
+        EXPECT_EQ(0u, read("dive.csv").find("Timestamp,EpochSeconds,Depth.depth,Nav.speed,Other.late\n")) << i;
+    }
+}
+
+// What a later part says of the version does not hold for the first one.
+TEST_F(RunTest, AVersionHoldsFromWhereItStands) {
+    DiveLog older;
+    older.add(older.log_.version(3));
+    write("parts0000", DiveLog::Of(3));
+    write("parts0001", older.bytes());
+    runInSilence({"-a", "parts"});
+    EXPECT_EQ(3u, CountOf(read("parts.asc"), "Depth.depth="));
+}
+
+// A log may give one name two codes, and both lead to it; it says no more than once what is wrong with a name.
+TEST_F(RunTest, RecordsThatAreAmiss) {
+    DiveLog dive;
+    dive.begin();
+    const size_t element = dive.bytes().find("*e code=0000");
+    std::string again = dive.bytes().substr(element, dive.bytes().find('\n', element) + 1 - element);
+    dive.declare(dive.log_.declareBlob("Depth.array", Units::NONE, BLOB_FLOAT64LE, 65535, 65535));
+    dive.cycles(0, 2);
+    write("dive", std::string(dive.bytes()).insert(element + again.size(), again.replace(8, 4, "0017")));
+    EXPECT_EQ(1u, CountOf(run({"-ab", "dive"}), "(ERROR)"));
+    EXPECT_EQ(2u, CountOf(read("dive.asc"), "Depth.depth="));
+    const std::string text = read("dive.asc");
+    run({"-ao", "again", "dive.bin"});
+    EXPECT_EQ(text, read("again"));
+}
+
 TEST_F(RunTest, InputsOfEveryKind) {
     const TempDir& files = program_.files();
     std::filesystem::create_directories(files.path("Logs/latest"));

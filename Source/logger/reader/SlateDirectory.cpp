@@ -14,6 +14,7 @@ public:
     explicit DirectoryScanner(const Logger& logger)
         : BinaryLogReader(logger, Timestamp::NOT_SET_TIME, Timestamp::NOT_SET_TIME, Str::EMPTY_STR, nullptr, nullptr) {
         setValues(LogEntry::SKIP_VALUES);
+        setTimeAdjust(Timespan::INVALID_TIMESPAN);  // a wrong fix must not make entries look damaged
     }
     bool foundRecords() const { return foundRecords_; }
 
@@ -34,10 +35,13 @@ void Slate::ReadDirectory(const Str& path) {
 void Slate::ReadDirectory(const Str& path, bool showMessages) {
     static const Logger silent("unserialize", nullptr);
     TakeBackCodesNotRead();
-    DirectoryScanner* scanner = new DirectoryScanner(showMessages ? GetLogger() : silent);
+    const Logger* const logger = Logger_;
+    if (!showMessages) SetLogger(&silent);
+    DirectoryScanner* scanner = new DirectoryScanner(GetLogger());
     FileLogReader log(path, scanner);
     log.readAll();
     if (scanner->foundRecords()) DirectoryRead_ = true;
+    SetLogger(logger);
 }
 
 static void Emit(DirectoryEntry entry, LogWriter* writer, LogEngine* engine) {

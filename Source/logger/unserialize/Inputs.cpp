@@ -87,8 +87,17 @@ bool Inputs::contains(const Str& path) const {
     return found;
 }
 
+static Str SideFileOf(const Str& input) {
+    return input + ".dir";
+}
+
+bool Inputs::HasSideFile(const Str& input, const RunSettings& settings) {
+    struct stat status;
+    return !settings.writes(DIRECTORY_OUTPUT) && StatRegularFile(SideFileOf(input), status);
+}
+
 static void ReadSideFile(const Str& input, const RunSettings& settings) {
-    if (!settings.writes(DIRECTORY_OUTPUT)) Slate::ReadDirectory(input + ".dir", true);
+    if (!settings.writes(DIRECTORY_OUTPUT)) Slate::ReadDirectory(SideFileOf(input), true);
 }
 
 // Messages about a log that is read again for its entries are left to that second reading.

@@ -44,7 +44,12 @@ static Rule* TableRule() {
 }
 
 void OutputAssembly::assemble() {
-    if (settings_.outputNameGiven_ && !settings_.toStandardOutput_ && settings_.outputs_.count() > 1) {
+    const bool isNamed = settings_.outputNameGiven_ && !settings_.toStandardOutput_;
+    if (isNamed && settings_.outputName_.isEmpty()) {
+        complain("No output name is given");
+        return;
+    }
+    if (isNamed && settings_.outputs_.count() > 1) {
         complain("Several outputs are written to " + settings_.outputName_);
     }
     for (const Output& output : OUTPUTS) {

@@ -8,6 +8,8 @@
 #include <cstring>
 #include <memory>
 
+#include "logger/unserialize/Inputs.h"
+
 static const char SLATE[] = "slate";
 static const size_t SLATE_LENGTH = sizeof SLATE - 1;
 
@@ -15,9 +17,10 @@ static bool EndsWithSlate(const Str& name) {
     return name.length() >= SLATE_LENGTH && name.substr(name.length() - SLATE_LENGTH) == SLATE;
 }
 
-OutputNaming::OutputNaming(const RunSettings& settings, const Timestamp& first, const Timestamp& last,
-                           const Logger& logger)
-    : logger_(logger),
+OutputNaming::OutputNaming(const RunSettings& settings, const Inputs& inputs, const Timestamp& first,
+                           const Timestamp& last, const Logger& logger)
+    : inputs_(inputs),
+      logger_(logger),
       firstDate_(first.toSmallerString()),
       lastDate_(last.toSmallerString()),
       symlink_(settings.symlink_),
@@ -29,7 +32,10 @@ void OutputNaming::finish(const Str& filename) const {
     removeEarlierResults(parts);
     const Str datedName = parts.prefix_ + "_" + lastDate_ + parts.extension_;
     const Str path = parts.directory_ + datedName;
-    if (rename(filename.cStr(), path.cStr()) == 0) {
+    if (inputs_.contains(path)) {
+        logger_.syslog("The output " + filename + " is not renamed to " + path + ", which is an input of this run",
+                       Syslog::ERROR);
+    } else if (rename(filename.cStr(), path.cStr()) == 0) {
         logger_.syslog("Saved " + path, Syslog::INFO);
         if (symlink_) link(filename, datedName);
     } else {
@@ -67,9 +73,9 @@ void OutputNaming::removeEarlierResults(const Parts& parts) const {
         return;
     }
     while (const dirent* const entry = readdir(directory.get())) {
-        if (BeginsWith(entry->d_name, parts.prefix_) && EndsWith(entry->d_name, parts.extension_)) {
-            remove((parts.directory_ + entry->d_name).cStr());
-        }
+        if (!BeginsWith(entry->d_name, parts.prefix_) || !EndsWith(entry->d_name, parts.extension_)) continue;
+        const Str path = parts.directory_ + entry->d_name;
+        if (!inputs_.contains(path)) remove(path.cStr());
     }
 }
 

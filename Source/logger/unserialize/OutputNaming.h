@@ -5,15 +5,19 @@
 #include "utils/Str.h"
 #include "utils/Timestamp.h"
 
+class Inputs;
+
 // Gives a finished output file a name that tells from when to when its data are: "dive.csv" becomes
 // "dive_201206011230_201206011415.csv", and "slate.csv" "201206011230_201206011415.csv".
 class OutputNaming {
 public:
-    // The settings and the logger are borrowed. first must be set.
-    OutputNaming(const RunSettings& settings, const Timestamp& first, const Timestamp& last, const Logger& logger);
+    // The settings, the inputs and the logger are borrowed. first must be set.
+    OutputNaming(const RunSettings& settings, const Inputs& inputs, const Timestamp& first, const Timestamp& last,
+                 const Logger& logger);
 
     // Removes what earlier runs saved of data from the same start, renames the file and links its name to it, as the
-    // settings say. A name without an extension stays. What is done, or failed, is logged.
+    // settings say. A name without an extension stays. No input is removed or replaced. What is done, or failed, is
+    // logged.
     void finish(const Str& filename) const;
 
 private:
@@ -27,6 +31,7 @@ private:
     void removeEarlierResults(const Parts& parts) const;
     void link(const Str& filename, const Str& datedName) const;
 
+    const Inputs& inputs_;
     const Logger& logger_;
     const Str firstDate_;
     const Str lastDate_;

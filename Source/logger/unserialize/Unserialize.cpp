@@ -51,7 +51,8 @@ Unserialize::Unserialize(RunSettings& settings)
       outputs_(settings, inputs_, engine_, logger_),
       outputFilenames_(true),
       timeCorrection_(settings.localTimeOnly_ ? Timespan::INVALID_TIMESPAN : Timespan::ZERO_TIMESPAN),
-      newestLogVersion_(DirectoryEntry::CurrentLogVersion_) {
+      newestLogVersion_(DirectoryEntry::CurrentLogVersion_),
+      versionLeft_(newestLogVersion_) {
     KeepRunningWhenWritesFail(settings);
     consoleEngine_.addAssociation(new TextLogWriter(console_, false),
                                   new SyslogSeverityRule(settings.quiet_ ? Syslog::ERROR : Syslog::DEBUG, true));
@@ -105,10 +106,17 @@ void Unserialize::readInput(const Str& input, Progress& progress) {
     if (settings_.isDirectoryOnly()) {
         if (!Slate::IsDirectoryRead()) logger_.syslog("No directory in " + input, Syslog::ERROR);
     } else {
+        forgetScannedVersion(input);
         readEntries(input, progress);
+        versionLeft_ = DirectoryEntry::CurrentLogVersion_;
     }
     progress.clear();
     showMessages();
+}
+
+// What a log says of its version in the midst of it does not hold when it is read again from its start.
+void Unserialize::forgetScannedVersion(const Str& input) {
+    if (!Inputs::HasSideFile(input, settings_)) DirectoryEntry::CurrentLogVersion_ = versionLeft_;
 }
 
 void Unserialize::readEntries(const Str& input, Progress& progress) {
@@ -137,7 +145,7 @@ void Unserialize::reportNoEntry(const Str& input, const Str& reason) {
 
 void Unserialize::nameOutputs() {
     if (firstTime_ == Timestamp::NOT_SET_TIME || !settings_.appendDates_) return;
-    const OutputNaming naming(settings_, firstTime_, lastTime_, logger_);
+    const OutputNaming naming(settings_, inputs_, firstTime_, lastTime_, logger_);
     for (unsigned int i = 0; i < outputFilenames_.size(); ++i) {
         naming.finish(*outputFilenames_.at(i));
         showMessages();

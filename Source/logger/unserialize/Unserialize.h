@@ -25,6 +25,7 @@ private:
     void listVariables();
     void readInputs();
     void readInput(const Str& input, Progress& progress);
+    void forgetScannedVersion(const Str& input);
     void readEntries(const Str& input, Progress& progress);
     void reportNoEntry(const Str& input, const Str& reason);
     void nameOutputs();
@@ -46,4 +47,5 @@ private:
     Timestamp lastTime_ = Timestamp::NOT_SET_TIME;
     long long bytesBefore_ = 0;              // of the inputs that are done
     const unsigned short newestLogVersion_;  // in force before the run
+    unsigned short versionLeft_;             // in force after the input before
 };

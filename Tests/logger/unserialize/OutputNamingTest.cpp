@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <tuple>
 
+#include "logger/unserialize/Inputs.h"
 #include "support/CapturedLog.h"
 #include "support/TempDir.h"
 
@@ -17,7 +18,7 @@ class OutputNamingTest : public ::testing::Test {
 protected:
     void finish(const std::string& path) {
         const Logger& logger = log_;
-        OutputNaming(settings_, FIRST, LAST, logger).finish(path.c_str());
+        OutputNaming(settings_, Inputs(settings_), FIRST, LAST, logger).finish(path.c_str());
     }
 
     TempDir directory_;
@@ -87,6 +88,16 @@ TEST_F(OutputNamingTest, AFileThatIsNotThere) {
     EXPECT_EQ(Lines{"ERROR Could not rename " + path + " to " + directory_.path("dive_201206011230_201206011415.csv") +
                     " due to No such file or directory"},
               log_.take());
+}
+
+TEST_F(OutputNamingTest, AnInputIsNeitherRemovedNorReplaced) {
+    for (const char* const input : {"dive_201206011230_x.csv", "dive_201206011230_201206011415.csv"}) {
+        settings_.slateFile_ = directory_.write(input, "log").c_str();
+        finish(directory_.write("dive.csv", "new"));
+        EXPECT_EQ("log", directory_.read(input));
+        log_.take();
+    }
+    EXPECT_EQ("new", directory_.read("dive.csv"));
 }
 
 TEST_F(OutputNamingTest, AFileInTheWorkingDirectory) {
