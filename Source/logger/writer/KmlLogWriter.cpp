@@ -38,6 +38,7 @@ KmlLogWriter::KmlLogWriter(const Str& vehicleName, bool emitTimestamps, bool doD
 unsigned int KmlLogWriter::writeHeader() {
     if (wroteHeader_ || !isValid()) return 0;
     wroteHeader_ = true;
+    wroteFooter_ = false;
     TextBuffer text;
     KmlDocument::AppendHead(text, vehicleName_, color_);
     return put(text);

@@ -42,10 +42,12 @@ unsigned int TableLogWriter::write(const LogEntry* entry, const Unit*) {
     }
 }
 
-// A best value fills its universal's column besides its own.
+// A best value fills its universal's column besides its own. An element that is its own universal has one column.
 unsigned int TableLogWriter::writeSample(const DataEntry& entry) {
-    unsigned int bytes = writeCell(entry, columns_.indexOf(entry.getElementCode()));
-    if (entry.isBest()) bytes += writeCell(entry, columns_.indexOf(entry.getUniversalCode()));
+    const unsigned short code = entry.getElementCode();
+    const unsigned short universalCode = entry.getUniversalCode();
+    unsigned int bytes = writeCell(entry, columns_.indexOf(code));
+    if (entry.isBest() && universalCode != code) bytes += writeCell(entry, columns_.indexOf(universalCode));
     return bytes;
 }
 

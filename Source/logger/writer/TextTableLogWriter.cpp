@@ -22,6 +22,7 @@ TextTableLogWriter::TextTableLogWriter(const char* separator, int varCount, char
 
 unsigned int TextTableLogWriter::writeHeader() {
     if (!isValid()) return 0;
+    wroteFooter_ = false;
     line_.clear();
     line_.append("Timestamp").append(separator_).append("EpochSeconds");
     for (int column = 0; column < columns_.count(); ++column) {

@@ -1,6 +1,8 @@
 #include "logger/writer/SplitFileLogWriter.h"
 
 #include "OutputFixture.h"
+#include "logger/writer/KmlLogWriter.h"
+#include "logger/writer/TextTableLogWriter.h"
 
 class SplitFileLogWriterTest : public OutputFixture {
 protected:
@@ -37,6 +39,28 @@ TEST_F(SplitFileLogWriterTest, SplitsWhenAsked) {
     EXPECT_FALSE(dir_.has("run0006"));
     writer.resetFileBase(dir_.path("next").c_str(), 3);
     EXPECT_STREQ(dir_.path("next0003").c_str(), writer.getFilename().cStr());
+}
+
+TEST_F(SplitFileLogWriterTest, EachFileIsWhole) {
+    NameList names{"A.x"};
+    DataAccess* const x = log_.declare("A.x");
+    {
+        SplitFileLogWriter tables(base_, 1, new TextTableLogWriter(",", 1, names.list(), nullptr, true, false), nullptr,
+                                  1);
+        SplitFileLogWriter tracks(dir_.path("track").c_str(), 1, new KmlLogWriter("", false, false), nullptr, 1);
+        for (LogWriter* writer : {static_cast<LogWriter*>(&tables), static_cast<LogWriter*>(&tracks)}) {
+            for (int i = 0; i < 3; ++i) {
+                writer->write(log_.cycle(i), nullptr);
+                writer->write(log_.data(x, i, i), nullptr);
+            }
+        }
+    }
+    for (const char* number : {"0001", "0002"}) {
+        const std::string table = dir_.read(std::string("run") + number);
+        EXPECT_EQ(0u, table.find("Timestamp,EpochSeconds,A.x\n")) << number;
+        EXPECT_LT(1, std::count(table.begin(), table.end(), '\n')) << number;
+    }
+    EXPECT_NE(std::string::npos, dir_.read("track0001").find("</kml>"));
 }
 
 // A file that cannot be encoded is kept as it is.

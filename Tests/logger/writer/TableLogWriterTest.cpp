@@ -48,6 +48,15 @@ private:
     std::string messages_;
 };
 
+TEST(TableLogWriterTest, ABestValueComesOnceToEachOfItsColumns) {
+    SmallLog log;
+    NameList names({"depth", "A.depth", "itself"});
+    RecordingTable table(names, false);
+    DataAccess* const served = log.declareServing("depth", "A.depth");
+    EXPECT_EQ(2u, table.write(log.bestData(served, 0, 1), nullptr));
+    EXPECT_EQ(1u, table.write(log.bestData(log.declareServing("itself", "itself"), 0, 1), nullptr));
+}
+
 TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
     SmallLog log;
     DataAccess* a = log.declare("A.x");
