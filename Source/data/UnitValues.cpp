@@ -1,4 +1,6 @@
 #include <array>
+#include <cmath>
+#include <type_traits>
 
 #include "data/Double.h"
 #include "data/Float.h"
@@ -19,9 +21,12 @@ DataValue* MakeUnset(const Unit& unit) {
     return new Class(unit, Class::UNSET, false);
 }
 
+// An integer is cut before it is converted, anything else narrowed after it.
 template <typename Class>
 DataValue* MakeFrom(const Unit& unit, double value) {
-    return new Class(unit, AuvMath::Narrow<typename Class::Number>(value), true);
+    typedef typename Class::Number Number;
+    const double taken = std::is_integral<Number>::value ? std::trunc(value) : value;
+    return new Class(unit, AuvMath::Narrow<Number>(unit.getSI(taken)), false);
 }
 
 DataValue* MakeText(const Unit& unit) {

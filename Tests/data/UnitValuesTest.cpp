@@ -50,6 +50,14 @@ TEST(UnitValuesTest, TheTypeDecidesTheClass) {
     }
 }
 
+TEST(UnitValuesTest, NumbersAreNarrowedAfterTheConversion) {
+    for (int i = 0; i < 100; ++i) {
+        double radians = 0;
+        Value(Units::DEGREE.dataValue(i * 0.1, FLOAT4))->copyTo(Units::RADIAN, radians);
+        EXPECT_EQ(static_cast<float>(Units::DEGREE.getSI(i * 0.1)), radians) << i;
+    }
+}
+
 TEST(UnitValuesTest, WithoutATypeTheUnitDecides) {
     EXPECT_EQ(FLOAT3, Value(Units::METER.dataValue())->getBinaryType());
     EXPECT_EQ(DOUBLE4, Value(Units::DEGREE())->getBinaryType());

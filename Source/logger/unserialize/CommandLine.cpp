@@ -189,8 +189,8 @@ char* UnitIn(char* argument) {
 
 // An approximation error that says something, or NaN.
 float ErrorIn(const char* argument) {
-    const float error = static_cast<float>(strtod(argument, nullptr));
-    return std::isfinite(error) && error != 0.0f ? error : NAN;
+    const double error = strtod(argument, nullptr);
+    return std::isfinite(error) && error != 0 ? static_cast<float>(error) : NAN;
 }
 
 void ApplyFollower(char* follower, OutputVariables& variables) {

@@ -161,7 +161,7 @@ TEST(CommandLineTest, PriorityWords) {
 TEST(CommandLineTest, VariablesWithTheirErrorsAndUnits) {
     const std::pair<std::vector<std::string>, const char*> cases[] = {
         {{"log", "depth", "0.5", "(m)", "latitude"}, "depth 0.5 m, latitude nan -, 1"},
-        {{"log", "x", "0", "y"}, "x nan -, y nan -, 0"},
+        {{"log", "x", "0", "y", "1e-300"}, "x nan -, y 0 -, 1"},
         {{"log", "x", "(m"}, "x nan m, 0"},
         {{"log", "x", "(m) per s)", "()"}, "x nan , 0"},
         {{"log", "x", "(m)(s)"}, "x nan m, 0"},
