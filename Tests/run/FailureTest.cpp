@@ -46,6 +46,15 @@ TEST_F(FailureTest, AFullDisk) {
     EXPECT_EQ("Cannot write to standard output: No space left on device\n", outcome.err_);
 }
 
+TEST_F(FailureTest, AClosedStandardOutputLeavesTheFilesAlone) {
+    std::string inputs = "dive";
+    for (int i = 0; i < 200; ++i) inputs += ";missing";
+    EXPECT_LT(10000u, run({"-ao", "out", inputs}).size());  // more than is gathered before it is printed
+    const std::string lines = read("out");
+    EXPECT_EQ("", OutputOf("cd " + path("") + " && " UNSERIALIZE_PROGRAM " -qO -ao out '" + inputs + "' >&- 2>&-"));
+    EXPECT_TRUE(lines == read("out"));
+}
+
 TEST_F(FailureTest, AFileThatGrowsTooLargeKeepsWhatWasWritten) {
     write("dive", DiveLog::Of(20000));
     const FileSizeLimit limit(1500000);

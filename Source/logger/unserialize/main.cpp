@@ -1,5 +1,16 @@
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "logger/unserialize/Unserialize.h"
 
+// A file opened in the place of a standard file that was closed would take what is printed. Writing there fails still.
+static void HoldStandardFiles() {
+    int file = 0;
+    while (file >= 0 && file <= STDERR_FILENO) file = open("/dev/null", O_RDONLY);
+    if (file > STDERR_FILENO) close(file);
+}
+
 int main(int argc, char** argv) {
+    HoldStandardFiles();
     return Unserialize::Run(argc, argv);
 }
