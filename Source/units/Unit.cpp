@@ -67,40 +67,6 @@ void Unit::toScaled(int& value) const {
     value = AuvMath::Truncate<int>(getScaled(static_cast<double>(value)));
 }
 
-double Unit::getSI(const double& value) const {
-    double converted = value;
-    toSI(converted);
-    return converted;
-}
-
-float Unit::getSI(const float& value) const {
-    float converted = value;
-    toSI(converted);
-    return converted;
-}
-
-int Unit::getSI(int value) const {
-    toSI(value);
-    return value;
-}
-
-double Unit::getScaled(const double& value) const {
-    double converted = value;
-    toScaled(converted);
-    return converted;
-}
-
-float Unit::getScaled(const float& value) const {
-    float converted = value;
-    toScaled(converted);
-    return converted;
-}
-
-int Unit::getScaled(int value) const {
-    toScaled(value);
-    return value;
-}
-
 bool Unit::operator==(const Unit& other) const {
     return &baseUnit_ == &other.baseUnit_ && toSiAddend_ == other.toSiAddend_ &&
            toSiMultiplier_ == other.toSiMultiplier_;

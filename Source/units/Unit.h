@@ -25,17 +25,17 @@ public:
     void toSI(double& value) const;
     void toSI(float& value) const;
     void toSI(int& value) const;
-    double getSI(const double& value) const;
-    float getSI(const float& value) const;
-    int getSI(int value) const;
+    double getSI(const double& value) const { return inSI(value); }
+    float getSI(const float& value) const { return inSI(value); }
+    int getSI(int value) const { return inSI(value); }
 
     // From the base unit to this unit.
     void toScaled(double& value) const;
     void toScaled(float& value) const;
     void toScaled(int& value) const;
-    double getScaled(const double& value) const;
-    float getScaled(const float& value) const;
-    int getScaled(int value) const;
+    double getScaled(const double& value) const { return inScaled(value); }
+    float getScaled(const float& value) const { return inScaled(value); }
+    int getScaled(int value) const { return inScaled(value); }
 
     // The same base unit object, addend and multiplier.
     bool operator==(const Unit& other) const;
@@ -56,6 +56,17 @@ public:
     }
 
 private:
+    template <typename T>
+    T inSI(T value) const {
+        toSI(value);
+        return value;
+    }
+    template <typename T>
+    T inScaled(T value) const {
+        toScaled(value);
+        return value;
+    }
+
     const char* const name_;
     const char* const abbreviation_;
     const Unit& baseUnit_;
