@@ -21,4 +21,4 @@ dive["sea_water_temperature"].plot(ax=lower, color="tab:red")
 for axes in (upper, lower):
     axes.set_xlabel("")
 lower.set_xlabel("time (UTC)")
-figure.savefig(picture, dpi=120)
+figure.savefig(picture, dpi=120, bbox_inches="tight")

@@ -13,15 +13,15 @@ end
 dive = load(source, 'depth', 'sea_water_temperature');
 
 figure('visible', 'off');
-subplot('position', [0.12 0.6 0.8 0.35]);
+subplot('position', [0.15 0.6 0.78 0.35]);
 plot(dive.depth.time(:), dive.depth.value(:));
 set(gca, 'ydir', 'reverse');
 datetick('x', 'HH:MM');
 ylabel(['depth (' char(dive.depth.units) ')']);
 
-subplot('position', [0.12 0.16 0.8 0.35]);
+subplot('position', [0.15 0.16 0.78 0.35]);
 plot(dive.sea_water_temperature.time(:), dive.sea_water_temperature.value(:));
 datetick('x', 'HH:MM');
-ylabel(['temperature (' char(dive.sea_water_temperature.units) ')']);
+ylabel(['temp. (' char(dive.sea_water_temperature.units) ')']);
 xlabel(datestr(dive.depth.time(1), 'yyyy-mm-dd'));
 print(picture, form{:});
