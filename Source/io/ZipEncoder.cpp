@@ -60,6 +60,7 @@ bool ZipEncoder::encode(const char* filename, const char* zipName, const char* b
 }
 
 bool ZipEncoder::pack(const Str& filename, const Str& archive) {
+    RemoveOldFile(archive.cStr());  // a link goes, not what it leads to
     const zipFile zip = zipOpen64(archive.cStr(), APPEND_STATUS_CREATE);
     if (zip == nullptr) {
         printf("error opening %s\n", archive.cStr());

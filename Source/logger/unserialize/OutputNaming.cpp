@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 
+#include "io/OldFile.h"
 #include "logger/unserialize/Inputs.h"
 
 static const char SLATE[] = "slate";
@@ -75,7 +76,7 @@ void OutputNaming::removeEarlierResults(const Parts& parts) const {
     while (const dirent* const entry = readdir(directory.get())) {
         if (!BeginsWith(entry->d_name, parts.prefix_) || !EndsWith(entry->d_name, parts.extension_)) continue;
         const Str path = parts.directory_ + entry->d_name;
-        if (!inputs_.contains(path)) remove(path.cStr());
+        if (!inputs_.contains(path)) RemoveOldFile(path.cStr());
     }
 }
 

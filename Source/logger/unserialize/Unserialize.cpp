@@ -155,5 +155,7 @@ void Unserialize::nameOutputs() {
 // Nobody can be told on standard output that it does not take what is written.
 void Unserialize::sayDone() const {
     if (!settings_.quiet_) puts("Unserialize done.");
-    if (fflush(stdout) != 0) fprintf(stderr, "Cannot write to standard output: %s\n", strerror(errno));
+    errno = 0;
+    if (fflush(stdout) == 0 && ferror(stdout) == 0) return;
+    fprintf(stderr, "Cannot write to standard output: %s\n", errno != 0 ? strerror(errno) : "part of it was not taken");
 }
