@@ -57,7 +57,7 @@ public:
         void hold(const DataValue* value);
         void hold(double number);  // in the holder's unit
 
-        // What the next record takes, unless it is missing.
+        // What the next record takes, unless it is missing: the holder, null when there is none.
         const DataValue* dataValue() const { return dataValue_; }
         double number() const { return number_; }  // the same in its unit; NaN: missing, or no number
         bool isMissing() const { return isMissing_; }
