@@ -26,7 +26,9 @@ void LinearApproximationLogWriter::config(Logger& logger) {
     outputTo_->config(logger);
 }
 
+// A variable has one series, however often it is listed: a table behind shows each point in all its columns.
 unsigned int LinearApproximationLogWriter::writeToColumn(const DataEntry* entry, int column) {
+    if (columns_.isListedAgain(column)) return 0;
     if (entry != nullptr && !entry->isNumber()) return passOn(*entry, column);
     VarData* series = varData_[column].get();
     if (series == nullptr) return entry == nullptr ? 0 : startSeries(*entry, column);

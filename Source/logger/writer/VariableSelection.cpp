@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "data/Slate.h"
 #include "units/UnitRegistry.h"
@@ -38,7 +39,7 @@ bool VariableSelection::lookUpCode(int index) {
     if (uri == nullptr || !uri->hasCode()) return false;
     variables_[index].code_ = uri->getCode();
     variables_[index].isUniversal_ = uri->isUniversal();
-    codeLookup_[uri->getCode()] = index;
+    variables_[index].indexBefore_ = std::exchange(codeLookup_[uri->getCode()], index);
     return true;
 }
 

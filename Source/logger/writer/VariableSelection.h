@@ -31,6 +31,9 @@ public:
     const Unit* unit(int index) const { return variables_[index].unit_; }  // the unit asked for; null when none
     // The index of the variable with that code (the last of equal names), -1 when none was asked for.
     int indexOf(unsigned short code) const { return code < ElementURI::NUM_CODES ? codeLookup_[code] : -1; }
+    bool isListedAgain(int index) const { return isFound(index) && codeLookup_[code(index)] != index; }
+    // The index at which the same variable is listed before, -1 when it is not.
+    int indexBefore(int index) const { return variables_[index].indexBefore_; }
     // The first index of the same name.
     int firstIndexOfName(int index) const { return indexOfName(name(index)); }
     int indexOfName(const char* name) const;  // the first one; -1 when it was not asked for
@@ -53,6 +56,7 @@ private:
         unsigned short code_ = ElementURI::NO_CODE;
         bool isUniversal_ = false;
         const Unit* unit_ = nullptr;
+        int indexBefore_ = -1;
     };
     bool lookUpAll();
     bool lookUpCode(int index);  // true when the log knows the name

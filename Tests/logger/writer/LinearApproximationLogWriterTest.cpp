@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "logger/writer/BinaryLogWriter.h"
 #include "support/EntryCollector.h"
 #include "support/MemoryStreams.h"
@@ -33,6 +35,22 @@ TEST(LinearApproximationLogWriterTest, ACycleStartFollowsWhatItForcesOut) {
     }
     writer.writeFooter();
     EXPECT_EQ("2.1=9 1.2=5 2.1=9 1.2=5 cycle 3", out.take());
+}
+
+// A single value far off ends a segment, and the next would take its place; it comes twice, and stays. A name listed
+// again has the bound of its last place and one series.
+TEST(LinearApproximationLogWriterTest, AVariableThatServesItselfKeepsASpike) {
+    for (const bool servesItself : {false, true}) {
+        SmallLog log;
+        DataAccess* a = servesItself ? log.declareServing("A.x", "A.x") : log.declare("A.x");
+        NameList names({"A.x", "A.x"});
+        EntryCollector out;
+        LinearApproximationLogWriter writer(&out, 2, names.list(), nullptr, std::array{9.0f, 0.5f}.data(), false,
+                                            false);
+        for (int i = 0; i < 8; ++i) writer.write(log.bestData(a, i, i == 3 ? 5 : 0), nullptr);
+        writer.writeFooter();
+        EXPECT_EQ(servesItself ? "0=0 2=0 3=5 4=0 7=0" : "0=0 2=0 7=0", out.take());
+    }
 }
 
 // What is no number, and what is forced, passes unchanged. Codes change from input to input: nothing pending may reach

@@ -48,13 +48,19 @@ private:
     std::string messages_;
 };
 
-TEST(TableLogWriterTest, ABestValueComesOnceToEachOfItsColumns) {
+// Twice to that of a variable which serves itself, and to each that the variable is listed for.
+TEST(TableLogWriterTest, AValueComesToAllOfItsColumns) {
     SmallLog log;
-    NameList names({"depth", "A.depth", "itself"});
+    NameList names({"depth", "A.depth", "itself", "depth", "A.depth", "depth"});
     RecordingTable table(names, false);
     DataAccess* const served = log.declareServing("depth", "A.depth");
-    EXPECT_EQ(2u, table.write(log.bestData(served, 0, 1), nullptr));
-    EXPECT_EQ(1u, table.write(log.bestData(log.declareServing("itself", "itself"), 0, 1), nullptr));
+    DataAccess* const itself = log.declareServing("itself", "itself");
+    EXPECT_EQ(2u, table.write(log.data(served, 0, 1), nullptr));
+    EXPECT_EQ(5u, table.write(log.bestData(served, 0, 2), nullptr));
+    EXPECT_EQ(1u, table.write(log.data(itself, 0, 3), nullptr));
+    EXPECT_EQ(2u, table.write(log.bestData(itself, 0, 4), nullptr));
+    table.writeRow();
+    EXPECT_EQ("2|2|4|2|2|2", table.rows_.at(0).substr(table.rows_.at(0).find('|') + 1));
 }
 
 TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
@@ -170,7 +176,8 @@ TEST(TableLogWriterTest, RandomSeriesFollowTheRuleStepByStep) {
         std::mt19937 random(seed);
         const auto upTo = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned int>(n)); };
         SmallLog log;
-        DataAccess* written = log.declare("A.written");
+        const bool servesItself = seed % 3 == 0;
+        DataAccess* written = servesItself ? log.declareServing("A.written", "A.written") : log.declare("A.written");
         DataAccess* held = log.declare("A.held");
         held->setNoInterpFlag(true);
         DataAccess* read = log.declareReader("C", log.declare("A.read"));
@@ -187,8 +194,10 @@ TEST(TableLogWriterTest, RandomSeriesFollowTheRuleStepByStep) {
             const double t = upTo(6) == 0 ? now - upTo(12) * 0.25 : now;  // now and then out of order
             const int column = upTo(3);
             const double value = upTo(100);
-            table.write(log.data(accesses[column], t + 10, value), nullptr);
-            rule.add(SmallLog::At(t + 10), column, value, accesses[column]->isWriter(), column == 1);
+            table.write(log.bestData(accesses[column], t + 10, value), nullptr);
+            for (int times = servesItself && column == 0 ? 2 : 1; times > 0; --times) {
+                rule.add(SmallLog::At(t + 10), column, value, accesses[column]->isWriter(), column == 1);
+            }
             ASSERT_EQ(rule.emitted_, table.rows_) << "seed " << seed << ", sample " << i;
         }
         table.writeFooter();
