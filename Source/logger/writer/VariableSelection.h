@@ -37,9 +37,16 @@ public:
     // The first index of the same name.
     int firstIndexOfName(int index) const { return indexOfName(name(index)); }
     int indexOfName(const char* name) const;  // the first one; -1 when it was not asked for
-    // The access that describes the variable, and the unit in which it is shown; null while there is none.
+    // The access that describes the variable; null while there is none.
     const DataAccess* access(int index) const;
+    const Unit* unitOfName(int index) const;  // the first asked for with that name; null when none was
+    // The unit in which the variable is shown: the one asked for, else that of the log. Null while nothing tells what
+    // the variable is: an access without a type holds no value, and of a name that the log does not know only a unit
+    // tells.
     const Unit* shownUnit(int index) const;
+    // The standard name of a universal, or of a variable that serves the universal of that code; null when there is
+    // none. SELF_CODE: it serves itself, which gives a name to universals alone.
+    const ElementURI* standardName(int index, unsigned short universalCode) const;
     // Says on standard output why an output holds nothing; hasPlace(index) tells whether it has one for the variable.
     template <typename HasPlace>
     void printMissing(HasPlace hasPlace) const {
