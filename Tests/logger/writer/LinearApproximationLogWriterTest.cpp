@@ -79,8 +79,10 @@ TEST(LinearApproximationLogWriterTest, SeriesEndWithTheirInput) {
     DataAccess* other = log.declare("A.x");  // has the code that B.y had
     writer.write(log.data(other, 3, 0), nullptr);
     writer.write(log.data(log.declare("B.y"), 4, 0), nullptr);
-    writer.writeFooter();
-    EXPECT_EQ("1=7 reset 4=0 4=0", out.take());
+    writer.resetInputs();
+    EXPECT_EQ("1=7 reset 4=0 4=0 reset", out.take());
+    writer.writeFooter();  // the codes of the last input are gone as well
+    EXPECT_EQ("", out.take());
 }
 
 // Also of the next file: the series go on, the directory begins again.

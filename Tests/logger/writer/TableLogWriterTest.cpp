@@ -25,7 +25,7 @@ public:
         return 1;
     }
     unsigned int writeSyslog(const SyslogEntry* entry) override {
-        messages_ += entry->getMessage().cStr();
+        messages_ += entry->getMessage().cStr() + ("@" + EntryCollector::Seconds(entry->getTimestamp()));
         return 1;
     }
     unsigned int writeRow() override {
@@ -69,19 +69,21 @@ TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
     DataAccess* plain = log.declareText("B.plain");
     DataAccess* held = log.declareText("B.held");
     held->setNoInterpFlag(true);
-    NameList names({"A.x", "B.plain", "B.held"});
+    DataAccess* read = log.declareReader("C", log.declareText("B.read"));
+    NameList names({"A.x", "B.plain", "B.held", "B.read"});
     RecordingTable table(names, true);
     for (int i = 0; i <= 2; ++i) table.write(log.data(a, i, i), nullptr);
     for (const double t : {0., 2.}) {
         table.write(log.text(plain, t, t == 0 ? "p" : "q"), nullptr);
         table.write(log.text(held, t, t == 0 ? "r" : "s"), nullptr);
+        table.write(log.text(read, t, t == 0 ? "t" : "u"), nullptr);
     }
     table.writeFooter();
-    EXPECT_EQ((Rows{"0|0|p|r", "1|1|-|r", "2|2|q|s"}), table.rows_);
+    EXPECT_EQ((Rows{"0|0|p|r|t", "1|1|-|r|nan", "2|2|q|s|u"}), table.rows_);
 }
 
-// A message rides in the row of its time, the last of several; pending rows are not lost when the input changes, and
-// the next one may give its names other codes.
+// A message rides in the row of its time, the last of several; where that row has left, in the next, with its time.
+// Pending rows are not lost when the input changes, and the next one may give its names other codes.
 TEST(TableLogWriterTest, MessagesAndTheNextInput) {
     SmallLog log;
     NameList names({"A.x", "A.absent"});
@@ -92,11 +94,12 @@ TEST(TableLogWriterTest, MessagesAndTheNextInput) {
     table.resetInputs();
     SmallLog next;
     DataAccess* other = next.declare("B.y");
+    table.write(next.syslog(0.5, "late"), nullptr);
     table.write(next.syslog(4, "early"), nullptr);
     table.write(next.data(next.declare("A.x"), 5, 6), nullptr);  // nothing to interpolate from
     table.write(next.data(other, 5, 7), nullptr);
     table.writeFooter();
-    EXPECT_EQ((Rows{"0|1|.second", "1|.|.alone", "4|.|.early", "5|6|."}), table.rows_);
+    EXPECT_EQ((Rows{"0|1|.second@0", "1|.|.alone@1", "1|.|.late@0.5", "4|.|.early@4", "5|6|."}), table.rows_);
 }
 
 // The rule of interpolated rows, step by step over whole rows of cells: slow and plain.
