@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "logger/writer/BinaryLogWriter.h"
 #include "support/EntryCollector.h"
 #include "support/MemoryStreams.h"
@@ -11,6 +9,7 @@
 
 static const float ERRORS[] = {1, 1};
 static const float EXACT[] = {0};
+static const float BOUNDS[] = {9, 0.5f};
 
 TEST(LinearApproximationLogWriterTest, ACycleStartFollowsWhatItForcesOut) {
     SmallLog log;
@@ -45,8 +44,7 @@ TEST(LinearApproximationLogWriterTest, AVariableThatServesItselfKeepsASpike) {
         DataAccess* a = servesItself ? log.declareServing("A.x", "A.x") : log.declare("A.x");
         NameList names({"A.x", "A.x"});
         EntryCollector out;
-        LinearApproximationLogWriter writer(&out, 2, names.list(), nullptr, std::array{9.0f, 0.5f}.data(), false,
-                                            false);
+        LinearApproximationLogWriter writer(&out, 2, names.list(), nullptr, BOUNDS, false, false);
         for (int i = 0; i < 8; ++i) writer.write(log.bestData(a, i, i == 3 ? 5 : 0), nullptr);
         writer.writeFooter();
         EXPECT_EQ(servesItself ? "0=0 2=0 3=5 4=0 7=0" : "0=0 2=0 7=0", out.take());
