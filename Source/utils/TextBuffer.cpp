@@ -1,6 +1,7 @@
 #include "utils/TextBuffer.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <charconv>
 
 static const size_t LONGEST_INTEGER = 20;  // characters of the least long long
@@ -32,6 +33,14 @@ TextBuffer& TextBuffer::appendHexDigits(unsigned long long value, int digits) {
 
 TextBuffer& TextBuffer::appendFixed(double value, unsigned int decimals) {
     length_ += NumberText::Fixed(value, decimals, roomFor(NumberText::MAX_LENGTH + 1));
+    return *this;
+}
+
+TextBuffer& TextBuffer::appendWhole(double value, unsigned int decimals) {
+    const size_t longest = DBL_MAX_10_EXP + decimals + 3;  // with a sign, the first digit and the point
+    char* const at = roomFor(longest);
+    length_ += static_cast<size_t>(
+        std::to_chars(at, at + longest, value, std::chars_format::fixed, static_cast<int>(decimals)).ptr - at);
     return *this;
 }
 

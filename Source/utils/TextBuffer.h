@@ -32,6 +32,7 @@ public:
     TextBuffer& appendHexDigits(unsigned long long value, int digits);  // upper-case, exactly so many digits
     // The value as "%.*f"; NaN of either sign is "nan". Longer than 30 characters: cut there, as every number text is.
     TextBuffer& appendFixed(double value, unsigned int decimals);
+    TextBuffer& appendWhole(double value, unsigned int decimals);  // "%.*f" of a number, however long
 
     void clear() { length_ = 0; }
     const char* data() const { return chars_; }  // not NUL-terminated

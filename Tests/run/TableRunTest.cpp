@@ -74,6 +74,20 @@ TEST_F(TableRunTest, Thinned) {
               table(Dive(), {"dive", "Depth.depth", "0.1"}));
 }
 
+TEST_F(TableRunTest, ANameListedTwiceFillsBothColumns) {
+    const std::string header = "Timestamp,EpochSeconds,Depth.depth,Depth.depth\n";
+    EXPECT_EQ(header +
+                  "2012-06-01T12:30:00.000Z,1338553800.000,0.000000 m,0.000000 cm\n"
+                  "2012-06-01T12:30:01.000Z,1338553801.000,0.500000 m,50.000000 cm\n",
+              table(DiveLog::Of(2), {"dive", "Depth.depth", "Depth.depth", "(centimeter)"}));
+    const std::string rows = header +
+                             "2012-06-01T12:30:00.250Z,1338553800.250,0.000000,0.000000\n"
+                             "2012-06-01T12:30:01.250Z,1338553801.250,0.500000,0.500000\n"
+                             "2012-06-01T12:30:01.250Z,1338553801.250,0.500000,0.500000\n";
+    EXPECT_EQ(rows, table(DiveLog::Of(2), {"-ih", "dive", "Depth.depth", "Depth.depth"}));
+    EXPECT_EQ(rows, table(DiveLog::Of(2), {"-ih", "dive", "Depth.depth", "1", "Depth.depth", "0.01"}));
+}
+
 // What a log and a user can bring that is no plain number in its unit.
 TEST_F(TableRunTest, EveryRowHasItsColumns) {
     DiveLog dive;

@@ -52,6 +52,10 @@ public:
     DataAccess* declareSetting(const char* name, const Unit& unit = Units::NONE, BinaryDataType type = DOUBLE8) {
         return declare(name, unit, type, ElementURI::SETTING_ELEMENT);
     }
+    // An access that never gets a type: no value comes through it.
+    DataAccess* declareUntyped(const char* name, const Unit& unit = Units::NONE) {
+        return declare(name, unit, NO_TYPE);
+    }
     DataAccess* declareText(const char* name) { return declare(name, Units::NONE, STRVALUE); }
     DataAccess* declareBlob(const char* name, const Unit& unit, BlobType blobType, unsigned short dimension1 = 0,
                             unsigned short dimension2 = 0, unsigned short dimension3 = 0) {
@@ -59,11 +63,14 @@ public:
             declareElement(name, ElementURI::DATA_ELEMENT, blobType, dimension1, dimension2, dimension3);
         return declareAccess(componentOf(name), element, DataAccess::NO_CODE, unit, STRVALUE);
     }
-    // An element whose best values count as the universal's too; the log then knows the universal by name.
+    // An element whose best values count as the universal's too; the log then knows the universal by name. The name may
+    // be the universal's own.
     DataAccess* declareServing(const char* universal, const char* name, const Unit& unit = Units::NONE,
                                BinaryDataType type = DOUBLE8) {
         const ElementURI* served = declareElement(universal, ElementURI::UNIVERSAL_ELEMENT);
-        return declareAccess(componentOf(name), declareElement(name), served->getCode(), unit, type);
+        const ElementURI* element = declareElement(name);
+        const unsigned short code = element == served ? ElementURI::SELF_CODE : served->getCode();
+        return declareAccess(componentOf(name), element, code, unit, type);
     }
     // Another component's reading of a declared element.
     DataAccess* declareReader(const char* component, const DataAccess* of) {
@@ -138,6 +145,7 @@ private:
     }
     static unsigned short SizeOf(const Unit& unit, BinaryDataType type) {
         if (type == STRVALUE) return TEXT_SIZE;
+        if (type == NO_TYPE) return 0;
         const std::unique_ptr<DataValue> value(unit.dataValue(type));
         return static_cast<unsigned short>(value->getTypeSize());
     }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -45,6 +46,16 @@ TEST(NumberTextTest, SpecialValuesAndLongTexts) {
     for (const auto& [value, text] : rows) EXPECT_EQ(text, Fixed(value, 2));
     EXPECT_EQ("100000000000000001097906362944", Fixed(1e308, 6));  // cut at thirty characters
     EXPECT_EQ("0." + std::string(28, '0'), Fixed(5e-324, UINT_MAX));
+}
+
+TEST(TextBufferTest, WholeNumbersAreNotCut) {
+    char printed[400];
+    for (const double value : {-DBL_MAX, 1e300, -1e25, -0.0, 21.5, 5e-324}) {
+        for (const unsigned int decimals : {0u, 6u}) {
+            snprintf(printed, sizeof printed, "%.*f", static_cast<int>(decimals), value);
+            EXPECT_EQ(Str(printed), TextBuffer().appendWhole(value, decimals).toStr());
+        }
+    }
 }
 
 TEST(TextBufferTest, FormatsIntegers) {

@@ -56,53 +56,6 @@ unsigned short DataEntry::getUniversalCode() const {
     return dataAccess_ == nullptr ? ElementURI::NO_CODE : dataAccess_->getEffectiveUniversalCode();
 }
 
-// Passes so many bytes on and drops the others.
-class ClippedStream final : public OutStream {
-public:
-    ClippedStream(OutStream& out, size_t size) : out_(out), left_(size) {}
-    using OutStream::write;
-    OutStream& write(const char* buf, size_t n) override {
-        const size_t kept = std::min(n, left_);
-        lastWritten_ = out_.write(buf, kept).bytesWritten();
-        left_ -= kept;
-        return *this;
-    }
-    bool isWritable() override { return out_.isWritable(); }
-    size_t left() const { return left_; }
-
-private:
-    OutStream& out_;  // borrowed
-    size_t left_;     // bytes still to come
-};
-
-// As many bytes as the access declares, which need not be what the value's class takes: readers go by the access. The
-// bytes that the value did not get from the log, or does not use, are zero.
-static size_t WriteDeclaredSize(const DataAccess& access, const DataValue& value, OutStream& out) {
-    const size_t size = access.getTypeSize();
-    ClippedStream clipped(out, size);
-    value.toStream(clipped);
-    while (clipped.left() > 0) clipped << '\0';
-    return size;
-}
-
-static bool HasDeclaredSize(const DataAccess& access, const DataValue& value) {
-    return access.getBinaryType() == STRVALUE || access.isUntyped() || access.getTypeSize() == value.getTypeSize();
-}
-
-static size_t WriteValue(const DataAccess& access, const DataValue& value, OutStream& out) {
-    return HasDeclaredSize(access, value) ? value.toStream(out) : WriteDeclaredSize(access, value, out);
-}
-
-unsigned int DataEntry::write(Timestamp& timeBase, OutStream& out) const {
-    if (dataValue_ == nullptr || dataAccess_->getCode() > MAX_CODE) return 0;
-    const bool withValue = changed_ || !TimesHaveFlag();
-    const int header = DATA_LOG_ENTRY | (best_ ? BEST_MASK : 0) | dataAccess_->getCode() << CODE_SHIFT;
-    size_t n = EntryStream::WriteCompact(out, static_cast<unsigned short>(header));
-    n += writeTimestamp(timeBase, withValue, out, dataAccess_->getTimePrecision());
-    if (withValue) n += WriteValue(*dataAccess_, *dataValue_, out);
-    return static_cast<unsigned int>(n);
-}
-
 // The first access from `first` up to but not including `end` that is typed and matches; null when there is none.
 template <typename Matches>
 static const DataAccess* FindTyped(unsigned int first, unsigned int end, Matches matches) {
@@ -249,6 +202,65 @@ DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short hea
     entry->setTimestamp(t);
     if (element != nullptr && values == STORE_VALUES) entry->shareValueWith(*element);
     return entry;
+}
+
+// Passes so many bytes on and drops the others.
+class ClippedStream final : public OutStream {
+public:
+    ClippedStream(OutStream& out, size_t size) : out_(out), left_(size) {}
+    using OutStream::write;
+    OutStream& write(const char* buf, size_t n) override {
+        const size_t kept = std::min(n, left_);
+        lastWritten_ = out_.write(buf, kept).bytesWritten();
+        left_ -= kept;
+        return *this;
+    }
+    bool isWritable() override { return out_.isWritable(); }
+    size_t left() const { return left_; }
+
+private:
+    OutStream& out_;  // borrowed
+    size_t left_;     // bytes still to come
+};
+
+// As many bytes as the access declares, which need not be what the value's class takes: readers go by the access. The
+// bytes that the value did not get from the log, or does not use, are zero.
+static size_t WriteDeclaredSize(const DataAccess& access, const DataValue& value, OutStream& out) {
+    const size_t size = access.getTypeSize();
+    ClippedStream clipped(out, size);
+    value.toStream(clipped);
+    while (clipped.left() > 0) clipped << '\0';
+    return size;
+}
+
+static bool HasDeclaredSize(const DataAccess& access, const DataValue& value) {
+    return access.getBinaryType() == STRVALUE || access.isUntyped() || access.getTypeSize() == value.getTypeSize();
+}
+
+static size_t WriteBytes(const DataAccess& access, const DataValue& value, OutStream& out) {
+    return HasDeclaredSize(access, value) ? value.toStream(out) : WriteDeclaredSize(access, value, out);
+}
+
+// A reader of a standard quantity passes on the value of whatever supplies it, but the log is read by the type that the
+// access tells. A value that has no such form goes as the empty one of the type.
+static size_t WriteValue(DataAccess& access, const DataValue& value, OutStream& out) {
+    if (access.isUntyped()) InheritType(access);
+    const BinaryDataType type = access.getBinaryType();
+    if (type == value.getBinaryType() || type == NO_TYPE) return WriteBytes(access, value, out);
+    const std::unique_ptr<DataValue> declared(UnitOf(access).dataValue(type));
+    if (declared->getBinaryType() != type) return WriteBytes(access, value, out);  // it is a type that no class has
+    declared->setFrom(value);
+    return WriteBytes(access, *declared, out);
+}
+
+unsigned int DataEntry::write(Timestamp& timeBase, OutStream& out) const {
+    if (dataValue_ == nullptr || dataAccess_->getCode() > MAX_CODE) return 0;
+    const bool withValue = changed_ || !TimesHaveFlag();
+    const int header = DATA_LOG_ENTRY | (best_ ? BEST_MASK : 0) | dataAccess_->getCode() << CODE_SHIFT;
+    size_t n = EntryStream::WriteCompact(out, static_cast<unsigned short>(header));
+    n += writeTimestamp(timeBase, withValue, out, dataAccess_->getTimePrecision());
+    if (withValue) n += WriteValue(*dataAccess_, *dataValue_, out);
+    return static_cast<unsigned int>(n);
 }
 
 // A new value becomes the element's current one; without one the entry repeats what the element holds.

@@ -17,12 +17,15 @@ static const size_t CYCLE_TIME_SIZE = 7;  // bytes of compact micros
 static const size_t INT24_SIZE = 3;
 static const unsigned short NO_ACTOR = 0;  // in a cycle start
 
+static const char* const UNDEFINED = "(undefined)";
+
 struct StateName {
-    EventEntry::DataStateChange bit_;
+    int bit_;
     const char* name_;
 };
 static const StateName STATE_NAMES[] = {
-    // lowest bit first
+    // of the byte in the log, lowest bit first
+    {1, UNDEFINED},
     {EventEntry::DATA_STATE_CHANGE_UNAVAILABLE, "UNAVAILABLE"},
     {EventEntry::DATA_STATE_CHANGE_AVAILABLE, "AVAILABLE"},
     {EventEntry::DATA_STATE_CHANGE_ORPHANED, "ORPHANED"},
@@ -231,22 +234,18 @@ const char* EventEntry::EventTypeToString(EventType type) {
         case COMPONENT_ACTION:
             return "COMPONENT_ACTION";
     }
-    return "(undefined)";
+    return UNDEFINED;
 }
 
 Str EventEntry::StateChangeToString(DataStateChange state) {
     if (state == NO_DATA_STATE_CHANGE) return "NONE";
     TextBuffer text;
-    int unnamed = state;
     for (const StateName& known : STATE_NAMES) {
         if ((state & known.bit_) == 0) continue;
-        unnamed &= ~known.bit_;
         if (text.length() > 0) text.append('|');
         text.append(known.name_);
     }
-    if (unnamed == 0) return text.toStr();
-    if (text.length() > 0) text.append('|');
-    return text.append("(undefined)").toStr();
+    return text.toStr();
 }
 
 Str EventEntry::makeDataValueString() const {

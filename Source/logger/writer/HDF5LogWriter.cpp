@@ -55,11 +55,10 @@ void HDF5LogWriter::place(int request) {
 // Null while neither the log nor a unit asked for tells what the variable is.
 MatlabLeaf* HDF5LogWriter::newLeaf(int request) {
     const VariableSelection& selection = selectionOf(request);
-    const DataAccess* const access = selection.access(positionOf(request));
     const Unit* const unit = selection.shownUnit(positionOf(request));
-    if (access == nullptr && unit == nullptr) return nullptr;
+    if (unit == nullptr) return nullptr;
     MatlabLeaf* const leaf = new MatlabLeaf(tree_.addLeaf(nameOf(request)), cells_, nameOf(request),
-                                            describe(unit == nullptr ? Units::NONE : *unit, access));
+                                            describe(*unit, selection, positionOf(request)));
     leaves_.push(leaf);
     return leaf;
 }
@@ -73,13 +72,15 @@ static void DescribeArray(const ElementURI& element, MatlabLeaf::Description& de
     }
 }
 
-MatlabLeaf::Description HDF5LogWriter::describe(const Unit& unit, const DataAccess* access) const {
+MatlabLeaf::Description HDF5LogWriter::describe(const Unit& unit, const VariableSelection& selection,
+                                                int position) const {
     MatlabLeaf::Description description;
     description.unit_ = &unit;
     description.timeUnit_ = matlab_ ? &Units::MATLAB_TIME : &Units::EPOCH_SECOND;
+    const DataAccess* const access = selection.access(position);
     if (access == nullptr) return description;
-    const ElementURI* const universal = Slate::GetElementURI(access->getEffectiveUniversalCode());
-    if (universal != nullptr && universal->isUniversal()) description.standardName_ = *universal;
+    const ElementURI* const standardName = selection.standardName(position, access->getUniversalCode());
+    if (standardName != nullptr) description.standardName_ = *standardName;
     const ElementURI* const element = Slate::GetElementURI(access->getElementCode());
     if (access->getBinaryType() != STRVALUE || element == nullptr) return description;
     if (element->getBlobType() == NOT_BLOB) {

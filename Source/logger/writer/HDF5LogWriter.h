@@ -37,7 +37,7 @@ private:
     void placeLeaves();
     void place(int request);
     MatlabLeaf* newLeaf(int request);
-    MatlabLeaf::Description describe(const Unit& unit, const DataAccess* access) const;
+    MatlabLeaf::Description describe(const Unit& unit, const VariableSelection& selection, int position) const;
     unsigned int addSample(const DataEntry* entry, int request);
     void checkFile(const char* toDo);
 

@@ -52,10 +52,9 @@ bool JsonLogWriter::place(int index) {
 bool JsonLogWriter::placeFirst(int index) {
     const VariableSelection& selection = selectionOf(index);
     const int position = positionOf(index);
-    const bool isDescribed = selection.access(position) != nullptr;
     const Unit* const unit = selection.shownUnit(position);
-    if (isDescribed || unit != nullptr) addVar(index, unit == nullptr ? Units::NONE : *unit);
-    return isDescribed || unit != nullptr || Slate::IsDirectoryRead();
+    if (unit != nullptr) addVar(index, *unit);
+    return unit != nullptr || Slate::IsDirectoryRead();
 }
 
 void JsonLogWriter::addVar(int index, const Unit& unit) {

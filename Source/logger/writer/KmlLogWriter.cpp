@@ -12,6 +12,7 @@
 const char* const KmlLogWriter::KmlArgs_[KML_COUNT] = {"depth", "latitude", "longitude"};
 const char* const KmlLogWriter::KmlUnits_[KML_COUNT] = {"meter", "degree", "degree"};
 const float KmlLogWriter::KmlErrors_[KML_COUNT] = {0.5f, 8.7266464e-08f, 8.7266464e-08f};
+const Location KmlLogWriter::ZERO_LOCATION(Units::DEGREE, 0, 0);
 
 static const char* const DEFAULT_COLOR = "ff0055ff";
 static const double NO_NUMBER = std::numeric_limits<double>::quiet_NaN();
@@ -96,9 +97,9 @@ unsigned int KmlLogWriter::writeFooter() {
     return bytes;
 }
 
-// True when the angle is a number; it counts as new when it is far enough from the last that did.
+// True when the angle is a number, of degrees too; it counts as new when it is far enough from the last that did.
 bool KmlLogWriter::Angle::take(double radians, double threshold) {
-    if (!std::isfinite(radians)) return false;
+    if (!std::isfinite(Units::DEGREE.getScaled(radians))) return false;
     value_ = radians;
     if (std::isnan(counted_) || std::fabs(counted_ - radians) > threshold) {
         isNew_ = true;
@@ -131,11 +132,9 @@ bool KmlLogWriter::takeQuantity(const DataEntry& entry) {
     return true;
 }
 
-// A receiver without a fix reports latitude 0, longitude 0.
 void KmlLogWriter::lookForFirstLocation() {
     const Location here(Units::RADIAN, latitude_.value_, longitude_.value_);
-    const Location zero(Units::RADIAN, 0, 0);
-    haveFirstLocation_ = here.getDistance(zero) > AWAY_FROM_ZERO;
+    haveFirstLocation_ = here.getDistance(ZERO_LOCATION) > AWAY_FROM_ZERO;
 }
 
 // What a new track point needs before it: the start marker, or the end of a full LineString. The result is the point.
@@ -157,9 +156,9 @@ Str KmlLogWriter::beginPoint(TextBuffer& text) {
 
 Str KmlLogWriter::coordinates(unsigned int angleDecimals, bool withAltitude) const {
     TextBuffer text;
-    text.appendFixed(Units::DEGREE.getScaled(longitude_.value_), angleDecimals).append(',');
-    text.appendFixed(Units::DEGREE.getScaled(latitude_.value_), angleDecimals);
-    if (withAltitude) text.append(',').appendFixed(std::isnan(depth_) ? 0 : -depth_, DECIMALS_3D);
+    text.appendWhole(Units::DEGREE.getScaled(longitude_.value_), angleDecimals).append(',');
+    text.appendWhole(Units::DEGREE.getScaled(latitude_.value_), angleDecimals);
+    if (withAltitude) text.append(',').appendWhole(std::isnan(depth_) ? 0 : -depth_, DECIMALS_3D);
     return text.append('\n').toStr();
 }
 

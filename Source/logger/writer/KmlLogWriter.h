@@ -21,6 +21,7 @@ public:
     static const char* const KmlArgs_[KML_COUNT];
     static const char* const KmlUnits_[KML_COUNT];
     static const float KmlErrors_[KML_COUNT];
+    static const Location ZERO_LOCATION;  // latitude 0, longitude 0: what a receiver without a fix reports
     static int GetKmlCount(bool twoD) { return KML_COUNT - FirstRow(twoD); }
     static const char* const* GetKmlArgs(bool twoD) { return KmlArgs_ + FirstRow(twoD); }
     static const char* const* GetKmlUnits(bool twoD) { return KmlUnits_ + FirstRow(twoD); }

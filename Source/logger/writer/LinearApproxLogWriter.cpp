@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "data/DataValue.h"
+#include "units/Units.h"
 
 LinearApproxLogWriter::LinearApproxLogWriter(LogWriter& outputTo, const Str& varName, DataValue* approxError,
                                              bool cycleStarts, Logger& logger)
@@ -42,9 +43,7 @@ unsigned int LinearApproxLogWriter::writeFooter() {
 void LinearApproxLogWriter::setParameter(DataValue* value, Logger& logger) {
     if (value == nullptr) {
         logger.syslog("Configuring LinearApproxWriter with NULL parameter value", Syslog::FAULT);
-        if (approxErrorValue_ != nullptr) {
-            approxErrorValue_->setFrom(*approxErrorValue_->getUnit(), std::numeric_limits<double>::quiet_NaN());
-        }
+        if (approxErrorValue_ != nullptr) makeBoundNaN();
     } else if (approxErrorValue_ == nullptr) {
         approxErrorValue_.reset(value);
     } else {
@@ -52,6 +51,12 @@ void LinearApproxLogWriter::setParameter(DataValue* value, Logger& logger) {
         delete value;
     }
     if (varData_ != nullptr) varData_->setApproxError(bound());
+}
+
+// As a double of the same unit: not every class of value holds NaN.
+void LinearApproxLogWriter::makeBoundNaN() {
+    const Unit* const unit = approxErrorValue_->getUnit();
+    approxErrorValue_.reset((unit == nullptr ? Units::NONE : *unit).dataValue(DOUBLE8));
 }
 
 float LinearApproxLogWriter::bound() const {

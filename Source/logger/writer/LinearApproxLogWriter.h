@@ -23,6 +23,7 @@ protected:
 
 private:
     unsigned int passPoint(const Unit* unit);
+    void makeBoundNaN();
     float bound() const;  // in the base unit; NaN without one
 
     std::unique_ptr<DataValue> approxErrorValue_;  // may be null

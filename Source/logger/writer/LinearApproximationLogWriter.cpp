@@ -1,6 +1,8 @@
 #include "logger/writer/LinearApproximationLogWriter.h"
 
+#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
+#include "logger/entry/SyslogEntry.h"
 
 LinearApproximationLogWriter::LinearApproximationLogWriter(LogWriter* outputTo, int varCount, char** varList,
                                                            char** unitList, const float* approxErrors,
@@ -26,7 +28,9 @@ void LinearApproximationLogWriter::config(Logger& logger) {
     outputTo_->config(logger);
 }
 
+// A variable has one series, however often it is listed: a table behind shows each point in all its columns.
 unsigned int LinearApproximationLogWriter::writeToColumn(const DataEntry* entry, int column) {
+    if (columns_.isListedAgain(column)) return 0;
     if (entry != nullptr && !entry->isNumber()) return passOn(*entry, column);
     VarData* series = varData_[column].get();
     if (series == nullptr) return entry == nullptr ? 0 : startSeries(*entry, column);
@@ -66,9 +70,20 @@ unsigned int LinearApproximationLogWriter::forceWriteRow() {
     return bytes + writeRow();
 }
 
+unsigned int LinearApproximationLogWriter::writeSyslog(const SyslogEntry* entry) {
+    if (!makeDirEntries_) return outputTo_->write(entry, nullptr);
+    const unsigned int bytes = directory_.describe(*entry, *outputTo_);
+    return bytes + outputTo_->write(directory_.translated(*entry).get(), nullptr);
+}
+
 unsigned int LinearApproximationLogWriter::forceWrite(DataEntry* entry) {
     const int column = columns_.indexOf(entry->getElementCode());
-    return column < 0 ? 0 : passOn(*entry, column);
+    if (column >= 0) return passOn(*entry, column);
+    if (entry->getDataValue() == nullptr) return 0;
+    recentOutput_ = true;
+    if (!makeDirEntries_) return outputTo_->write(entry, nullptr);
+    const ElementURI* const name = Slate::GetElementURI(entry->getElementCode());
+    return name == nullptr ? 0 : sendDescribed(*entry, directory_.columnBehind(*name), *name, nullptr);
 }
 
 unsigned int LinearApproximationLogWriter::startSeries(const DataEntry& entry, int column) {
@@ -89,8 +104,12 @@ unsigned int LinearApproximationLogWriter::passOn(const DataEntry& entry, int co
 
 unsigned int LinearApproximationLogWriter::sendOutput(const DataEntry* entry, int column) {
     const Unit* const unit = columns_.unit(column);
-    if (!makeDirEntries_) return outputTo_->write(entry, unit);
-    const unsigned int bytes = directory_.describe(columns_.name(column), column, *entry, unit, *outputTo_);
-    const std::unique_ptr<DataEntry> translated = directory_.translated(*entry, column);
+    return makeDirEntries_ ? sendDescribed(*entry, column, columns_.name(column), unit) : outputTo_->write(entry, unit);
+}
+
+unsigned int LinearApproximationLogWriter::sendDescribed(const DataEntry& entry, int column, const Str& name,
+                                                         const Unit* unit) {
+    const unsigned int bytes = directory_.describe(name, column, entry, unit, *outputTo_);
+    const std::unique_ptr<DataEntry> translated = directory_.translated(entry, column);
     return translated == nullptr ? bytes : bytes + outputTo_->write(translated.get(), unit);
 }

@@ -14,7 +14,7 @@ public:
     // approxErrors, per column in the base unit of the variable (NaN: only first, forced and last points pass), is
     // borrowed like the lists. sendAtStartCycle: at each cycle start after which points were passed on, all columns are
     // forced out and a cycle start follows. makeDirEntries: directory entries with codes of the output's own precede a
-    // column's first data entry, so that the output is a log that reads alone.
+    // column's first data entry and a facility's first message, so that the output is a log that reads alone.
     LinearApproximationLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList,
                                  const float* approxErrors, bool sendAtStartCycle, bool makeDirEntries);
 
@@ -24,10 +24,11 @@ public:
     unsigned int writeFooter() override;
     void resetInputs() override;
     unsigned int writeRow() override;
+    unsigned int writeSyslog(const SyslogEntry* entry) override;
     unsigned int writeToColumn(const DataEntry* entry, int column) override;
 
     void resetDirectoryEntries() { directory_.reset(); }  // they are written again
-    unsigned int forceWrite(DataEntry* entry);            // passes an entry on at once, for its element's column
+    unsigned int forceWrite(DataEntry* entry);            // passes an entry on at once, whatever its element
     unsigned int forceWriteRow();                         // passes on what every column still holds
 
 private:
@@ -35,6 +36,7 @@ private:
     unsigned int passPoint(int column);
     unsigned int passOn(const DataEntry& entry, int column);
     unsigned int sendOutput(const DataEntry* entry, int column);
+    unsigned int sendDescribed(const DataEntry& entry, int column, const Str& name, const Unit* unit);
 
     const float* const approxErrors_;  // borrowed
     const bool sendAtStartCycle_;

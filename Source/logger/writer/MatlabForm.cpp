@@ -60,7 +60,7 @@ Hdf5Item MatlabForm::AddNumbers(Hdf5Group& group, const Str& name, const double*
 Hdf5Item MatlabForm::AddEmpty(Hdf5Group& group, const Str& name, const char* className) {
     static const uint64_t DIMENSIONS[] = {0, 0};
     Hdf5Item item = group.addArray(name, Hdf5Shape{1, {2}}, DIMENSIONS);
-    MarkClass(item, className);
+    if (className != NO_CLASS) MarkClass(item, className);
     item.addAtt("MATLAB_empty", static_cast<unsigned char>(1));
     return item;
 }

@@ -9,6 +9,7 @@ namespace MatlabForm {
 static const char* const DOUBLE_CLASS = "double";
 static const char* const CHAR_CLASS = "char";
 static const char* const CELL_CLASS = "cell";
+static const char* const NO_CLASS = nullptr;           // strings of HDF5 are nothing to Matlab
 static const char* const REFERENCES_GROUP = "#refs#";  // where the content of cells is
 
 void MarkStruct(Hdf5Group& group);
@@ -18,7 +19,7 @@ void MarkClass(Hdf5Item& item, const char* className);
 Hdf5Item AddText(Hdf5Group& group, const Str& name, const Str& text);
 // A row of numbers becomes a column in Matlab.
 Hdf5Item AddNumbers(Hdf5Group& group, const Str& name, const double* numbers, size_t count);
-// What a value of the class without elements is.
+// What a value of the class, or of none, without elements is.
 Hdf5Item AddEmpty(Hdf5Group& group, const Str& name, const char* className);
 
 // The bytes by which Matlab knows a file; HDF5 begins behind them.

@@ -10,6 +10,9 @@
 #include "logger/writer/MatlabTree.h"
 #include "utils/Utf8.h"
 
+// What the values are to Matlab, by content.
+static const char* const CLASSES[] = {MatlabForm::DOUBLE_CLASS, MatlabForm::NO_CLASS, MatlabForm::CELL_CLASS};
+
 MatlabLeaf::MatlabLeaf(Hdf5Group& group, MatlabCells& cells, const Str& name, const Description& description)
     : group_(group), cells_(cells), description_(description) {
     group_.addAtt("name", name);
@@ -33,7 +36,7 @@ void MatlabLeaf::add(const DataEntry& entry) {
 void MatlabLeaf::begin() {
     times_ = &group_.addNumberColumn(MatlabTree::TIME);
     MatlabForm::MarkClass(*times_, MatlabForm::DOUBLE_CLASS);
-    times_->addAtt("units", description_.timeUnit_->getAbbreviation());
+    describeTime(*times_);
     if (description_.content_ == NUMBERS) {
         Hdf5Shape shape;
         for (int i = description_.rank_; i > 0; --i) shape.dims_[shape.rank_++] = description_.dims_[i - 1];
@@ -53,6 +56,10 @@ void MatlabLeaf::begin() {
 void MatlabLeaf::describe(Hdf5Item& value) const {
     value.addAtt("units", description_.unit_->getAbbreviation());
     if (!description_.standardName_.isEmpty()) value.addAtt("standard_name", description_.standardName_);
+}
+
+void MatlabLeaf::describeTime(Hdf5Item& time) const {
+    time.addAtt("units", description_.timeUnit_->getAbbreviation());
 }
 
 void MatlabLeaf::fillRecord(const DataEntry& entry, double* record) const {
@@ -97,8 +104,8 @@ uint64_t MatlabLeaf::addText(const Str& text) {
 
 void MatlabLeaf::finish() {
     if (times_ != nullptr) return;
-    const char* const valueClass = description_.content_ == NUMBERS ? MatlabForm::DOUBLE_CLASS : MatlabForm::CELL_CLASS;
-    Hdf5Item value = MatlabForm::AddEmpty(group_, MatlabTree::VALUE, valueClass);
+    Hdf5Item value = MatlabForm::AddEmpty(group_, MatlabTree::VALUE, CLASSES[description_.content_]);
     describe(value);
-    MatlabForm::AddEmpty(group_, MatlabTree::TIME, MatlabForm::DOUBLE_CLASS);
+    Hdf5Item time = MatlabForm::AddEmpty(group_, MatlabTree::TIME, MatlabForm::DOUBLE_CLASS);
+    describeTime(time);
 }

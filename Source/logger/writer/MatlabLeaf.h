@@ -30,6 +30,7 @@ public:
 private:
     void begin();
     void describe(Hdf5Item& value) const;
+    void describeTime(Hdf5Item& time) const;
     void fillRecord(const DataEntry& entry, double* record) const;
     void fillArray(const BlobValue* blob, double* record) const;
     uint64_t addCell(const DataEntry& entry);

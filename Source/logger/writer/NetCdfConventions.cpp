@@ -39,12 +39,6 @@ unsigned short NetCdfConventions::CodeOfLastPart(const Str& name) {
     return Slate::GetElementURICode(dot < name.length() ? name.cStr() + dot + 1 : name.cStr());
 }
 
-const ElementURI* NetCdfConventions::StandardName(const VariableSelection& selection, int index,
-                                                  unsigned short universalCode) {
-    if (universalCode >= ElementURI::NUM_CODES) return nullptr;
-    return Slate::GetElementURI(selection.isUniversal(index) ? selection.code(index) : universalCode);
-}
-
 static bool IsCoordinate(const Str& standardName) {
     return standardName == UniversalURI::DEPTH || standardName == UniversalURI::LATITUDE ||
            standardName == UniversalURI::LONGITUDE;

@@ -23,8 +23,6 @@ const Types* FindTypes(BinaryDataType type, const Str& elementName);
 const Unit& UnitOf(const VariableSelection& selection, int index, const DataAccess& access);
 // For a name that the log does not know: the code that the log has for the part after the last '.'.
 unsigned short CodeOfLastPart(const Str& name);
-// The standard name of a universal variable or of one that serves the universal; null when there is none.
-const ElementURI* StandardName(const VariableSelection& selection, int index, unsigned short universalCode);
 
 // The unit, and with a standard name either the coordinates that place the values or, for a coordinate, the text that
 // was asked for.

@@ -67,7 +67,7 @@ bool NetCdfLogWriter::defineFirst(int index) {
     if (const DataAccess* const access = selection.access(position)) {
         addVar(index, uri, access->getBinaryType(), NetCdfConventions::UnitOf(selection, position, *access),
                access->getUniversalCode());
-    } else if (const Unit* const unit = selection.unit(position)) {
+    } else if (const Unit* const unit = selection.unitOfName(position)) {
         const ElementURI unknown(ElementURI::NO_CODE, selection.name(position), ElementURI::DATA_ELEMENT);
         addVar(index, &unknown, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(unknown));
     } else if (Slate::IsDirectoryRead()) {
@@ -121,8 +121,7 @@ void NetCdfLogWriter::addVar(int index, const ElementURI* name, BinaryDataType t
     } else {
         const VariableSelection& selection = selectionOf(index);
         const int position = positionOf(index);
-        NetCdfConventions::Describe(*group, *var, unit,
-                                    NetCdfConventions::StandardName(selection, position, universalCode), COORDINATES,
+        NetCdfConventions::Describe(*group, *var, unit, selection.standardName(position, universalCode), COORDINATES,
                                     selection.name(position));
         give(*var, NewHolder(*name, type, unit));
         give(*timeVar, Units::SECOND.dataValue(DOUBLE8));

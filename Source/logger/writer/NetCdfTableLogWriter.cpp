@@ -59,7 +59,7 @@ bool NetCdfTableLogWriter::defineColumn(int column) {
         return true;
     }
     const Str name = columns_.name(column);
-    if (const Unit* const unit = columns_.unit(column)) {
+    if (const Unit* const unit = columns_.unitOfName(column)) {
         const ElementURI uri(ElementURI::NO_CODE, name, ElementURI::DATA_ELEMENT);
         addVar(column, &uri, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(name));
         writeToColumn(nullptr, column);
@@ -84,9 +84,8 @@ void NetCdfTableLogWriter::addVar(int column, const ElementURI* name, BinaryData
         DataValue* const holder = unit.dataValue(type);
         var->setHolder(holder);
         holders_.push(holder);
-        NetCdfConventions::Describe(*netCdfWriter_, *var, unit,
-                                    NetCdfConventions::StandardName(columns_, column, universalCode), COORDINATES,
-                                    columns_.name(column));
+        NetCdfConventions::Describe(*netCdfWriter_, *var, unit, columns_.standardName(column, universalCode),
+                                    COORDINATES, columns_.name(column));
     }
     netCdfWriter_->recover();
 }

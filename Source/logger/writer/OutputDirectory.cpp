@@ -1,34 +1,63 @@
 #include "logger/writer/OutputDirectory.h"
 
+#include <utility>
+
 #include "data/DataValue.h"
 #include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/DirectoryEntry.h"
+#include "logger/entry/SyslogEntry.h"
 #include "logger/writer/LogWriter.h"
 
-OutputDirectory::OutputDirectory(int columnCount)
-    : columnCount_(columnCount), columns_(new Column[columnCount]), components_(true) {}
+OutputDirectory::OutputDirectory(int columnCount) : chosenCount_(columnCount), columns_(true), components_(true) {
+    for (int i = 0; i < columnCount; ++i) columns_.push(new Column);
+}
 
 OutputDirectory::~OutputDirectory() = default;
 
+int OutputDirectory::columnBehind(const Str& name) {
+    const int count = columns_.getMaxIndex() + 1;
+    for (int i = chosenCount_; i < count; ++i) {
+        if (*columns_.at(static_cast<unsigned int>(i))->element_ == name) return i;
+    }
+    columns_.push(new Column);
+    return count;
+}
+
+unsigned int OutputDirectory::writeVersion(LogWriter& output) {
+    if (std::exchange(wroteVersion_, true)) return 0;
+    const DirectoryEntry version(static_cast<short>(0));
+    return output.write(&version, nullptr);
+}
+
+unsigned int OutputDirectory::WriteName(Component& component, LogWriter& output) {
+    if (std::exchange(component.written_, true)) return 0;
+    const DirectoryEntry name(&component.name_);
+    return output.write(&name, nullptr);
+}
+
+unsigned int OutputDirectory::describe(const SyslogEntry& entry, LogWriter& output) {
+    const unsigned int bytes = writeVersion(output);
+    return bytes + WriteName(*componentCalled(entry.getLoggerFacility()), output);
+}
+
+std::unique_ptr<SyslogEntry> OutputDirectory::translated(const SyslogEntry& entry) {
+    const CodedStr& facility = componentCalled(entry.getLoggerFacility())->name_;
+    return std::make_unique<SyslogEntry>(entry.getMessage(), entry.getSeverity(), facility, entry.getTimestamp());
+}
+
 unsigned int OutputDirectory::describe(const Str& name, int column, const DataEntry& entry, const Unit* unit,
                                        LogWriter& output) {
-    Column& described = columns_[column];
-    if (described.written_) return 0;
-    unsigned int bytes = 0;
-    const auto write = [&](const DirectoryEntry& directoryEntry) { bytes += output.write(&directoryEntry, nullptr); };
-    if (!wroteVersion_) write(DirectoryEntry(static_cast<short>(0)));
-    wroteVersion_ = true;
-    Component* component = componentOf(name);
-    if (component != nullptr && !component->written_) {
-        write(DirectoryEntry(&component->name_));
-        component->written_ = true;
-    }
+    Column& described = *columns_.at(static_cast<unsigned int>(column));
+    if (std::exchange(described.written_, true)) return 0;
+    unsigned int bytes = writeVersion(output);
+    Component* const component = componentOf(name);
+    if (component != nullptr) bytes += WriteName(*component, output);
     if (described.access_ == nullptr) make(described, column, name, component, entry, unit);
-    write(DirectoryEntry(described.element_.get()));
-    write(DirectoryEntry(described.access_.get()));
-    described.written_ = true;
-    return bytes;
+    const DirectoryEntry element(described.element_.get());
+    const DirectoryEntry access(described.access_.get());
+    bytes += output.write(&element, nullptr);
+    return bytes + output.write(&access, nullptr);
 }
 
 // The value as one of the type; null when it has no such form.
@@ -43,7 +72,7 @@ static std::unique_ptr<DataValue> AsType(BinaryDataType type, const DataEntry& e
 
 // Another type than the access declares would put the reader out of step, and so would an entry without its value.
 std::unique_ptr<DataEntry> OutputDirectory::translated(const DataEntry& entry, int column) const {
-    DataAccess* const access = columns_[column].access_.get();
+    DataAccess* const access = columns_.at(static_cast<unsigned int>(column))->access_.get();
     std::unique_ptr<DataValue> value = AsType(access->getBinaryType(), entry);
     if (value == nullptr) return nullptr;
     return std::make_unique<DataEntry>(access, value.release(), entry.getTimestamp(), entry.isBest(), true);
@@ -51,22 +80,23 @@ std::unique_ptr<DataEntry> OutputDirectory::translated(const DataEntry& entry, i
 
 void OutputDirectory::reset() {
     wroteVersion_ = false;
-    for (int i = 0; i < columnCount_; ++i) columns_[i].written_ = false;
-    for (int i = 0; i <= components_.getMaxIndex(); ++i) components_.at(static_cast<unsigned int>(i))->written_ = false;
+    for (unsigned int i = 0; i < columns_.size(); ++i) columns_.at(i)->written_ = false;
+    for (unsigned int i = 0; i < components_.size(); ++i) components_.at(i)->written_ = false;
 }
 
 // The part of the name before its first '.'; null for a name without component.
 OutputDirectory::Component* OutputDirectory::componentOf(const Str& name) {
     const size_t end = name.find('.');
-    if (end == Str::NO_POS) return nullptr;
-    const Str text = name.substr(0, end);
-    const int count = components_.getMaxIndex() + 1;
-    for (int i = 0; i < count; ++i) {
-        Component* component = components_.at(static_cast<unsigned int>(i));
-        if (component->name_ == text) return component;
+    return end == Str::NO_POS ? nullptr : componentCalled(name.substr(0, end));
+}
+
+OutputDirectory::Component* OutputDirectory::componentCalled(const Str& text) {
+    const unsigned int count = components_.size();
+    for (unsigned int i = 0; i < count; ++i) {
+        if (components_.at(i)->name_ == text) return components_.at(i);
     }
     components_.push(new Component(text, static_cast<unsigned short>(count)));
-    return components_.at(static_cast<unsigned int>(count));
+    return components_.at(count);
 }
 
 void OutputDirectory::make(Column& column, int index, const Str& name, const Component* component,

@@ -42,17 +42,23 @@ unsigned int TableLogWriter::write(const LogEntry* entry, const Unit*) {
     }
 }
 
-// A best value fills its universal's column besides its own. An element that is its own universal has one column.
+// A best value fills its universal's column besides its own; that of an element which is its own universal it fills
+// twice. A thinned series then tests the value that ended a segment too, which the next one would otherwise replace.
 unsigned int TableLogWriter::writeSample(const DataEntry& entry) {
-    const unsigned short code = entry.getElementCode();
-    const unsigned short universalCode = entry.getUniversalCode();
-    unsigned int bytes = writeCell(entry, columns_.indexOf(code));
-    if (entry.isBest() && universalCode != code) bytes += writeCell(entry, columns_.indexOf(universalCode));
+    unsigned int bytes = writeCells(entry, entry.getElementCode());
+    if (entry.isBest()) bytes += writeCells(entry, entry.getUniversalCode());
+    return bytes;
+}
+
+unsigned int TableLogWriter::writeCells(const DataEntry& entry, unsigned short code) {
+    unsigned int bytes = 0;
+    for (int column = columns_.indexOf(code); column >= 0; column = columns_.indexBefore(column)) {
+        bytes += writeCell(entry, column);
+    }
     return bytes;
 }
 
 unsigned int TableLogWriter::writeCell(const DataEntry& entry, int column) {
-    if (column < 0) return 0;
     if (!interpolate_) return writeToColumn(&entry, column);
     pendingRows_->add(entry, column, lastTime_);
     return writeReadyRows();

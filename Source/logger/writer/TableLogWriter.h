@@ -47,6 +47,7 @@ protected:
 
 private:
     unsigned int writeSample(const DataEntry& entry);
+    unsigned int writeCells(const DataEntry& entry, unsigned short code);
     unsigned int writeCell(const DataEntry& entry, int column);
     unsigned int writeEvent(const EventEntry& entry);
     unsigned int writeMessage(const SyslogEntry& entry);

@@ -56,7 +56,7 @@ bool VarData::admit(float lower, float upper) {
         minUpperSlope_ = upper;
         return true;
     }
-    const double mid = (static_cast<double>(upper) + lower) * 0.5;
+    const double mid = (upper + lower) * 0.5;
     if (mid < maxLowerSlope_ || mid > minUpperSlope_ || approxError_ == 0) return false;
     if (upper < minUpperSlope_) minUpperSlope_ = upper;
     if (lower > maxLowerSlope_) maxLowerSlope_ = lower;

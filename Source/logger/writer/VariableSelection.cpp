@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "data/Slate.h"
 #include "units/UnitRegistry.h"
+#include "units/Units.h"
 
 VariableSelection::VariableSelection(int count, char** names, char** unitNames)
     : count_(count),
@@ -37,8 +39,8 @@ bool VariableSelection::lookUpCode(int index) {
     const ElementURI* uri = Slate::FindElementURI(names_[index]);
     if (uri == nullptr || !uri->hasCode()) return false;
     variables_[index].code_ = uri->getCode();
-    variables_[index].isUniversal_ = uri->isUniversal();
-    codeLookup_[uri->getCode()] = index;
+    variables_[index].isUniversal_ = uri->getElementType() == ElementURI::UNIVERSAL_ELEMENT;
+    variables_[index].indexBefore_ = std::exchange(codeLookup_[uri->getCode()], index);
     return true;
 }
 
@@ -58,8 +60,23 @@ const DataAccess* VariableSelection::access(int index) const {
     return isFound(index) ? Slate::FindDescribingAccess(code(index), isUniversal(index)) : nullptr;
 }
 
+const ElementURI* VariableSelection::standardName(int index, unsigned short universalCode) const {
+    const bool servesItself = universalCode == ElementURI::SELF_CODE;
+    if (universalCode >= ElementURI::NUM_CODES && !servesItself) return nullptr;
+    return Slate::GetElementURI(isUniversal(index) ? code(index) : universalCode);
+}
+
 const Unit* VariableSelection::shownUnit(int index) const {
+    const DataAccess* const describing = access(index);
+    if (describing == nullptr) return unitOfName(index);
+    if (describing->getBinaryType() == NO_TYPE) return nullptr;
     if (unit(index) != nullptr) return unit(index);
-    const DataAccess* describing = access(index);
-    return describing == nullptr ? nullptr : describing->getUnit();
+    return describing->getUnit() == nullptr ? &Units::NONE : describing->getUnit();
+}
+
+const Unit* VariableSelection::unitOfName(int index) const {
+    for (int i = 0; i < count_; ++i) {
+        if (unit(i) != nullptr && strcmp(name(i), name(index)) == 0) return unit(i);
+    }
+    return nullptr;
 }

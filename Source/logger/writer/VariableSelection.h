@@ -31,12 +31,22 @@ public:
     const Unit* unit(int index) const { return variables_[index].unit_; }  // the unit asked for; null when none
     // The index of the variable with that code (the last of equal names), -1 when none was asked for.
     int indexOf(unsigned short code) const { return code < ElementURI::NUM_CODES ? codeLookup_[code] : -1; }
+    bool isListedAgain(int index) const { return isFound(index) && codeLookup_[code(index)] != index; }
+    // The index at which the same variable is listed before, -1 when it is not.
+    int indexBefore(int index) const { return variables_[index].indexBefore_; }
     // The first index of the same name.
     int firstIndexOfName(int index) const { return indexOfName(name(index)); }
     int indexOfName(const char* name) const;  // the first one; -1 when it was not asked for
-    // The access that describes the variable, and the unit in which it is shown; null while there is none.
+    // The access that describes the variable; null while there is none.
     const DataAccess* access(int index) const;
+    const Unit* unitOfName(int index) const;  // the first asked for with that name; null when none was
+    // The unit in which the variable is shown: the one asked for, else that of the log. Null while nothing tells what
+    // the variable is: an access without a type holds no value, and of a name that the log does not know only a unit
+    // tells.
     const Unit* shownUnit(int index) const;
+    // The standard name of a universal, or of a variable that serves the universal of that code; null when there is
+    // none. SELF_CODE: it serves itself, which gives a name to universals alone.
+    const ElementURI* standardName(int index, unsigned short universalCode) const;
     // Says on standard output why an output holds nothing; hasPlace(index) tells whether it has one for the variable.
     template <typename HasPlace>
     void printMissing(HasPlace hasPlace) const {
@@ -53,6 +63,7 @@ private:
         unsigned short code_ = ElementURI::NO_CODE;
         bool isUniversal_ = false;
         const Unit* unit_ = nullptr;
+        int indexBefore_ = -1;
     };
     bool lookUpAll();
     bool lookUpCode(int index);  // true when the log knows the name

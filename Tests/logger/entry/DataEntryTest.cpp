@@ -139,6 +139,27 @@ TEST_F(DataEntryTest, TheDeclaredSizeIsReadAndWrittenWhateverTheTypeNeeds) {
     }
 }
 
+// Which for the reader of a standard quantity is that of the first supplier, whatever supplies the value.
+TEST_F(DataEntryTest, AValueIsWrittenInTheTypeThatItsAccessTells) {
+    readRecord("e code=0001 elementURI=\"depth\" type=04\n");
+    readAccess(1, 0, "0001", "\"meter\" type=0B size=0003 fl=05");
+    readAccess(2, 1, "FFFF", "\"none\" type=FF size=0000 fl=04");
+    readAccess(3, 0, "3FFF", "\"meter\" type=05 size=0002 fl=05");
+    readAccess(4, 0, "3FFF", "\"none\" type=00 size=0000 fl=05");
+    readAccess(5, 0, "3FFF", "\"meter\" type=40 size=0008 fl=05");
+    const auto meters = [](double value) { return Units::METER.dataValue(value, DOUBLE8); };
+    const std::tuple<unsigned short, DataValue*, const char*> cases[] = {
+        {1, meters(1.5), "140200C03F"},
+        {2, meters(1.5), "240200C03F"},
+        {2, Units::METER.dataValue(1.5, FLOAT3), "240200C03F"},
+        {3, meters(7.5), "34020700"},
+        {3, new StrValue("text"), "34020000"},
+        {4, meters(1.5), "44020000"},
+        {4, new StrValue("hi"), "440202006869"},
+        {5, meters(1.5), "5402000000000000F83F"}};
+    for (const auto& [code, value, bytes] : cases) EXPECT_STREQ(bytes, write(*entryOf(code, value)).asHex().cStr());
+}
+
 TEST_F(DataEntryTest, LargeCodesTakeTheThreeByteHeaderAndLargerOnesAreNotWritten) {
     readAccess(8191, 0, "3FFF", "\"meter\" type=0B size=0003 fl=01");
     readAccess(8192, 0, "3FFF", "\"meter\" type=0B size=0003 fl=01");

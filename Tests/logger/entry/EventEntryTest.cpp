@@ -94,7 +94,7 @@ TEST_F(EventEntryTest, StatesAreNamedLowestBitFirst) {
         {0, "NONE"},
         {72, "ORPHANED|INVALID"},
         {1, "(undefined)"},
-        {129, "VALID|(undefined)"},
+        {129, "(undefined)|VALID"},
         {254, "UNAVAILABLE|AVAILABLE|ORPHANED|UNORPHANED|SET_BEST|INVALID|VALID"}};
     for (const auto& [state, text] : states) {
         EXPECT_STREQ(EventEntry::StateChangeToString(EventEntry::DataStateChange(state)).cStr(), text);

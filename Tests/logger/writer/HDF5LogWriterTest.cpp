@@ -86,14 +86,24 @@ TEST_F(HDF5LogWriterTest, TextsAreCellsForMatlabAndStringsForOthers) {
 TEST_F(HDF5LogWriterTest, VariablesWithoutASampleAreEmpty) {
     log_.declare("A.number", Units::METER);
     log_.declareText("A.text");
+    log_.declareBlob("A.open", Units::NONE, BLOB_UINT8);
+    log_.declareUntyped("A.untyped");
+    log_.declareServing("latitude", "latitude", Units::DEGREE);
     log_.endDirectory();
-    write(true, {"A.number", "A.text", "A.unknown", "A.unknownToo"}, {log_.cycle(0)},
-          {nullptr, nullptr, "meter", nullptr});
-    const Hdf5Reader file(path(true));
-    EXPECT_EQ("empty double, char{1,1}: m", Shown(file, "A/number"));
-    EXPECT_EQ("empty cell", file.show("A/text/value"));
-    EXPECT_EQ("empty double, char{1,1}: m", Shown(file, "A/unknown"));
-    EXPECT_EQ("number text unknown ", file.list("A"));
+    for (const bool matlab : {true, false}) {
+        write(matlab,
+              {"A.number", "A.text", "A.open", "A.unknown", "A.unknownToo", "A.untyped", "latitude", "A.unknown"},
+              {log_.cycle(0)}, {nullptr, nullptr, nullptr, nullptr, nullptr, "meter", nullptr, "meter"});
+        const Hdf5Reader file(path(matlab));
+        EXPECT_EQ("empty double, char{1,1}: m", Shown(file, "A/number"));
+        EXPECT_EQ(matlab ? "empty cell" : "empty none", file.show("A/text/value"));  // strings of HDF5 have no class
+        EXPECT_EQ("empty cell", file.show("A/open/value"));
+        EXPECT_EQ("empty double, char{1,1}: m", Shown(file, "A/unknown"));
+        EXPECT_EQ("number open text unknown ", file.list("A"));
+        EXPECT_EQ("latitude", file.att("latitude/value", "standard_name"));
+        EXPECT_EQ(matlab ? "day since -0001/12/31T00:00:00Z" : "second since 1970/01/01T00:00:00Z",
+                  file.att("latitude/time", "units"));
+    }
     EXPECT_NE(std::string::npos, dir_.read("file.mat").find("Thu Jan  1 00:00:00 1970"));
 }
 

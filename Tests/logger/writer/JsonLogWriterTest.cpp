@@ -134,13 +134,14 @@ TEST_F(JsonLogWriterTest, EveryNameHasAPlaceOfItsOwn) {
     }
 }
 
-// A unit asked for gives even a name that the log does not know its place.
+// A unit asked for gives even a name that the log does not know its place; one whose type the log never tells has none.
 TEST_F(JsonLogWriterTest, NamesThatTheLogDoesNotKnow) {
+    log_.declareUntyped("a.open");
     const LogEntry* entry = log_.data(log_.declare("a.x"), 0, 1);
     const std::string known = "\"x\":{\"value\":[1],\"units\":\"n/a\",\"time\":[1338553800000]}";
     EXPECT_EQ("{\"a\":{" + known + "}}\n", document({"a.x", "a.lost"}, {entry}));
     EXPECT_EQ("{\"a\":{" + known + ",\"lost\":{\"value\":[],\"units\":\"m\",\"time\":[]}}}\n",
-              document({"a.x", "a.lost"}, {entry}, {nullptr, "meter"}));
+              document({"a.x", "a.lost", "a.open", "a.lost"}, {entry}, {nullptr, nullptr, "meter", "meter"}));
 }
 
 TEST_F(JsonLogWriterTest, TheNextInputAddsToTheSamePlaces) {

@@ -71,6 +71,18 @@ TEST_F(KmlLogWriterTest, ATrackInThreeDimensions) {
     EXPECT_EQ("", take());
 }
 
+TEST_F(KmlLogWriterTest, CoordinatesAreWholeHoweverLong) {
+    open(true, true);
+    point(0, 36.5, -122, 10);
+    take();
+    point(1, 1e300, -1e300, 1e300);
+    char depth[320];
+    snprintf(depth, sizeof depth, ",%f\n", -1e300);
+    const std::string line = take();
+    EXPECT_EQ(line.size() - strlen(depth), line.find(depth));
+    EXPECT_LT(900u, line.size());
+}
+
 TEST_F(KmlLogWriterTest, ATrackInTwoDimensions) {
     open(false, false);
     fix(0, 36.5, -122);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/Int.h"
 #include "support/CapturedLog.h"
 #include "support/EntryCollector.h"
 
@@ -38,6 +39,21 @@ TEST_F(LinearApproxLogWriterTest, WithoutABoundNothingPasses) {
     writer.setParameter(Units::METER.dataValue(1.0, DOUBLE8), logger_);
     writer.write(log_.data(depth_, 1, 2), nullptr);
     EXPECT_EQ("1=2", out_.take());
+}
+
+// Also of a class that does not hold NaN, and of a value without a unit; the next parameter counts again.
+TEST_F(LinearApproxLogWriterTest, ANullParameterTakesTheBoundAway) {
+    for (DataValue* bound : {Units::METER.dataValue(0, INT4), Units::METER.dataValue(0.0, FLOAT4),
+                             static_cast<DataValue*>(new Short()), static_cast<DataValue*>(new StrValue("0"))}) {
+        LinearApproxLogWriter writer(out_, "Depth.depth", bound, false, logger_);
+        writer.setParameter(nullptr, logger_);
+        EXPECT_EQ(Lines{"FAULT Configuring LinearApproxWriter with NULL parameter value"}, complaints());
+        for (int i = 0; i < 4; ++i) writer.write(log_.data(depth_, i, i * i), nullptr);
+        EXPECT_EQ("0=0", out_.take());
+        writer.setParameter(Units::METER.dataValue(0.0, DOUBLE8), logger_);
+        for (int i = 4; i < 6; ++i) writer.write(log_.data(depth_, i, i * i), nullptr);
+        EXPECT_EQ("4=16", out_.take());
+    }
 }
 
 TEST_F(LinearApproxLogWriterTest, TheCyclesStartPrecedesItsFirstEntry) {

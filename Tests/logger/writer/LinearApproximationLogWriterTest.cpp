@@ -9,6 +9,7 @@
 
 static const float ERRORS[] = {1, 1};
 static const float EXACT[] = {0};
+static const float BOUNDS[] = {9, 0.5f};
 
 TEST(LinearApproximationLogWriterTest, ACycleStartFollowsWhatItForcesOut) {
     SmallLog log;
@@ -35,6 +36,21 @@ TEST(LinearApproximationLogWriterTest, ACycleStartFollowsWhatItForcesOut) {
     EXPECT_EQ("2.1=9 1.2=5 2.1=9 1.2=5 cycle 3", out.take());
 }
 
+// A single value far off ends a segment, and the next would take its place; it comes twice, and stays. A name listed
+// again has the bound of its last place and one series.
+TEST(LinearApproximationLogWriterTest, AVariableThatServesItselfKeepsASpike) {
+    for (const bool servesItself : {false, true}) {
+        SmallLog log;
+        DataAccess* a = servesItself ? log.declareServing("A.x", "A.x") : log.declare("A.x");
+        NameList names({"A.x", "A.x"});
+        EntryCollector out;
+        LinearApproximationLogWriter writer(&out, 2, names.list(), nullptr, BOUNDS, false, false);
+        for (int i = 0; i < 8; ++i) writer.write(log.bestData(a, i, i == 3 ? 5 : 0), nullptr);
+        writer.writeFooter();
+        EXPECT_EQ(servesItself ? "0=0 2=0 3=5 4=0 7=0" : "0=0 2=0 7=0", out.take());
+    }
+}
+
 // What is no number, and what is forced, passes unchanged. Codes change from input to input: nothing pending may reach
 // the next one.
 TEST(LinearApproximationLogWriterTest, SeriesEndWithTheirInput) {
@@ -52,7 +68,8 @@ TEST(LinearApproximationLogWriterTest, SeriesEndWithTheirInput) {
         writer.forceWrite(log.data(b, 1.5, 8));
         writer.forceWrite(log.data(log.declare("C.other"), 1.5, 8));
         writer.write(log.syslog(2, "hello"), nullptr);
-        EXPECT_EQ("0=same 0=7 1=same 1.5=8 2012-06-01T12:30:02.000Z,1338553802.000 [Mission](INFO): hello", out.take());
+        EXPECT_EQ("0=same 0=7 1=same 1.5=8 1.5=8 2012-06-01T12:30:02.000Z,1338553802.000 [Mission](INFO): hello",
+                  out.take());
         writer.resetInputs();
     }
     SmallLog log;
@@ -60,8 +77,10 @@ TEST(LinearApproximationLogWriterTest, SeriesEndWithTheirInput) {
     DataAccess* other = log.declare("A.x");  // has the code that B.y had
     writer.write(log.data(other, 3, 0), nullptr);
     writer.write(log.data(log.declare("B.y"), 4, 0), nullptr);
-    writer.writeFooter();
-    EXPECT_EQ("1=7 reset 4=0 4=0", out.take());
+    writer.resetInputs();
+    EXPECT_EQ("1=7 reset 4=0 4=0 reset", out.take());
+    writer.writeFooter();  // the codes of the last input are gone as well
+    EXPECT_EQ("", out.take());
 }
 
 // Also of the next file: the series go on, the directory begins again.
@@ -85,6 +104,36 @@ TEST(LinearApproximationLogWriterTest, TheDirectoryOfTheOutputIsItsOwn) {
     writer.writeHeader();
     writer.write(log.data(a, 1, NAN), nullptr);
     EXPECT_EQ(0u, out.take().find("VERSION 8 NAME 0 Nav ELEMENT 0 Nav.x ACCESSOR"));
+}
+
+// Messages have the output's code of their facility, and what was not chosen has columns behind the others.
+TEST(LinearApproximationLogWriterTest, WhatIsForcedIntoTheOutputIsDescribedToo) {
+    class Codes : public EntryCollector {
+    public:
+        unsigned int write(const LogEntry* entry, const Unit* unit) override {
+            if (entry->getType() != LogEntry::SYSLOG_LOG_ENTRY) return EntryCollector::write(entry, unit);
+            const SyslogEntry& message = static_cast<const SyslogEntry&>(*entry);
+            texts_.push_back(std::to_string(message.getLoggerFacility().getCode()) + ":" + message.getMessage().cStr());
+            return 1;
+        }
+    };
+    SmallLog log;
+    DataAccess* other = log.declare("Z.other", Units::METER, INT4);
+    DataAccess* a = log.declare("Nav.x");
+    NameList names({"Nav.x"});
+    Codes out;
+    LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, EXACT, false, true);
+    writer.write(log.syslog(0, "hello", Syslog::INFO, "Modem"), nullptr);
+    writer.write(log.data(a, 0, 1), nullptr);
+    for (int i = 0; i < 2; ++i) writer.forceWrite(log.data(other, i, 7));
+    writer.write(log.syslog(1, "again", Syslog::INFO, "Nav"), nullptr);
+    EXPECT_EQ(
+        "VERSION 8 NAME 0 Modem 0:hello NAME 1 Nav ELEMENT 0 Nav.x "
+        "ACCESSOR <a code=0000 owner=0001 element=0000 universal=3FFF unitName=\"none\" type=1F size=0008 rw=01 "
+        "0=1 NAME 2 Z ELEMENT 1 Z.other "
+        "ACCESSOR <a code=0001 owner=0002 element=0001 universal=3FFF unitName=\"meter\" type=0D size=0004 rw=01 "
+        "0=7 1=7 1:again",
+        out.take());
 }
 
 // What does not have the declared type, or comes without its bytes, would put the reader of the output out of step.

@@ -17,11 +17,12 @@ TEST_F(NetCdfLogWriterTest, EveryNameHasItsOwnTimeAxis) {
     DataAccess* const rate = log_.declareServing("depth_rate", "Depth.rate", Units::METER_PER_SECOND);
     DataAccess* const mode = log_.declare("Nav.part:mode", Units::ENUM, UCHAR1);
     DataAccess* const setting = log_.declareSetting("Nav.gain", Units::RATIO, FLOAT4);
+    log_.declareServing("latitude", "latitude", Units::DEGREE);
     log_.endDirectory();
-    write({"Depth.depth", "depth", "Depth.rate", "Nav.part:mode", "Depth.depth"},
+    write({"Depth.depth", "depth", "Depth.rate", "Nav.part:mode", "Depth.depth", "latitude"},
           {log_.cycle(0), log_.bestData(depth, 0.25, 1500), log_.data(depth, 0.5, 2500), log_.data(mode, 0.5, 200),
            log_.data(rate, 1.5, 0.125), log_.data(setting, 2, 0.5), log_.cycle(3)},
-          {"kilometer", nullptr, nullptr, nullptr, nullptr}, {"Nav.gain", "Depth.rate"});
+          {"kilometer", nullptr, nullptr, nullptr, nullptr, nullptr}, {"Nav.gain", "Depth.rate"});
     EXPECT_EQ("", printed_);
     const NetCdfFile file(path_);
     const std::pair<const char*, Numbers> variables[] = {{"Depth/Depth.depth", {1.5, 2.5}},
@@ -35,6 +36,8 @@ TEST_F(NetCdfLogWriterTest, EveryNameHasItsOwnTimeAxis) {
     EXPECT_EQ(NC_UBYTE, file.type("part/Nav.part.mode"));
     EXPECT_EQ("seconds since 1970-01-01 00:00:00Z", file.att("Depth/Depth.depth_time", "units"));
     EXPECT_EQ("(none)", file.att("Depth/Depth.depth", "coordinates"));
+    EXPECT_EQ("latitude", file.att("latitude", "standard_name"));
+    EXPECT_EQ("latitude", file.att("latitude", "long_name"));
     EXPECT_EQ("depth_rate", file.att("Depth/Depth.rate", "standard_name"));
     EXPECT_EQ("time depth latitude longitude", file.att("Depth/Depth.rate", "coordinates"));
 }

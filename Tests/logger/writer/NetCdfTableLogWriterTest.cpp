@@ -28,12 +28,13 @@ TEST_F(NetCdfTableLogWriterTest, ARowPerCycle) {
     DataAccess* const speed = log_.declareServing("platform_speed_wrt_ground", "Nav.speed", Units::METER_PER_SECOND);
     DataAccess* const count = log_.declare("Nav:log/count", Units::COUNT, USHORT2);
     DataAccess* const text = log_.declareText("Nav.text");
+    log_.declareServing("latitude", "latitude", Units::DEGREE);
     log_.endDirectory();
-    write({"Depth.depth", "depth", "Nav.speed", "Nav:log/count", "Nav.text", "Nav/log:count"},
+    write({"Depth.depth", "depth", "Nav.speed", "Nav:log/count", "Nav.text", "Nav/log:count", "latitude"},
           {log_.data(count, -1, 7), log_.cycle(0), log_.bestData(depth, 0.1, 1.5), log_.cycle(1),
            log_.data(speed, 1.1, 2.25), log_.data(count, 1.2, 9), log_.data(count, 1.2, 60000),
            log_.text(text, 1.3, "hi"), log_.running("Nav", 1.4, 1), log_.cycle(2), log_.data(depth, 2.1, 3)},
-          {nullptr, "kilometer", nullptr, nullptr, nullptr, nullptr});
+          {nullptr, "kilometer", nullptr, nullptr, nullptr, nullptr, nullptr});
     EXPECT_EQ("", printed_);
     const NetCdfFile file(path_);
     EXPECT_EQ(Numbers({At(0), At(1), At(2)}), file.numbers("Time"));
@@ -47,6 +48,8 @@ TEST_F(NetCdfTableLogWriterTest, ARowPerCycle) {
     expectAttributes({{"depth", "units", "km"},
                       {"Depth.depth", "standard_name", "depth"},
                       {"Depth.depth", "coordinates", "(none)"},
+                      {"latitude", "standard_name", "latitude"},
+                      {"latitude", "long_name", "latitude"},
                       {"Nav.speed", "standard_name", "platform_speed_wrt_ground"},
                       {"Nav.speed", "coordinates", "Time depth latitude longitude"},
                       {"Nav.log.count", "standard_name", "(none)"}});
@@ -76,9 +79,9 @@ TEST_F(NetCdfTableLogWriterTest, WhatIsMissingIsNaN) {
     DataAccess* const depth = log_.declare("Depth.depth", Units::METER);
     DataAccess* const count = log_.declare("Depth.count", Units::METER, SHORT2);
     log_.endDirectory();
-    write({"No.such", "Depth.depth", "Depth.count", "", "Time", "trajectory_id"},
+    write({"No.such", "Depth.depth", "Depth.count", "", "Time", "trajectory_id", "No.such"},
           {log_.cycle(0), log_.data(depth, 0.1, 1.5), log_.data(count, 0.1, 3)},
-          {nullptr, "second", "second", nullptr, nullptr, nullptr});
+          {nullptr, "second", "second", nullptr, nullptr, nullptr, "meter"});
     EXPECT_EQ("", printed_);
     const NetCdfFile file(path_);
     for (const char* name : {"No.such", "Depth.depth", "_"}) {
@@ -88,6 +91,7 @@ TEST_F(NetCdfTableLogWriterTest, WhatIsMissingIsNaN) {
     EXPECT_EQ(Numbers({NC_FILL_SHORT}), file.numbers("Depth.count"));
     EXPECT_EQ(Numbers({At(0)}), file.numbers("Time"));
     EXPECT_EQ("s", file.att("Depth.depth", "units"));
+    EXPECT_EQ("m", file.att("No.such", "units"));
 }
 
 // Blocks of any size give the same file, byte by byte.

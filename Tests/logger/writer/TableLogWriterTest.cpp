@@ -25,7 +25,7 @@ public:
         return 1;
     }
     unsigned int writeSyslog(const SyslogEntry* entry) override {
-        messages_ += entry->getMessage().cStr();
+        messages_ += entry->getMessage().cStr() + ("@" + EntryCollector::Seconds(entry->getTimestamp()));
         return 1;
     }
     unsigned int writeRow() override {
@@ -48,13 +48,19 @@ private:
     std::string messages_;
 };
 
-TEST(TableLogWriterTest, ABestValueComesOnceToEachOfItsColumns) {
+// Twice to that of a variable which serves itself, and to each that the variable is listed for.
+TEST(TableLogWriterTest, AValueComesToAllOfItsColumns) {
     SmallLog log;
-    NameList names({"depth", "A.depth", "itself"});
+    NameList names({"depth", "A.depth", "itself", "depth", "A.depth", "depth"});
     RecordingTable table(names, false);
     DataAccess* const served = log.declareServing("depth", "A.depth");
-    EXPECT_EQ(2u, table.write(log.bestData(served, 0, 1), nullptr));
-    EXPECT_EQ(1u, table.write(log.bestData(log.declareServing("itself", "itself"), 0, 1), nullptr));
+    DataAccess* const itself = log.declareServing("itself", "itself");
+    EXPECT_EQ(2u, table.write(log.data(served, 0, 1), nullptr));
+    EXPECT_EQ(5u, table.write(log.bestData(served, 0, 2), nullptr));
+    EXPECT_EQ(1u, table.write(log.data(itself, 0, 3), nullptr));
+    EXPECT_EQ(2u, table.write(log.bestData(itself, 0, 4), nullptr));
+    table.writeRow();
+    EXPECT_EQ("2|2|4|2|2|2", table.rows_.at(0).substr(table.rows_.at(0).find('|') + 1));
 }
 
 TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
@@ -63,19 +69,21 @@ TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
     DataAccess* plain = log.declareText("B.plain");
     DataAccess* held = log.declareText("B.held");
     held->setNoInterpFlag(true);
-    NameList names({"A.x", "B.plain", "B.held"});
+    DataAccess* read = log.declareReader("C", log.declareText("B.read"));
+    NameList names({"A.x", "B.plain", "B.held", "B.read"});
     RecordingTable table(names, true);
     for (int i = 0; i <= 2; ++i) table.write(log.data(a, i, i), nullptr);
     for (const double t : {0., 2.}) {
         table.write(log.text(plain, t, t == 0 ? "p" : "q"), nullptr);
         table.write(log.text(held, t, t == 0 ? "r" : "s"), nullptr);
+        table.write(log.text(read, t, t == 0 ? "t" : "u"), nullptr);
     }
     table.writeFooter();
-    EXPECT_EQ((Rows{"0|0|p|r", "1|1|-|r", "2|2|q|s"}), table.rows_);
+    EXPECT_EQ((Rows{"0|0|p|r|t", "1|1|-|r|nan", "2|2|q|s|u"}), table.rows_);
 }
 
-// A message rides in the row of its time, the last of several; pending rows are not lost when the input changes, and
-// the next one may give its names other codes.
+// A message rides in the row of its time, the last of several; where that row has left, in the next, with its time.
+// Pending rows are not lost when the input changes, and the next one may give its names other codes.
 TEST(TableLogWriterTest, MessagesAndTheNextInput) {
     SmallLog log;
     NameList names({"A.x", "A.absent"});
@@ -86,11 +94,12 @@ TEST(TableLogWriterTest, MessagesAndTheNextInput) {
     table.resetInputs();
     SmallLog next;
     DataAccess* other = next.declare("B.y");
+    table.write(next.syslog(0.5, "late"), nullptr);
     table.write(next.syslog(4, "early"), nullptr);
     table.write(next.data(next.declare("A.x"), 5, 6), nullptr);  // nothing to interpolate from
     table.write(next.data(other, 5, 7), nullptr);
     table.writeFooter();
-    EXPECT_EQ((Rows{"0|1|.second", "1|.|.alone", "4|.|.early", "5|6|."}), table.rows_);
+    EXPECT_EQ((Rows{"0|1|.second@0", "1|.|.alone@1", "1|.|.late@0.5", "4|.|.early@4", "5|6|."}), table.rows_);
 }
 
 // The rule of interpolated rows, step by step over whole rows of cells: slow and plain.
@@ -170,7 +179,8 @@ TEST(TableLogWriterTest, RandomSeriesFollowTheRuleStepByStep) {
         std::mt19937 random(seed);
         const auto upTo = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned int>(n)); };
         SmallLog log;
-        DataAccess* written = log.declare("A.written");
+        const bool servesItself = seed % 3 == 0;
+        DataAccess* written = servesItself ? log.declareServing("A.written", "A.written") : log.declare("A.written");
         DataAccess* held = log.declare("A.held");
         held->setNoInterpFlag(true);
         DataAccess* read = log.declareReader("C", log.declare("A.read"));
@@ -187,8 +197,10 @@ TEST(TableLogWriterTest, RandomSeriesFollowTheRuleStepByStep) {
             const double t = upTo(6) == 0 ? now - upTo(12) * 0.25 : now;  // now and then out of order
             const int column = upTo(3);
             const double value = upTo(100);
-            table.write(log.data(accesses[column], t + 10, value), nullptr);
-            rule.add(SmallLog::At(t + 10), column, value, accesses[column]->isWriter(), column == 1);
+            table.write(log.bestData(accesses[column], t + 10, value), nullptr);
+            for (int times = servesItself && column == 0 ? 2 : 1; times > 0; --times) {
+                rule.add(SmallLog::At(t + 10), column, value, accesses[column]->isWriter(), column == 1);
+            }
             ASSERT_EQ(rule.emitted_, table.rows_) << "seed " << seed << ", sample " << i;
         }
         table.writeFooter();

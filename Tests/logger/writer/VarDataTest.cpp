@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <random>
 #include <tuple>
+#include <utility>
 
 #include "support/SmallLog.h"
 
@@ -47,11 +49,52 @@ Thinned Thin(const std::vector<Point>& points, float bound) {
     return thinned;
 }
 
+// The points that thinning keeps, by its rule and nothing else. Slopes, and the sum of two, are single precision: near
+// the corridor's edges that decides.
+std::vector<Point> KeptByTheRule(const std::vector<Point>& points, float bound) {
+    std::vector<Point> kept{points[0]};
+    Point start = points[0], end = points[0];
+    float least = NAN, most = NAN;  // of the slopes that meet every point so far
+    const auto passEnd = [&](const Point& next) {
+        kept.push_back(end);
+        start = std::exchange(end, next);
+        least = most = NAN;
+    };
+    for (size_t i = 1; i < points.size(); ++i) {
+        const Point& next = points[i];
+        const float dt = static_cast<float>(next.time_ - start.time_);
+        const double d = next.value_ - start.value_;
+        const float upper = dt == 0 ? NAN : static_cast<float>((d + bound) / dt);
+        const float lower = dt == 0 ? NAN : static_cast<float>((d - bound) / dt);
+        const float sum = upper + lower;
+        const double middle = 0.5 * sum;
+        if (std::isnan(next.value_)) {
+            passEnd(next);
+            passEnd(next);
+        } else if (std::isnan(start.value_)) {
+            end = next;
+            passEnd(next);
+        } else if (std::isnan(least)) {
+            least = lower;
+            most = upper;
+            end = next;
+        } else if (middle < least || middle > most || bound == 0) {
+            passEnd(next);
+        } else {
+            if (lower > least) least = lower;
+            if (upper < most) most = upper;
+            end = next;
+        }
+    }
+    kept.push_back(end);
+    return kept;
+}
+
 std::string Text(const std::vector<Point>& points) {
     std::string text;
     char point[64];
     for (const Point& p : points) {
-        snprintf(point, sizeof point, "%g=%g ", p.time_, p.value_);
+        snprintf(point, sizeof point, "%.9g=%.17g ", p.time_, p.value_);
         text += point;
     }
     return text;
@@ -94,6 +137,22 @@ TEST(VarDataTest, WorksInTheBaseUnitAndKeepsTheEntrysTypeAndMark) {
     EXPECT_STREQ("100.000000 cm", series.getDataEntry()->getDataValueString(nullptr, false).cStr());
     EXPECT_TRUE(series.getDataEntry()->isBest());
     EXPECT_EQ(FLOAT4, series.getDataEntry()->getDataValue()->getBinaryType());
+}
+
+// Values on a grid, which often lie on the very edge of the corridor; gaps, repeated times and times that jump back.
+TEST(VarDataTest, RandomSeriesFollowTheRule) {
+    for (unsigned int seed = 1; seed <= 1000; ++seed) {
+        std::mt19937 random(seed);
+        const auto upTo = [&random](unsigned int n) { return static_cast<int>(random() % n); };
+        const float bound = std::array{0.0f, 0.1f, 0.5f, 1.0f, std::nanf("")}[seed % 5];
+        std::vector<Point> points;
+        double time = 100;
+        for (int i = 0; i < 100; ++i) {
+            time += upTo(20) == 0 ? -0.5 : 0.25 * upTo(4);
+            points.push_back({time, upTo(30) == 0 ? NOT_NUMBER : 0.1 * upTo(7)});
+        }
+        ASSERT_EQ(Text(KeptByTheRule(points, bound)), Text(Thin(points, bound).kept_)) << "seed " << seed;
+    }
 }
 
 // Every sample left out lies within the bound of the line between the kept ones around it, but for the one that ended a

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "support/NameList.h"
 #include "support/SmallLog.h"
 
@@ -41,6 +43,38 @@ TEST_F(VariableSelectionTest, ANameListedTwiceMapsToItsLastIndex) {
         EXPECT_EQ(-1, selection.indexOf(static_cast<unsigned short>(code)));
     }
     EXPECT_EQ(0, selection.firstIndexOfName(2));
+}
+
+TEST_F(VariableSelectionTest, ANameListedAgainMayBringItsUnit) {
+    log_.declare("Depth.depth", Units::METER);
+    log_.declareUntyped("Depth.open");
+    NameList names{"No.such", "Depth.depth", "Depth.open", "No.such", "Depth.depth", "Depth.open"};
+    NameList units{nullptr, nullptr, nullptr, "second", "cm", "second"};
+    VariableSelection selection(names.count(), names.list(), units.list());
+    selection.resolve();
+    EXPECT_EQ(&Units::SECOND, selection.shownUnit(0));
+    EXPECT_EQ(&Units::METER, selection.shownUnit(1));
+    EXPECT_EQ(&Units::CENTIMETER, selection.shownUnit(4));
+    EXPECT_EQ(nullptr, selection.shownUnit(5));
+}
+
+// Of a universal its own, of another variable that of the universal which it serves.
+TEST_F(VariableSelectionTest, StandardNames) {
+    const unsigned short depth = log_.declareServing("depth", "Depth.depth")->getUniversalCode();
+    const unsigned short other = log_.declare("Depth.rate")->getElementCode();
+    DataAccess* const supplier = log_.declareServing("turbidity", "Ctd.turbidity");  // which no catalogue lists
+    NameList names{"depth", "Depth.depth", "No.such", "turbidity"};
+    VariableSelection selection(names.count(), names.list(), nullptr);
+    selection.resolve();
+    EXPECT_EQ(supplier, selection.access(3));
+    const std::tuple<int, int, const char*> cases[] = {
+        {0, depth, "depth"},  {1, depth, "depth"},      {2, depth, "depth"},       {0, other, "depth"},
+        {0, 0xFFFF, "depth"}, {1, 0xFFFF, "none"},      {0, 0x3FFF, "none"},       {1, 0x3FFF, "none"},
+        {0, 0x4000, "none"},  {3, 0xFFFF, "turbidity"}, {1, other + 1000, "none"}, {2, 0xFFFF, "none"}};
+    for (const auto& [index, code, expected] : cases) {
+        const ElementURI* const name = selection.standardName(index, static_cast<unsigned short>(code));
+        EXPECT_STREQ(expected, name == nullptr ? "none" : name->cStr()) << index << ' ' << code;
+    }
 }
 
 TEST_F(VariableSelectionTest, ReadingTheDirectoryClosesTheSearch) {
