@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Plots depth and sea water temperature of a dive: plot_depth_temperature.py dive.nc4 dive.png
 
-The .nc4 comes from: unserialize -N dive
+The .nc4 comes from: unserialize -N -O dive
 """
 import sys
 

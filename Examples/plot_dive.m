@@ -1,5 +1,5 @@
 % Plots the depth of a dive and the temperature of the water over time into a picture; for Matlab and Octave.
-% The .mat comes from: unserialize -m dive
+% The .mat comes from: unserialize -m -O dive
 %
 %   octave-cli plot_dive.m dive.mat dive.png          in Matlab: source = 'dive.mat'; picture = 'dive.png'; plot_dive
 if exist('OCTAVE_VERSION', 'builtin')

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Plots the depth of a dive, coloured by the temperature of the water: plot_dive_h5.py dive.h5 dive.png
 
-The .h5 comes from: unserialize -H dive
+The .h5 comes from: unserialize -H -O dive
 """
 import sys
 
