@@ -141,3 +141,12 @@ TEST_F(KmlRunTest, HostileTextAndNumbersLeaveItWellFormed) {
     EXPECT_EQ(0u, CountOf(document, "nan") + CountOf(document, "inf"));
     kml(log, {"-kC", "<&\""}, "(ERROR): Cannot read the colour \"<&\"\", it is written as it stands\n");
 }
+
+// It has messages of severities that do not exist, and places off the earth.
+TEST_F(KmlRunTest, TheTrackOfADamagedDiveIsDrawn) {
+    synthesize("--minutes 20 --damage 200");
+    run({"-k", "dive"});
+    EXPECT_EQ("",
+              OutputOf(SCIENCE_PYTHON " -B " PLOT_TRACK " " + path("dive.kml") + " " + path("track.png") + " 2>&1"));
+    EXPECT_EQ("\x89PNG", read("track.png").substr(0, 4));
+}
