@@ -25,14 +25,34 @@ def places(element):
     return [tuple(map(float, text.split(","))) for text in texts]
 
 
+def span(numbers, slack):
+    """Where the numbers lie, but for some that damage put elsewhere: around the middle half of them."""
+    low, middle, high = (sorted(numbers)[round(share * (len(numbers) - 1))] for share in (0.25, 0.5, 0.75))
+    reach = 3 * (high - low) + slack
+    return middle - reach, middle + reach
+
+
 source, picture = sys.argv[1:]
 document = ElementTree.parse(source).getroot().find(KML + "Document")
 lines = [places(line) for line in document.iter(KML + "LineString")]
-marks = [(mark.find(KML + "styleUrl").text[1:], places(mark.find(KML + "Point"))[0])
+marks = [(mark.findtext(KML + "styleUrl", "#")[1:], places(mark.find(KML + "Point"))[0])
          for mark in document.findall(KML + "Placemark") if mark.find(KML + "Point") is not None]
+if not lines:
+    sys.exit(source + " holds no track")
+
+spans = [span(numbers, slack)
+         for numbers, slack in zip(zip(*(place for line in lines for place in line)), (0.1, 0.1, 100))]
+
+
+def is_credible(place):
+    return all(low <= number <= high for number, (low, high) in zip(place, spans))
+
+
+track = [place for line in lines for place in line if is_credible(place)]
+marks = [(style, place) for style, place in marks if is_credible(place)]
 
 # Metres east and north of the start.
-longitude0, latitude0, _ = lines[0][0]
+longitude0, latitude0, _ = track[0]
 shrink = math.cos(math.radians(latitude0))
 
 
@@ -40,7 +60,6 @@ def metres(place):
     return ((place[0] - longitude0) * METRES_PER_DEGREE * shrink, (place[1] - latitude0) * METRES_PER_DEGREE, place[2])
 
 
-track = [place for line in lines for place in line]
 points = [metres(place) for place in track]
 plan = [point[:2] for point in points]
 altitudes = [point[2] for point in points]

@@ -15,7 +15,7 @@ public:
 // of the log.
 class Logger {
 public:
-    // The form in which an entry's time is stored: compact microseconds or compact 1/1024 s.
+    // The form in which an entry's time is stored: compact micros or compact millis.
     enum TimePrecisionType { TIME_PRECISION_MICROS = 0, TIME_PRECISION_MILLIS = 1 };
 
     Logger(const char* name, SyslogSink* console) : facility_(name), console_(console) {}

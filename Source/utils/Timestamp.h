@@ -32,7 +32,8 @@ public:
     Timestamp& operator=(const timeval& t);
     Timestamp& operator=(double seconds);
 
-    // The packed forms of the log. Compact micros: seconds << 20 | microseconds. Compact millis: units of 1/1024 s.
+    // The packed forms of the log. Compact micros: seconds << 20 | microseconds. Compact millis:
+    // seconds << 10 | units of 1,024 microseconds.
     static Timestamp FromMicros(long long compactMicros);
     static Timestamp FromMillis(long long compactMillis);
     static timeval TimevalFromMicros(long long compactMicros) {
@@ -99,7 +100,7 @@ public:
 protected:
     static constexpr long MICROS_PER_SECOND = 1000000;
     static constexpr int COMPACT_MICROS_BITS = 20;  // of the microseconds in the packed form
-    static constexpr int COMPACT_MILLIS_BITS = 10;  // of the 1/1024 seconds in the packed form
+    static constexpr int COMPACT_MILLIS_BITS = 10;  // of the units of 1,024 microseconds in the packed form
 
     // Seconds wrap around instead of overflowing: a log can name any instant at all.
     void add(const timeval& t) {

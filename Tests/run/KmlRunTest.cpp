@@ -38,10 +38,10 @@ private:
 class KmlRunTest : public RunFixture {
 protected:
     // The document that the options make of the log.
-    std::string kml(const TrackLog& log, std::vector<std::string> arguments) {
+    std::string kml(const TrackLog& log, std::vector<std::string> arguments, const char* messages = "") {
         write("dive", log.bytes());
         arguments.push_back("dive");
-        runInSilence(arguments);
+        EXPECT_EQ(messages, MessagesIn(run(arguments)));
         EXPECT_EQ("", OutputOf("xmllint --noout " + path("dive.kml") + " 2>&1"));
         return read("dive.kml");
     }
@@ -139,5 +139,14 @@ TEST_F(KmlRunTest, HostileTextAndNumbersLeaveItWellFormed) {
     const std::string document = body(log, {"-kv", "A&<B>]]>\x02\xFF"});
     EXPECT_EQ(7u, CountOf(document, "#fault"));
     EXPECT_EQ(0u, CountOf(document, "nan") + CountOf(document, "inf"));
-    kml(log, {"-kC", "<&\""});
+    kml(log, {"-kC", "<&\""}, "(ERROR): Cannot read the colour \"<&\"\", it is written as it stands\n");
+}
+
+// It has messages of severities that do not exist, and places off the earth.
+TEST_F(KmlRunTest, TheTrackOfADamagedDiveIsDrawn) {
+    synthesize("--minutes 20 --damage 200");
+    run({"-k", "dive"});
+    EXPECT_EQ("",
+              OutputOf(SCIENCE_PYTHON " -B " PLOT_TRACK " " + path("dive.kml") + " " + path("track.png") + " 2>&1"));
+    EXPECT_EQ("\x89PNG", read("track.png").substr(0, 4));
 }

@@ -43,7 +43,7 @@ TEST_F(RunTest, TheDirectoryMakesALogReadableThatHasNone) {
     write("bare", dive.bytes().substr(directoryLength));
     for (const std::vector<std::string>& options :
          {std::vector<std::string>{"-d", "dive"}, {"-ad", "dive"}, {"-adr", "Dive", "dive"}}) {
-        runInSilence(options);
+        run(options);
         std::filesystem::rename(program_.files().path("dive.dir"), program_.files().path("bare.dir"));
         runInSilence({"-a", "bare", "Depth.depth", "Nav.speed"});
         EXPECT_EQ(40u, CountOf(read("bare.asc"), "==>") + CountOf(read("bare.asc"), "-->")) << options[0];
@@ -61,6 +61,37 @@ TEST_F(RunTest, TheTimeWindowIncludesItsBounds) {
     const std::string said = program_.run({"-qOls", "soon", "dive"}).out_;
     EXPECT_NE(std::string::npos, said.find("(ERROR): Cannot read the start time soon, it is ignored\n"));
     EXPECT_EQ(10u, CountOf(read("dive.log"), "\n"));
+}
+
+TEST_F(RunTest, WordsThatMatchNothing) {
+    DiveLog other;
+    other.add(other.log_.version(8));
+    other.declare(other.log_.declare("Other.x"));
+    other.add(other.log_.cycle(20));
+    write("dive", DiveLog::Of(10));
+    write("other", other.bytes());
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
+        {{"-aclno", "out", "dive;other", "Nav.speed", "No.such", "Other.x", "Depth.depth", "(second)"},
+         "(ERROR): No variable \"No.such\" is in the logs\n"
+         "(ERROR): The unit \"second\" does not fit the variable \"Depth.depth\"\n"},
+        {{"-dpp", "Other", "Depth", "dive"}, "(ERROR): No variable of the component \"Other\" is in the logs\n"},
+        {{"-cppo", "Other", "Depth", "out", "dive;other"}, ""},
+        {{"-lr", "Survey", "dive"}, "(ERROR): No mission \"Survey\" is in the logs\n"},
+        {{"-ls", "2012-06-01T12:30:10", "dive"}, "(ERROR): No entry lies within -s 2012-06-01T12:30:10.000Z\n"},
+        {{"-lso", "2012-06-01T12:30:10", "out", "dive;other"}, ""},
+        {{"-le", "2012-06-01T12:30:00.25", "dive"}, ""},
+        {{"-ds", "2012-06-01T12:30:10", "dive"}, ""},  // reads no entry
+        {{"-lSse", "z", "2012-06-01T12:30:10", "2012-06-01T12:30:05", "dive"},
+         "(ERROR): Cannot read the severity \"z\", it stands for x (none)\n"
+         "(ERROR): The end time 2012-06-01T12:30:05.000Z is before the start time 2012-06-01T12:30:10.000Z, no entry "
+         "lies between them\n"},
+    };
+    for (const auto& [arguments, messages] : cases) {
+        std::string said = MessagesIn(run(arguments));
+        const std::string shared = "(ERROR): Several outputs are written to out\n";
+        if (said.find(shared) == 0) said.erase(0, shared.size());
+        EXPECT_EQ(messages, said) << ::testing::PrintToString(arguments);
+    }
 }
 
 TEST_F(RunTest, ASeverityThresholdLimitsTheSyslog) {

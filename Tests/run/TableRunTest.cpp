@@ -7,10 +7,10 @@ namespace {
 class TableRunTest : public RunFixture {
 protected:
     // The table that the options and names make of the log.
-    std::string table(const std::string& log, std::vector<std::string> arguments) {
+    std::string table(const std::string& log, std::vector<std::string> arguments, const char* messages = "") {
         write("dive", log);
         arguments.insert(arguments.begin(), "-c");
-        runInSilence(arguments);
+        EXPECT_EQ(messages, MessagesIn(run(arguments)));
         return read("dive.csv");
     }
     // What Python's csv module reads of the table: its rows, and the numbers of columns that occur.
@@ -33,7 +33,8 @@ TEST_F(TableRunTest, ARowACycle) {
         "2012-06-01T12:30:00.000Z,1338553800.000,0.000000 cm,nan,1.500000 m/s\n"
         "2012-06-01T12:30:01.000Z,1338553801.000,50.000000 cm,nan,1.500000 m/s\n"
         "2012-06-01T12:30:02.000Z,1338553802.000,100.000000 cm,nan,1.500000 m/s\n",
-        table(Dive(), {"dive", "Depth.depth", "(centimeter)", "No.such", "Nav.speed"}));
+        table(Dive(), {"dive", "Depth.depth", "(centimeter)", "No.such", "Nav.speed"},
+              "(ERROR): No variable \"No.such\" is in the logs\n"));
 }
 
 TEST_F(TableRunTest, WithoutNamesEveryVariable) {
@@ -111,9 +112,13 @@ TEST_F(TableRunTest, EveryRowHasItsColumns) {
         "2012-06-01T12:30:01.000Z,1338553801.000,\"say \"\"a\"\"\",inf n/a,nan,nan\n"
         "2012-06-01T12:30:02.000Z,1338553802.000,\"two\r\nlines\",-inf n/a,nan,nan\n"
         "2012-06-01T12:30:03.000Z,1338553803.000,,100000000000000003037860284270 n/a,8 bytes of meter,nan\n",
-        table(dive.bytes(), {"dive", "Nav.text", "Nav.number", "(no_such_unit)", "Nav.blob", "No,\"such\""}));
+        table(dive.bytes(), {"dive", "Nav.text", "Nav.number", "(no_such_unit)", "Nav.blob", "No,\"such\""},
+              "(ERROR): Cannot read the unit \"no_such_unit\", the log's unit is used\n"
+              "(ERROR): No variable \"No,\"such\"\" is in the logs\n"));
     EXPECT_EQ("5 [6]\n", readBack());
-    const std::string unfit = table(dive.bytes(), {"dive", "Nav.blob", "(second)", "Depth.depth", "(second)"});
+    const std::string unfit = table(dive.bytes(), {"dive", "Nav.blob", "(second)", "Depth.depth", "(second)"},
+                                    "(ERROR): The unit \"second\" does not fit the variable \"Nav.blob\"\n"
+                                    "(ERROR): The unit \"second\" does not fit the variable \"Depth.depth\"\n");
     EXPECT_NE(std::string::npos, unfit.find("8 bytes of second,nan\n")) << unfit;
     table(dive.bytes(), {"-i", "dive"});
     EXPECT_EQ("7 [7]\n", readBack());

@@ -24,7 +24,7 @@ enum ChannelTraits : unsigned int {
     PLAIN = 0,
     BEST = 1,       // the preferred source of its universal
     NO_INTERP = 2,  // not to be interpolated between samples
-    MILLIS = 4,     // entry times in 1/1024 s
+    MILLIS = 4,     // entry times in compact millis
     UNTYPED = 8,    // a reader's access that leaves unit, type and size to its sibling
     SETTING = 16,   // an element that configures a component
     CONFIG = 32,

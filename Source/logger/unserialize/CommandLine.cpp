@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "logger/entry/DirectoryEntry.h"
+#include "units/UnitRegistry.h"
 
 const char* const CommandLine::DEFAULT_SLATE_FILE = "Logs/latest/slate";
 
@@ -32,14 +33,24 @@ void WriteMinimalKml(RunSettings& settings, char*) {
     settings.minimalKml_ = true;
 }
 
+// A value that cannot be read, and what becomes of it.
+void Complain(RunSettings& settings, const char* what, const char* value, const char* effect) {
+    settings.complain(Str("Cannot read the ") + what + " \"" + value + "\", " + effect);
+}
+
+bool IsColor(const char* text) {
+    return strlen(text) == 8 && text[strspn(text, "0123456789abcdefABCDEF")] == '\0';
+}
+
 void SetColor(RunSettings& settings, char* value) {
     settings.kmlColor_ = value;
+    if (!IsColor(value)) Complain(settings, "colour", value, "it is written as it stands");
 }
 
 Timestamp ReadTime(RunSettings& settings, const char* which, const char* value) {
     const Timestamp time(value);
     if (time == Timestamp::NOT_SET_TIME) {
-        settings.complaints_.push(new Str(Str("Cannot read the ") + which + " time " + value + ", it is ignored"));
+        settings.complain(Str("Cannot read the ") + which + " time " + value + ", it is ignored");
     }
     return time;
 }
@@ -69,9 +80,11 @@ void AddParent(RunSettings& settings, char* value) {
 void AddPriorities(RunSettings& settings, char* value) {
     static const char* const WORDS[] = {"Courier", "Express", "Priority", "Normal"};  // each named by its first letter
     const int letter = tolower(static_cast<unsigned char>(value[0]));
+    const unsigned int countBefore = settings.priorityList_.size();
     for (const char* const word : WORDS) {
         if (letter == 'a' || letter == tolower(word[0])) settings.priorityList_.push(word);
     }
+    if (settings.priorityList_.size() == countBefore) Complain(settings, "priority", value, "it is ignored");
     settings.priorityListGiven_ = true;
 }
 
@@ -109,6 +122,9 @@ void SpreadTextSeverity(RunSettings& settings) {
 
 void SetSeverities(RunSettings& settings, char* value) {
     settings.textSeverity_ = SeverityOfLetter(value[0]);
+    if (settings.textSeverity_ == Syslog::NONE && value[0] != 'x') {
+        Complain(settings, "severity", value, "it stands for x (none)");
+    }
     SpreadTextSeverity(settings);
 }
 
@@ -193,10 +209,12 @@ float ErrorIn(const char* argument) {
     return std::isfinite(error) && error != 0 ? static_cast<float>(error) : NAN;
 }
 
-void ApplyFollower(char* follower, OutputVariables& variables) {
+void ApplyFollower(char* follower, RunSettings& settings) {
+    OutputVariables& variables = settings.variables_;
     const int current = variables.count_ - 1;
     if (follower[0] == '(') {
-        variables.units_[current] = UnitIn(follower);
+        const char* const unit = variables.units_[current] = UnitIn(follower);
+        if (UnitRegistry::FindUnit(unit) == nullptr) Complain(settings, "unit", unit, "the log's unit is used");
         return;
     }
     variables.errors_[current] = ErrorIn(follower);
@@ -223,6 +241,7 @@ CommandLine::Result CommandLine::parse(RunSettings& settings) {
         return OUTPUT_NAME_MISSING;
     }
     if (nameCount > 0) listVariables(nameCount, settings);
+    CheckWindow(settings);
     ChooseDefaultOutput(settings);
     if (!slateFileGiven_) settings.slateFile_ = DEFAULT_SLATE_FILE;
     return RUN;
@@ -294,9 +313,15 @@ void CommandLine::listVariables(int nameCount, RunSettings& settings) {
             variables.errors_[variables.count_] = NAN;
             variables.names_[variables.count_++] = argument;
         } else if (variables.count_ > 0 && !StartsWithLetter(argument)) {
-            ApplyFollower(argument, variables);
+            ApplyFollower(argument, settings);
         }
     }
+}
+
+void CommandLine::CheckWindow(RunSettings& settings) {
+    if (!settings.isWindowReversed()) return;
+    settings.complain("The end time " + settings.endTime_.toString(3) + " is before the start time " +
+                      settings.startTime_.toString(3) + ", no entry lies between them");
 }
 
 void CommandLine::ChooseDefaultOutput(RunSettings& settings) {

@@ -27,6 +27,7 @@ private:
     int applyGroup(int index, RunSettings& settings);
     Role positionalRole(char* argument, RunSettings& settings);
     void listVariables(int nameCount, RunSettings& settings);
+    static void CheckWindow(RunSettings& settings);
     static void ChooseDefaultOutput(RunSettings& settings);
 
     const int argc_;

@@ -68,8 +68,12 @@ struct RunSettings {
 
     FlexArray<char*> parents_;  // components whose variables are listed; borrowed from the command line
     OutputVariables variables_;
-    FlexArray<Str*> complaints_{true};  // about arguments that are ignored; owned
+    FlexArray<Str*> complaints_{true};  // about words that mean nothing, each once; owned
 
+    void complain(const Str& text);
+    bool isWindowReversed() const {
+        return startTime_ != Timestamp::NOT_SET_TIME && endTime_ != Timestamp::NOT_SET_TIME && endTime_ < startTime_;
+    }
     bool writes(OutputKind kind) const { return outputs_.test(kind); }
     bool isDirectoryOnly() const { return outputs_ == OutputKinds(1u << DIRECTORY_OUTPUT); }
     // Some output has a place for each variable and must know them all before the first entry.

@@ -30,7 +30,8 @@ void Unserialize::convert() {
     outputs_.collectFilenames(outputFilenames_);
     readInputs();
     engine_.uninitialize();
-    showMessages();
+    unknownWords_.complain(settings_.isDirectoryOnly() || firstTime_ != Timestamp::NOT_SET_TIME);
+    reportComplaints();
     nameOutputs();
     sayDone();
 }
@@ -48,6 +49,7 @@ Unserialize::Unserialize(RunSettings& settings)
       logger_("unserialize", &consoleEngine_),
       engine_(queue_),
       inputs_(settings),
+      unknownWords_(settings),
       outputs_(settings, inputs_, engine_, logger_),
       outputFilenames_(true),
       timeCorrection_(settings.localTimeOnly_ ? Timespan::INVALID_TIMESPAN : Timespan::ZERO_TIMESPAN),
@@ -74,6 +76,7 @@ void Unserialize::reportComplaints() {
     for (unsigned int i = 0; i < settings_.complaints_.size(); ++i) {
         logger_.syslog(*settings_.complaints_.at(i), Syslog::ERROR);
     }
+    settings_.complaints_.clear();
     showMessages();
 }
 
@@ -104,7 +107,7 @@ void Unserialize::readInput(const Str& input, Progress& progress) {
     Inputs::ReadDirectory(input, settings_);
     outputs_.writeDirectory();
     if (settings_.isDirectoryOnly()) {
-        if (!Slate::IsDirectoryRead()) logger_.syslog("No directory in " + input, Syslog::ERROR);
+        checkDirectory(input);
     } else {
         forgetScannedVersion(input);
         readEntries(input, progress);
@@ -112,6 +115,14 @@ void Unserialize::readInput(const Str& input, Progress& progress) {
     }
     progress.clear();
     showMessages();
+}
+
+void Unserialize::checkDirectory(const Str& input) {
+    if (Slate::IsDirectoryRead()) {
+        unknownWords_.askSlate();
+    } else {
+        logger_.syslog("No directory in " + input, Syslog::ERROR);
+    }
 }
 
 // What a log says of its version in the midst of it does not hold when it is read again from its start.
@@ -135,7 +146,11 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
     timeCorrection_ = entries->getTimeAdjust();
     if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entries->getFirstTime();
     lastTime_ = entries->getLastTime();
-    if (file.getEntriesRead() == 0) reportNoEntry(input, file.getOpenError());
+    if (file.getEntriesRead() == 0) {
+        reportNoEntry(input, file.getOpenError());
+    } else {
+        unknownWords_.askSlate();
+    }
 }
 
 void Unserialize::reportNoEntry(const Str& input, const Str& reason) {

@@ -6,6 +6,7 @@
 #include "logger/unserialize/Inputs.h"
 #include "logger/unserialize/OutputAssembly.h"
 #include "logger/unserialize/RunSettings.h"
+#include "logger/unserialize/UnknownWords.h"
 #include "logger/unserialize/VariableList.h"
 
 class Progress;
@@ -25,6 +26,7 @@ private:
     void listVariables();
     void readInputs();
     void readInput(const Str& input, Progress& progress);
+    void checkDirectory(const Str& input);
     void forgetScannedVersion(const Str& input);
     void readEntries(const Str& input, Progress& progress);
     void reportNoEntry(const Str& input, const Str& reason);
@@ -39,6 +41,7 @@ private:
     LogQueue queue_;
     LogEngine engine_;  // feeds the outputs
     Inputs inputs_;
+    UnknownWords unknownWords_;
     VariableList variableList_;  // owns the names of an automatic list
     OutputAssembly outputs_;
     FlexArray<Str*> outputFilenames_;                // owned

@@ -31,13 +31,10 @@ bool IsSetting(const ElementURI& name) {
            name.getElementType() == ElementURI::SETTING_ELEMENT || strncmp(name.cStr(), PREFIX, strlen(PREFIX)) == 0;
 }
 
-// A parent is compared over the length of the name's component, so a longer parent selects it too.
 bool IsChild(const FlexArray<char*>& parents, const Str& name) {
     if (parents.isEmpty()) return true;
-    const size_t componentLength = name.find('.');
-    if (componentLength == Str::NO_POS) return false;
     for (unsigned int i = 0; i < parents.size(); ++i) {
-        if (strncmp(parents.at(i), name.cStr(), componentLength) == 0) return true;
+        if (VariableList::Selects(parents.at(i), name)) return true;
     }
     return false;
 }
@@ -93,6 +90,11 @@ void VariableList::addDirectory(const FlexArray<char*>& parents, bool withSettin
         const ElementURI* const universal = UniversalOf(*access);
         if (universal != nullptr) addVariable(*universal, *access);
     }
+}
+
+bool VariableList::Selects(const char* parent, const Str& name) {
+    const size_t componentLength = name.find('.');
+    return componentLength != Str::NO_POS && strncmp(parent, name.cStr(), componentLength) == 0;
 }
 
 void VariableList::addSetting(const ElementURI& name) {

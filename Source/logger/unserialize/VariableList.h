@@ -24,6 +24,10 @@ public:
     // Makes the list the run's variables: it owns their names and must outlive their use.
     void giveTo(OutputVariables& variables) const;
 
+    // The component given as parent is that of the name. It is compared over the length of the name's component, so a
+    // longer parent selects it too.
+    static bool Selects(const char* parent, const Str& name);
+
 private:
     void addSetting(const ElementURI& name);
     void addVariable(const ElementURI& name, const DataAccess& access);

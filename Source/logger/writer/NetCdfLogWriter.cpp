@@ -71,7 +71,7 @@ bool NetCdfLogWriter::defineFirst(int index) {
         const ElementURI unknown(ElementURI::NO_CODE, selection.name(position), ElementURI::DATA_ELEMENT);
         addVar(index, &unknown, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(unknown));
     } else if (Slate::IsDirectoryRead()) {
-        printf("Not found: %hd %s\n", static_cast<short>(selection.code(position)), uri == nullptr ? "?" : uri->cStr());
+        printf("Not found: %hd %s\n", static_cast<short>(selection.code(position)), selection.name(position));
     } else {
         return false;
     }

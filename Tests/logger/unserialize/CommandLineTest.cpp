@@ -183,6 +183,30 @@ TEST(CommandLineTest, VariablesWithTheirErrorsAndUnits) {
     }
 }
 
+// Each is told once; options without a meaning are not.
+TEST(CommandLineTest, WordsThatMeanNothing) {
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
+        {{"-S", "z"}, "Cannot read the severity \"z\", it stands for x (none)"},
+        {{"-SS", "", "Error"},
+         "Cannot read the severity \"\", it stands for x (none)Cannot read the severity \"Error\", it stands for x "
+         "(none)"},
+        {{"-S", "x", "-SSS", "crit", "fault", "info"}, ""},
+        {{"-PPP", "z", "N", "z"}, "Cannot read the priority \"z\", it is ignored"},
+        {{"-C", "red"}, "Cannot read the colour \"red\", it is written as it stands"},
+        {{"-C", "#ff00ff0"}, "Cannot read the colour \"#ff00ff0\", it is written as it stands"},
+        {{"-C", "fF00Aa90"}, ""},
+        {{"log", "x", "(furlong)", "y", "(furlong)", "z", "(m)"},
+         "Cannot read the unit \"furlong\", the log's unit is used"},
+        {{"log", "x", "()"}, "Cannot read the unit \"\", the log's unit is used"},
+        {{"-se", "2012-06-01T12:30:00", "2012-06-01T12:29:59.75"},
+         "The end time 2012-06-01T12:29:59.750Z is before the start time 2012-06-01T12:30:00.000Z, no entry lies "
+         "between them"},
+        {{"-se", "2012-06-01T12:30:00", "2012-06-01T12:30:00"}, ""},
+        {{"-tuxz9-", "log"}, ""},
+    };
+    for (const auto& [arguments, complaints] : cases) EXPECT_EQ(complaints, Parsed(arguments).complaints());
+}
+
 TEST(CommandLineTest, ATimeThatCannotBeReadLeavesItsBoundOpen) {
     const Parsed parsed({"-se", "noon", "2012-06-01T12:30:00", "log"});
     EXPECT_EQ(Timestamp::NOT_SET_TIME, parsed->startTime_);
