@@ -10,3 +10,7 @@ void Logger::syslog(const char* text, unsigned long n, Syslog::Severity severity
     if (console_ == nullptr) return;
     syslog(TextBuffer().append(text).appendHex(n).toStr(), severity);
 }
+
+void Logger::fileFailure(const char* failedTo, const Str& filename, const char* reason) const {
+    syslog(Str("Failed to ") + failedTo + " " + filename + ": " + reason, Syslog::ERROR);
+}

@@ -22,6 +22,8 @@ public:
 
     void syslog(const Str& text, Syslog::Severity severity) const;
     void syslog(const char* text, unsigned long n, Syslog::Severity severity) const;  // n in upper-case hexadecimal
+    // An ERROR: what could not be done ("write") with a file, and why.
+    void fileFailure(const char* failedTo, const Str& filename, const char* reason) const;
     const CodedStr& getFacility() const { return facility_; }
 
 private:

@@ -1,10 +1,14 @@
 #include "io/FileOutStream.h"
 
+#include <fcntl.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstddef>
 #include <cstring>
+
+#include "io/OldFile.h"
 
 static const size_t BUFFER_BYTES = 1048576;
 
@@ -15,6 +19,14 @@ static bool IsStandard(const FILE* file) {
 static const char* OpenMode(bool append, bool update) {
     if (append) return "ab";
     return update ? "r+b" : "wb";
+}
+
+// A pipe that nobody reads is refused, with ENXIO, instead of waited for.
+static FILE* OpenPipe(const char* path) {
+    const int pipe = open(path, O_WRONLY | O_NONBLOCK);
+    if (pipe < 0) return nullptr;
+    fcntl(pipe, F_SETFL, 0);  // from here on it takes its time
+    return fdopen(pipe, OpenMode(false, false));
 }
 
 // Straight into the standard I/O buffer, as putc does inline, for more than one byte at a time. Bytes written.
@@ -56,7 +68,7 @@ bool FileOutStream::open(const char* path, bool append, bool update) {
     firstError_ = 0;
     filename_ = path;
     autoClose_ = true;
-    file_ = fopen(path, OpenMode(append, update));
+    file_ = IsPipe(path) ? OpenPipe(path) : fopen(path, OpenMode(append, update));
     if (file_ == nullptr) {
         noteError();
         return false;

@@ -30,6 +30,7 @@ public:
     int tell();  // 0 with no file; the greatest int past it
     const char* getName() { return filename_.cStr(); }
     // The system's error number of the first open, write, flush or close that failed since the last open, else 0.
+    // ENXIO: nobody reads the pipe, which is not waited for.
     int firstError() const { return firstError_; }
 
 private:

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <ctime>
 
-#include "io/OldFile.h"
+#include "io/StagedFile.h"
 #include "utils/Utf8.h"
 
 static const char* const PLAIN_DOCUMENT = ".kml";
@@ -20,6 +20,10 @@ static Str WithoutExtension(const Str& name) {
     const size_t dot = name.findLastOf(".");
     const bool hasExtension = dot != Str::NO_POS && (slash == Str::NO_POS || dot > slash);
     return hasExtension ? name.substr(0, dot) : name;
+}
+
+static Str DocumentOf(const Str& archive) {
+    return WithoutExtension(archive) + PLAIN_DOCUMENT;
 }
 
 static bool Examine(const Str& name, struct stat& status) {
@@ -43,15 +47,20 @@ static tm_zip EntryTime(const Str& filename) {
     return date;
 }
 
-Str ZipEncoder::archiveName(const Str& filename) const {
+Str ZipEncoder::archiveOf(const Str& filename) const {
     return WithoutExtension(filename) + (defaultExtension_ == nullptr ? ".zip" : defaultExtension_);
 }
 
+Str ZipEncoder::companionOf(const Str& filename) const {
+    const Str archive = archiveOf(filename);
+    return archive == filename ? DocumentOf(filename) : archive;
+}
+
 bool ZipEncoder::encode(const char* filename, const char* zipName, const char* backupName) {
-    const Str archive = zipName != nullptr ? Str(zipName) : archiveName(filename);
+    const Str archive = zipName != nullptr ? Str(zipName) : archiveOf(filename);
     Str input = filename;
     if (archive == input) {
-        input = WithoutExtension(input) + PLAIN_DOCUMENT;
+        input = DocumentOf(input);
         rename(filename, input.cStr());
     }
     if (!pack(input, archive)) return false;
@@ -59,19 +68,19 @@ bool ZipEncoder::encode(const char* filename, const char* zipName, const char* b
     return true;
 }
 
+// What stands in the archive's place goes only when there is a whole one to take it.
 bool ZipEncoder::pack(const Str& filename, const Str& archive) {
-    RemoveOldFile(archive.cStr());  // a link goes, not what it leads to
-    const zipFile zip = zipOpen64(archive.cStr(), APPEND_STATUS_CREATE);
+    StagedFile staged(archive);
+    const zipFile zip = zipOpen64(staged.name().cStr(), APPEND_STATUS_CREATE);
     if (zip == nullptr) {
         printf("error opening %s\n", archive.cStr());
         return false;
     }
     bool packed = packEntry(zip, filename);
-    if (zipClose(zip, nullptr) != ZIP_OK) {
+    if (zipClose(zip, nullptr) != ZIP_OK || (packed && !staged.putInPlace())) {
         printf("error in closing %s\n", archive.cStr());
         packed = false;
     }
-    if (!packed) RemoveOldFile(archive.cStr());
     return packed;
 }
 

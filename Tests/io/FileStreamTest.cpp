@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -54,6 +56,20 @@ TEST_F(FileStreamTest, KeepsTheReasonOfTheFirstFailure) {
     standard.close();  // stays open
     EXPECT_TRUE(standard.isWritable());
     EXPECT_STREQ("unknown", FileOutStream().getName());
+}
+
+TEST_F(FileStreamTest, APipeIsNotWaitedForUntilItIsRead) {
+    ASSERT_EQ(0, mkfifo(path(), 0600));
+    FileOutStream out(path(), false, false);
+    EXPECT_EQ(ENXIO, out.firstError());
+    const int reader = open(path(), O_RDONLY | O_NONBLOCK);
+    EXPECT_TRUE(out.open(path(), false, false));
+    out << "abc";
+    out.close();
+    char text[8] = "";
+    EXPECT_EQ(3, read(reader, text, sizeof text));
+    EXPECT_STREQ("abc", text);
+    close(reader);
 }
 
 // As standard output does on a terminal.

@@ -64,6 +64,8 @@ TEST_F(ZipEncoderTest, AnArchiveInTheFilesPlaceHoldsItAsADocument) {
     EXPECT_TRUE(ZipEncoder(".kmz").encode(dir_.write("track.kmz", "x").c_str(), nullptr, nullptr));
     EXPECT_EQ(dir_.path("track.kml") + "\n", names("track.kmz"));
     EXPECT_EQ("x", dir_.read("track.kml"));
+    EXPECT_STREQ("track.kml", ZipEncoder(".kmz").companionOf("track.kmz").cStr());
+    EXPECT_STREQ("track.kmz", ZipEncoder(".kmz").companionOf("track.kml").cStr());
 }
 
 TEST_F(ZipEncoderTest, TheMemberHasTheLocalTimeOfTheFile) {
@@ -78,7 +80,7 @@ TEST_F(ZipEncoderTest, TheMemberHasTheLocalTimeOfTheFile) {
     EXPECT_NE(std::string::npos, OutputOf("unzip -Z -T " + dir_.path("a.zip")).find("20120601.143000"));
 }
 
-TEST_F(ZipEncoderTest, AFailureIsReportedAndLeavesNoArchive) {
+TEST_F(ZipEncoderTest, AFailureIsReportedAndLeavesWhatWasThere) {
     const std::string missing = dir_.path("missing"), archive = dir_.path("a.zip");
     EXPECT_EQ("error in opening " + missing + " for reading\n", failure(missing, archive));
     EXPECT_FALSE(dir_.has("a.zip"));
@@ -88,5 +90,8 @@ TEST_F(ZipEncoderTest, AFailureIsReportedAndLeavesNoArchive) {
     EXPECT_EQ("error in reading " + dir_.path("folder") + "\n", failure(dir_.path("folder"), archive));
     EXPECT_FALSE(dir_.has("a.zip"));
     EXPECT_EQ("error in closing " + file + " in the zipfile\nerror in closing /dev/full\n", failure(file, "/dev/full"));
+    dir_.write("a.zip", "earlier");
+    EXPECT_EQ("error in opening " + missing + " for reading\n", failure(missing, archive));
+    EXPECT_EQ("earlier", dir_.read("a.zip"));
     EXPECT_EQ("x", dir_.read("a"));
 }

@@ -1,3 +1,6 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "RunFixture.h"
@@ -34,9 +37,76 @@ TEST_F(FailureTest, OutputsThatCannotBeCreated) {
     expectMessage("Failed to open .: Is a directory", {"-ao", ".", "dive"});
 }
 
+// Whatever name the run finds it under, or would find it under once it is there.
 TEST_F(FailureTest, AnOutputNeverReplacesItsInput) {
-    expectMessage("The output dive is not written, it is an input of this run", {"-bo", "dive", "dive"});
-    EXPECT_EQ(DiveLog::Of(3), read("dive"));
+    const std::string log = DiveLog::Of(3);
+    std::filesystem::create_directory(path("more"));
+    const char* const inputs[] = {"dive",      "dive.dir",       "parts0000",        "parts0004.bak",
+                                  "track.kmz", "more/slate0000", "more/Courier0001", "stdout"};
+    for (const char* input : inputs) write(input, log);
+    std::filesystem::create_symlink("dive", path("link"));
+    const std::pair<std::string, std::vector<std::string>> cases[] = {
+        {"dive", {"-bo", "dive", "dive"}},
+        {"link", {"-bo", "link", "dive"}},
+        {"dive.dir", {"-ao", "dive.dir", "dive"}},
+        {"parts", {"-bo", "parts", "parts"}},
+        {"parts0001", {"-bo", "parts0001", "parts"}},
+        {"parts0004.bak", {"-bo", "parts0004.bak", "parts"}},
+        {"more/Courier0001", {"-bPo", "c", "more/Courier0001", "more"}},
+        {"track.kmz", {"-ko", "track.kml", "track.kmz"}},
+        {"stdout", {"-no", "stdout", "stdout"}},
+    };
+    for (const auto& [output, arguments] : cases) {
+        expectMessage("The output " + output + " is not written, it is an input of this run", arguments);
+        for (const char* input : inputs) EXPECT_TRUE(log == read(input)) << output << " " << input;
+    }
+    EXPECT_EQ("dive dive.dir empty empty directory link more parts0000 parts0004.bak stdout track.kml track.kmz ",
+              program_.list());
+}
+
+TEST_F(FailureTest, WhatIsNoFileIsOnlyWrittenTo) {
+    ASSERT_EQ(0, mkfifo(path("pipe.kml").c_str(), 0600));
+    expectMessage("Failed to open pipe.kml: nobody reads it", {"-ko", "pipe.kml", "dive"});
+    expectMessage("Failed to write /dev/full: No space left on device", {"-ko", "/dev/full", "dive"});
+    for (const char* option : {"-n", "-N", "-m", "-H"}) {
+        for (const char* place : {"pipe.kml", "/dev/full"}) {
+            expectMessage("The output " + std::string(place) + " is not written, its format needs a plain file",
+                          {option, "-o", place, "dive"});
+        }
+    }
+    runInSilence({"-k", "dive"});
+    const std::string track = read("dive.kml");
+    std::string piped(track.size() + 1, ' ');
+    const int reader = open(path("pipe.kml").c_str(), O_RDONLY | O_NONBLOCK);
+    runInSilence({"-ko", "pipe.kml", "dive"});
+    EXPECT_EQ(static_cast<ssize_t>(track.size()), ::read(reader, piped.data(), piped.size()));
+    EXPECT_EQ(track, piped.substr(0, track.size()));
+    close(reader);
+    symlink("/dev/stdout", path("link.asc").c_str());
+    runInSilence({"-a", "dive"});
+    EXPECT_EQ(read("dive.asc"), program_.run({"-qyao", "link.asc", "dive"}).out_);
+    EXPECT_EQ("dive dive.asc dive.kml dive.kmz empty empty directory link.asc pipe.kml ", program_.list());
+    EXPECT_TRUE(std::filesystem::is_fifo(path("pipe.kml")) && std::filesystem::is_symlink("/dev/stdout"));
+}
+
+TEST_F(FailureTest, ADirectoryThatIsCutShortIsNotKept) {
+    const std::string log = read("dive"), unread = "The file dive.dir is not replaced, no directory was read";
+    for (const bool isThereBefore : {false, true}) {
+        {
+            const FileSizeLimit limit(300);
+            EXPECT_EQ(
+                "(ERROR): Failed to write dive.dir: File too large\n"
+                "(ERROR): The output dive.dir is incomplete and is not kept\n",
+                MessagesIn(run({"-d", "dive"})));
+        }
+        EXPECT_EQ(isThereBefore ? "dive dive.dir empty empty directory " : "dive empty empty directory ",
+                  program_.list());
+        if (!isThereBefore) runInSilence({"-d", "dive"});
+    }
+    const std::string whole = read("dive.dir");
+    write("dive", "");
+    EXPECT_EQ("(ERROR): No directory in dive\n(ERROR): " + unread + "\n", MessagesIn(run({"-d", "dive"})));
+    EXPECT_EQ(whole, read("dive.dir"));
 }
 
 TEST_F(FailureTest, AFullDisk) {
@@ -53,6 +123,19 @@ TEST_F(FailureTest, AClosedStandardOutputLeavesTheFilesAlone) {
     const std::string lines = read("out");
     EXPECT_EQ("", OutputOf("cd " + path("") + " && " UNSERIALIZE_PROGRAM " -qO -ao out '" + inputs + "' >&- 2>&-"));
     EXPECT_TRUE(lines == read("out"));
+}
+
+// The text ends, the files beside it do not.
+TEST_F(FailureTest, AReaderThatLeaves) {
+    write("dive", DiveLog::Of(20000));
+    runInSilence({"-n", "dive"});
+    const std::string command = "cd " + path("") + " && (" UNSERIALIZE_PROGRAM " -qO";
+    const std::string outcome = "; echo $? >&2) 2>err | head -1";
+    EXPECT_EQ("VERSION 8\n", OutputOf(command + "ao stdout dive" + outcome));
+    EXPECT_EQ("0\n", read("err").substr(read("err").find('\n') + 1));  // one message before
+    OutputOf(command + "ano stdout dive" + outcome);
+    EXPECT_TRUE(read("dive.nc") == read("stdout"));
+    EXPECT_EQ("0\n", read("err").substr(read("err").find('\n') + 1));  // one message before
 }
 
 TEST_F(FailureTest, AFileThatGrowsTooLargeKeepsWhatWasWritten) {

@@ -94,8 +94,8 @@ TEST_F(MatlabRunTest, TheExamplesPlot) {
 
 TEST_F(MatlabRunTest, FilesThatCannotBeCreated) {
     write("dive", DiveLog::Of(2));
-    const std::pair<std::string, std::string> places[] = {
-        {"no/file", "No such file or directory"}, {".", "Is a directory"}, {"/dev/full", "No space left on device"}};
+    const std::pair<std::string, std::string> places[] = {{"no/file", "No such file or directory"},
+                                                          {".", "Is a directory"}};
     for (const char* option : {"-m", "-H"}) {
         for (const auto& [place, reason] : places) {
             EXPECT_EQ("(ERROR): Failed to open " + place + ": " + reason + "\n",

@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "RunFixture.h"
+#include "support/FileSizeLimit.h"
 
 // How whole runs name what they make. Every log here lasts from 12:30 to 12:31.
 
@@ -39,9 +40,30 @@ TEST_F(NamingTest, EarlierResultsGoOnlyWhereTheDirectoryIsNamed) {
     write("dive_201206011230_201206011230.asc", "earlier");
     program_.run({"-qa", "dive"});
     EXPECT_TRUE(files.has("dive_201206011230_201206011230.asc"));
-    program_.run({"-qa", "./dive"});
+    const std::string messages = MessagesIn(program_.run({"-a", "./dive"}).out_);
+    EXPECT_EQ(1u, CountOf(messages, "(INFO): Removed ./dive_201206011230_201206011230.asc\n"));
     EXPECT_FALSE(files.has("dive_201206011230_201206011230.asc"));
     EXPECT_TRUE(files.has("dive_201206011230_201206011231.asc"));
+}
+
+// It would take the place of a good one.
+TEST_F(NamingTest, AnIncompleteResultKeepsItsName) {
+    write("dive", DiveLog::Of(20000));
+    std::filesystem::create_directory(path("dive.kmz"));
+    const std::pair<const char*, const char*> cases[] = {{"-ay", "asc"}, {"-cy", "csv"}, {"-ny", "nc"},
+                                                         {"-Ny", "nc4"}, {"-my", "mat"}, {"-ky", "kml"}};
+    for (const auto& [options, extension] : cases) {
+        const std::string earlier = "dive_201206011230_201206011231." + std::string(extension);
+        const std::string name = "./dive." + std::string(extension);
+        write(earlier, "earlier");
+        const FileSizeLimit limit(30000);
+        const std::string messages = MessagesIn(program_.run({"-q", options, "./dive"}).out_);
+        const std::string reason =
+            extension == std::string("kml") ? "" : "(ERROR): Failed to write " + name + ": File too large\n";
+        EXPECT_EQ(reason + "(ERROR): The output " + name + " is incomplete and keeps its name\n", messages);
+        EXPECT_EQ("earlier", read(earlier));
+        EXPECT_TRUE(std::filesystem::is_regular_file(path(name)));
+    }
 }
 
 TEST_F(NamingTest, AnEmptyNameIsNone) {
@@ -53,4 +75,6 @@ TEST_F(NamingTest, OutputsThatShareOneName) {
     EXPECT_EQ(1u, CountOf(out, "(ERROR): Several outputs are written to out\n"));
     EXPECT_EQ(1u, CountOf(read("out"), "VERSION"));  // the text is created after the syslog
     runInSilence({"-ao", "out", "dive"});
+    EXPECT_EQ("(ERROR): Several outputs are written to stdout\n", MessagesIn(run({"-nNao", "stdout", "dive"})));
+    EXPECT_EQ("", MessagesIn(run({"-nao", "stdout", "dive"})));
 }

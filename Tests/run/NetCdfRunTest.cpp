@@ -109,6 +109,7 @@ TEST_F(NetCdfRunTest, NothingToWrite) {
             "No netCDF file written\nCould not find variable \"Depth.depth\"\n"
             "Could not find variable \"Nav.speed\"\n",
             run({option, "empty"}));
+        EXPECT_EQ("dive empty ", program_.list());
     }
     run({"-n", "dive", "No.such"});
     EXPECT_TRUE(std::isnan(NetCdfFile(path("dive.nc")).numbers("No.such").at(1)));

@@ -9,8 +9,6 @@
 
 FlexArray<const char*>* FileLogReader::PriorityList_ = nullptr;
 
-static const size_t PART_DIGITS = 4;
-
 FileLogReader::FileLogReader(const Str& filebase, LogReader* logReader)
     : filebase_(filebase), fileStream_(nullptr, false), logReader_(logReader), damage_(logReader->getMessageGate()) {
     if (!open(filebase_)) {
@@ -25,9 +23,7 @@ FileLogReader::~FileLogReader() {
 }
 
 Str FileLogReader::nextFilename() {
-    char number[16];
-    snprintf(number, sizeof number, "%0*u", static_cast<int>(PART_DIGITS), nextFilenum_++);
-    return filebase_ + Str(number);
+    return FilesOf(filebase_).part(nextFilenum_++);
 }
 
 // Null, and errno says why, when there is no such file. A directory would open too, but give nothing and never end.
@@ -51,31 +47,18 @@ bool FileLogReader::open(const Str& path) {
     return true;
 }
 
-bool FileLogReader::isFileEmpty() {
+bool FileLogReader::openUnlessEmpty(const Str& path) {
     struct stat status;
-    return fstat(fileno(file_), &status) == 0 && status.st_size == 0;
+    if (!open(path)) return false;
+    if (fstat(fileno(file_), &status) != 0 || status.st_size != 0) return true;
+    fileStream_.close();
+    file_ = nullptr;
+    return false;
 }
 
 bool FileLogReader::matchAndOpen(const Str& candidate) {
-    if (open(candidate)) {
-        if (!isFileEmpty()) return true;
-        fileStream_.close();
-        file_ = nullptr;
-    }
-    return open(candidate + ".bak") || openPriorityName(candidate);
-}
-
-// "Logs/slate0003" is also looked for as "Logs/Courier0003": the directory, the priority word, the number.
-bool FileLogReader::openPriorityName(const Str& candidate) {
-    const Str separator = candidate.find('/') != Str::NO_POS ? "/" : "\\";
-    const size_t last = candidate.findLastOf(separator);
-    if (PriorityList_ == nullptr || last == Str::NO_POS || candidate.find(".dir") != Str::NO_POS) return false;
-    const Str directory = candidate.substr(0, last + 1);
-    const Str number = candidate.substr(candidate.length() - PART_DIGITS);
-    for (int i = 0; i <= PriorityList_->getMaxIndex(); ++i) {
-        if (openWithBackup(directory + Str(PriorityList_->get(i)) + number)) return true;
-    }
-    return false;
+    return FilesOf(filebase_).offerPart(
+        candidate, [&](const Str& name) { return name == candidate ? openUnlessEmpty(name) : open(name); });
 }
 
 unsigned int FileLogReader::read() {

@@ -5,6 +5,7 @@
 
 #include "io/FileInStream.h"
 #include "logger/reader/DamageWatch.h"
+#include "logger/reader/LogFiles.h"
 #include "logger/reader/LogReader.h"
 #include "utils/FlexArray.h"
 #include "utils/Str.h"
@@ -33,15 +34,15 @@ public:
     unsigned int readEntries();               // one attempt; after an error the next one begins a byte later
     bool isReadable();                        // a file is open, and neither at its end nor broken
 
-    static constexpr int MAX_ZERO_READS = 20;
+    static constexpr int MAX_ZERO_READS = LogFiles::MAX_MISSING;  // each tries the next number
 
+    // The names under which a reader of the log looks for it.
+    static LogFiles FilesOf(const Str& log) { return LogFiles(log, PriorityList_); }
     static void SetPriorityList(FlexArray<const char*>* list) { PriorityList_ = list; }  // borrowed; null for none
 
 private:
     bool open(const Str& path);
-    bool openPriorityName(const Str& candidate);
-    bool openWithBackup(const Str& path) { return open(path) || open(path + ".bak"); }
-    bool isFileEmpty();
+    bool openUnlessEmpty(const Str& path);
     unsigned int readOpenFile();
     void closeFile();
     long long position() const { return origin_ + static_cast<long long>(fileStream_.getTotalBytesRead()); }

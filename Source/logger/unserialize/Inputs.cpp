@@ -2,10 +2,11 @@
 
 #include <sys/stat.h>
 
-#include <cstdio>
 #include <memory>
 
 #include "data/Slate.h"
+#include "io/FileIdentity.h"
+#include "logger/reader/FileLogReader.h"
 
 namespace {
 
@@ -17,25 +18,12 @@ bool IsDirectory(const Str& path) {
     return stat(path.cStr(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-bool StatRegularFile(const Str& path, struct stat& status) {
-    return stat(path.cStr(), &status) == 0 && S_ISREG(status.st_mode);
+Str SideFileOf(const Str& input) {
+    return input + ".dir";
 }
 
-Str NumberedPart(const Str& input, unsigned int number) {
-    char digits[16];
-    snprintf(digits, sizeof digits, "%04u", number);
-    return input + digits;
-}
-
-// Calls visit with the status of the log's file or, when there is none of that name, of each of its numbered parts.
-template <typename Visit>
-void ForEachFile(const Str& input, Visit visit) {
-    struct stat status;
-    if (StatRegularFile(input, status)) {
-        visit(status);
-        return;
-    }
-    for (unsigned int number = 0; StatRegularFile(NumberedPart(input, number), status); ++number) visit(status);
+bool ReadsSideFiles(const RunSettings& settings) {
+    return !settings.writes(DIRECTORY_OUTPUT);
 }
 
 Str SlateIn(const Str& directory) {
@@ -44,7 +32,7 @@ Str SlateIn(const Str& directory) {
 
 }  // namespace
 
-Inputs::Inputs(RunSettings& settings) {
+Inputs::Inputs(RunSettings& settings) : readsSideFiles_(ReadsSideFiles(settings)) {
     const Str& specification = settings.slateFile_;
     int pieceCount = 0;
     const std::unique_ptr<Str[]> pieces(
@@ -67,37 +55,37 @@ void Inputs::add(Str item) {
     items_.push(new Str(item));
 }
 
+// Of the names of a part the first that there is a file of counts.
 long long Inputs::totalBytes() const {
     long long bytes = 0;
     for (unsigned int i = 0; i < count(); ++i) {
-        ForEachFile(at(i), [&bytes](const struct stat& status) { bytes += status.st_size; });
+        FileLogReader::FilesOf(at(i)).offerAll([&bytes](const Str& name) {
+            struct stat status;
+            if (!LogFiles::IsFile(name) || stat(name.cStr(), &status) != 0) return false;
+            bytes += status.st_size;
+            return status.st_size > 0;
+        });
     }
     return bytes;
 }
 
 bool Inputs::contains(const Str& path) const {
-    struct stat wanted;
-    if (!StatRegularFile(path, wanted)) return false;
+    const FileIdentity file(path);
     bool found = false;
-    for (unsigned int i = 0; i < count(); ++i) {
-        ForEachFile(at(i), [&](const struct stat& status) {
-            found = found || (status.st_dev == wanted.st_dev && status.st_ino == wanted.st_ino);
-        });
+    const LogFiles::Take compare = [&](const Str& name) { return found = found || FileIdentity(name) == file; };
+    for (unsigned int i = 0; i < count() && !found; ++i) {
+        FileLogReader::FilesOf(at(i)).offerAll(compare);
+        if (readsSideFiles_) FileLogReader::FilesOf(SideFileOf(at(i))).offerAll(compare);
     }
     return found;
 }
 
-static Str SideFileOf(const Str& input) {
-    return input + ".dir";
-}
-
 bool Inputs::HasSideFile(const Str& input, const RunSettings& settings) {
-    struct stat status;
-    return !settings.writes(DIRECTORY_OUTPUT) && StatRegularFile(SideFileOf(input), status);
+    return ReadsSideFiles(settings) && FileLogReader::FilesOf(SideFileOf(input)).exist();
 }
 
 static void ReadSideFile(const Str& input, const RunSettings& settings) {
-    if (!settings.writes(DIRECTORY_OUTPUT)) Slate::ReadDirectory(SideFileOf(input), true);
+    if (ReadsSideFiles(settings)) Slate::ReadDirectory(SideFileOf(input), true);
 }
 
 // Messages about a log that is read again for its entries are left to that second reading.

@@ -13,8 +13,10 @@ public:
 
     unsigned int count() const { return items_.size(); }
     const Str& at(unsigned int index) const { return *items_.at(index); }
-    long long totalBytes() const;          // of all logs and their numbered parts
-    bool contains(const Str& path) const;  // the file at path is one of them, under whatever name
+    long long totalBytes() const;  // of all logs and their numbered parts
+    // The file at path, by whatever name, is one that the run reads for entries or as a side file, or would be read as
+    // one if it were made there.
+    bool contains(const Str& path) const;
 
     // Registers the directory of one log in the Slate unless one is registered already: from the side file, except in a
     // run that writes it, or from the log itself.
@@ -28,4 +30,5 @@ private:
     void add(Str item);
 
     FlexArray<Str*> items_{true};  // owned
+    const bool readsSideFiles_;
 };

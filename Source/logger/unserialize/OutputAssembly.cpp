@@ -1,5 +1,12 @@
 #include "logger/unserialize/OutputAssembly.h"
 
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "data/Slate.h"
+#include "io/OldFile.h"
 #include "io/ZipEncoder.h"
 #include "logger/engine/LogEngine.h"
 #include "logger/rule/CompositeRules.h"
@@ -34,6 +41,10 @@ const OutputAssembly::Output OutputAssembly::OUTPUTS[] = {
     {NETCDF_OUTPUT, ".nc4", &OutputAssembly::addNetCdf},
 };
 
+// Opened by name, also in a run to standard output, by libraries that go back and forth in them.
+static const OutputKinds ARRAY_FILES(1u << HDF5_OUTPUT | 1u << MATLAB_OUTPUT | 1u << NETCDF_TABLE_OUTPUT |
+                                     1u << NETCDF_OUTPUT);
+
 static Rule* DataRule() {
     return new TypeRule(LogEntry::DATA_LOG_ENTRY);
 }
@@ -49,22 +60,44 @@ void OutputAssembly::assemble() {
         complain("No output name is given");
         return;
     }
-    if (isNamed && settings_.outputs_.count() > 1) {
-        complain("Several outputs are written to " + settings_.outputName_);
-    }
+    if (isNameShared()) complain("Several outputs are written to " + settings_.outputName_);
     for (const Output& output : OUTPUTS) {
         if (settings_.writes(output.kind_)) addOutput(output);
     }
 }
 
-// An output never replaces the log that it is made of.
+bool OutputAssembly::isNameShared() const {
+    const OutputKinds sharing = settings_.toStandardOutput_ ? settings_.outputs_ & ARRAY_FILES : settings_.outputs_;
+    return settings_.outputNameGiven_ && sharing.count() > 1;
+}
+
 void OutputAssembly::addOutput(const Output& output) {
     const Str filename = settings_.outputFilename(output.extension_);
-    if (!settings_.toStandardOutput_ && inputs_.contains(filename)) {
-        complain("The output " + filename + " is not written, it is an input of this run");
-    } else {
-        (this->*output.add_)(filename);
+    const bool isArray = ARRAY_FILES.test(output.kind_);
+    const bool isStream = settings_.toStandardOutput_ && !isArray;
+    if (isStream || mayWrite(filename, isArray)) (this->*output.add_)(filename);
+}
+
+// An output never replaces the log that it is made of.
+bool OutputAssembly::mayWrite(const Str& filename, bool needsPlainFile) const {
+    const bool isInput = inputs_.contains(filename);
+    const bool isUnfit = needsPlainFile && IsWrittenThrough(filename.cStr());
+    if (!isInput && !isUnfit) return true;
+    complain("The output " + filename + " is not written, " +
+             (isInput ? "it is an input of this run" : "its format needs a plain file"));
+    return false;
+}
+
+// Something that is written through stays what it is, and where.
+void OutputAssembly::remember(HasFilename& writer) {
+    const Str& name = writer.getFilename();
+    if (IsWrittenThrough(name.cStr())) return;
+    for (unsigned int i = 0; i < files_.size(); ++i) {
+        if (files_.at(i)->name_ != name) continue;
+        files_.at(i)->outcome_ = writer.getOutcome();
+        return;
     }
+    files_.push(new File{name, writer.getOutcome()});
 }
 
 void OutputAssembly::addBinary(const Str& filename) {
@@ -85,12 +118,34 @@ void OutputAssembly::addCsv(const Str& filename) {
     engine_.addAssociation(isThinned() ? thin(file, true, false) : file, TableRule());
 }
 
-// The `.dir` keeps the name under which readers look for it: it is not among the files to be renamed.
+// The `.dir` keeps the name under which readers look for it: by itself it is not among the files to be renamed.
 void OutputAssembly::addDirectory(const Str& filename) {
     directoryWriter_ = new DirectoryLogWriter(true);
-    LogWriter* const file = settings_.toStandardOutput_ ? new FileLogWriter(stdout, directoryWriter_)
-                                                        : new FileLogWriter(filename, directoryWriter_, false, nullptr);
-    engine_.addAssociation(file, new TypeRule(LogEntry::DIRECTORY_LOG_ENTRY));
+    const bool hasOwnFile = !settings_.toStandardOutput_ && !isNameShared() && !IsWrittenThrough(filename.cStr());
+    engine_.addAssociation(hasOwnFile ? toStagedFile(filename, directoryWriter_) : toFile(filename, directoryWriter_),
+                           new TypeRule(LogEntry::DIRECTORY_LOG_ENTRY));
+}
+
+LogWriter* OutputAssembly::toStagedFile(const Str& filename, LogWriter* writer) {
+    directoryFile_ = std::make_unique<StagedFile>(filename);
+    FileLogWriter* const file = new FileLogWriter(directoryFile_->name(), writer, false, nullptr);
+    file->setFilename(filename);
+    directoryOutcome_ = file->getOutcome();
+    if (!file->valid()) directoryFile_.reset();
+    return file;
+}
+
+// A directory that is cut short, or that is none, would spoil every later run on its log: the one before stays.
+void OutputAssembly::placeDirectory() {
+    const std::unique_ptr<StagedFile> file = std::move(directoryFile_);
+    if (file == nullptr) return;
+    if (!directoryOutcome_->isWhole()) {
+        complain("The output " + file->place() + " is incomplete and is not kept");
+    } else if (!hasDirectory_ && access(file->place().cStr(), F_OK) == 0) {
+        complain("The file " + file->place() + " is not replaced, no directory was read");
+    } else if (!file->putInPlace()) {
+        complain("Could not rename " + file->name() + " to " + file->place() + " due to " + strerror(errno));
+    }
 }
 
 void OutputAssembly::addSyslog(const Str& filename) {
@@ -150,10 +205,16 @@ void OutputAssembly::addKml(const Str& filename) {
     const bool minimal = settings_.minimalKml_;
     KmlLogWriter* const kml = new KmlLogWriter(settings_.vehicleName_, !minimal, !minimal);
     if (settings_.kmlColor_ != nullptr) kml->setColor(settings_.kmlColor_);
-    std::unique_ptr<FileEncoder> encoder(minimal ? nullptr : new ZipEncoder(".kmz"));
-    LogWriter* const file = toFile(filename, kml, std::move(encoder));
+    LogWriter* const file = toFile(filename, kml, minimal ? nullptr : newArchiver(filename));
     engine_.addAssociation(selectTrack(file), minimal ? MinimalTrackRule(settings_.minimalKmlSeverity_)
                                                       : TrackRule(settings_.textSeverity_));
+}
+
+// Null when the track is to be written and no more.
+std::unique_ptr<FileEncoder> OutputAssembly::newArchiver(const Str& filename) const {
+    if (settings_.toStandardOutput_ || IsWrittenThrough(filename.cStr())) return nullptr;
+    std::unique_ptr<ZipEncoder> archiver = std::make_unique<ZipEncoder>(".kmz");
+    return mayWrite(archiver->companionOf(filename), true) ? std::move(archiver) : nullptr;
 }
 
 // Stands a table of the vehicle's positions in front of a KML writer. The tables only read their lists.
@@ -181,17 +242,16 @@ void OutputAssembly::addNetCdf(const Str& filename) {
     addArrayFile(arrays, true, TableRule());
 }
 
-// Writers of array files open them by name, also in a run to standard output.
 template <typename ArrayWriter>
 void OutputAssembly::addArrayFile(ArrayWriter* writer, bool sendAtStartCycle, Rule* rule) {
-    if (writer->isValid()) files_.push(writer);
+    if (writer->isValid()) remember(*writer);
     engine_.addAssociation(isThinned() ? thin(writer, sendAtStartCycle, false) : writer, rule);
 }
 
 LogWriter* OutputAssembly::toFile(const Str& filename, LogWriter* writer, std::unique_ptr<FileEncoder> encoder) {
     if (settings_.toStandardOutput_) return new FileLogWriter(stdout, writer);
     FileLogWriter* const file = new FileLogWriter(filename, writer, false, encoder.release());
-    if (file->valid()) files_.push(file);
+    if (file->valid()) remember(*file);
     return file;
 }
 
@@ -206,21 +266,7 @@ LogWriter* OutputAssembly::thin(LogWriter* writer, bool sendAtStartCycle, bool m
 }
 
 void OutputAssembly::writeDirectory() {
+    hasDirectory_ = hasDirectory_ || Slate::IsDirectoryRead();
     const bool entriesBringIt = !settings_.isDirectoryOnly() && settings_.missionName_.isEmpty();
     if (directoryWriter_ != nullptr && !entriesBringIt) directoryWriter_->writeHeader();
-}
-
-static bool Holds(const FlexArray<Str*>& texts, const Str& text) {
-    for (unsigned int i = 0; i < texts.size(); ++i) {
-        if (*texts.at(i) == text) return true;
-    }
-    return false;
-}
-
-void OutputAssembly::collectFilenames(FlexArray<Str*>& names) const {
-    if (settings_.toStandardOutput_) return;
-    for (unsigned int i = 0; i < files_.size(); ++i) {
-        const Str& name = files_.at(i)->getFilename();
-        if (!name.isEmpty() && !Holds(names, name)) names.push(new Str(name));
-    }
 }

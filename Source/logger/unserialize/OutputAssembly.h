@@ -4,7 +4,9 @@
 
 #include "data/Logger.h"
 #include "io/FileEncoder.h"
+#include "io/StagedFile.h"
 #include "logger/unserialize/RunSettings.h"
+#include "logger/writer/OutputOutcome.h"
 #include "utils/FlexArray.h"
 #include "utils/Str.h"
 
@@ -17,9 +19,16 @@ class LogWriter;
 class Rule;
 
 // Builds the writers and rules of a run on its engine: one operation per kind of output, called in the order of the
-// kinds. The engine's associations own what is built; it is all gone once the engine is uninitialized.
+// kinds. The engine's associations own what is built; it is all gone once the engine is uninitialized, but for how the
+// writing of the files went.
 class OutputAssembly {
 public:
+    // An output that can be renamed when it is finished.
+    struct File {
+        Str name_;
+        std::shared_ptr<const OutputOutcome> outcome_;
+    };
+
     // Everything is borrowed for the run. The variables are to be complete before assemble.
     OutputAssembly(const RunSettings& settings, const Inputs& inputs, LogEngine& engine, const Logger& logger)
         : settings_(settings), inputs_(inputs), variables_(settings.variables_), engine_(engine), logger_(logger) {}
@@ -29,8 +38,10 @@ public:
     // Writes the Slate's directory to the `.dir` output, when there is one and the log's own directory does not get
     // there with the entries: in a run without entries or with a mission filter.
     void writeDirectory();
-    // Adds the name of each file that can be renamed when it is finished, once; the list owns the names.
-    void collectFilenames(FlexArray<Str*>& names) const;
+    // Puts the `.dir` in its place; after the engine has been uninitialized.
+    void placeDirectory();
+    // In the order of their creation; of those that share a name, the one that stands there.
+    const FlexArray<File*>& files() const { return files_; }
 
 private:
     struct Output {
@@ -41,6 +52,9 @@ private:
     static const Output OUTPUTS[];
 
     void addOutput(const Output& output);
+    bool isNameShared() const;
+    bool mayWrite(const Str& filename, bool needsPlainFile) const;
+    void remember(HasFilename& writer);
     void addBinary(const Str& filename);
     void addCsv(const Str& filename);
     void addDirectory(const Str& filename);
@@ -55,6 +69,8 @@ private:
     template <typename ArrayWriter>
     void addArrayFile(ArrayWriter* writer, bool sendAtStartCycle, Rule* rule);
 
+    LogWriter* toStagedFile(const Str& filename, LogWriter* writer);
+    std::unique_ptr<FileEncoder> newArchiver(const Str& filename) const;
     HDF5LogWriter* newHdf5(const Str& filename, bool matlab) const;
     LogWriter* toFile(const Str& filename, LogWriter* writer, std::unique_ptr<FileEncoder> encoder = nullptr);
     LogWriter* limitToNames(LogWriter* writer, bool passCycleStarts) const;
@@ -70,5 +86,8 @@ private:
     LogEngine& engine_;
     const Logger& logger_;
     DirectoryLogWriter* directoryWriter_ = nullptr;  // the engine's; null without a `.dir`
-    FlexArray<HasFilename*> files_;                  // the engine's, in the order of their creation
+    bool hasDirectory_ = false;                      // some input has one
+    std::unique_ptr<StagedFile> directoryFile_;      // null when it is written in its place
+    std::shared_ptr<const OutputOutcome> directoryOutcome_;
+    FlexArray<File*> files_{true};  // owned
 };

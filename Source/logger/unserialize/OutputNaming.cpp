@@ -30,13 +30,13 @@ OutputNaming::OutputNaming(const RunSettings& settings, const Inputs& inputs, co
 void OutputNaming::finish(const Str& filename) const {
     Parts parts;
     if (!split(filename, parts)) return;
-    removeEarlierResults(parts);
     const Str datedName = parts.prefix_ + "_" + lastDate_ + parts.extension_;
     const Str path = parts.directory_ + datedName;
     if (inputs_.contains(path)) {
         logger_.syslog("The output " + filename + " is not renamed to " + path + ", which is an input of this run",
                        Syslog::ERROR);
     } else if (rename(filename.cStr(), path.cStr()) == 0) {
+        removeEarlierResults(parts, datedName);
         logger_.syslog("Saved " + path, Syslog::INFO);
         if (symlink_) link(filename, datedName);
     } else {
@@ -67,17 +67,22 @@ static bool EndsWith(const char* text, const Str& end) {
     return length >= end.length() && end == text + (length - end.length());
 }
 
-void OutputNaming::removeEarlierResults(const Parts& parts) const {
+// They go only now that there is a new one in their stead.
+void OutputNaming::removeEarlierResults(const Parts& parts, const Str& datedName) const {
     const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(parts.directory_.cStr()), closedir);
     if (directory == nullptr) {
         logger_.syslog("Unserialize is unable to open directory: " + parts.directory_, Syslog::ERROR);
         return;
     }
     while (const dirent* const entry = readdir(directory.get())) {
-        if (!BeginsWith(entry->d_name, parts.prefix_) || !EndsWith(entry->d_name, parts.extension_)) continue;
-        const Str path = parts.directory_ + entry->d_name;
-        if (!inputs_.contains(path)) RemoveOldFile(path.cStr());
+        const bool isEarlier = BeginsWith(entry->d_name, parts.prefix_) && EndsWith(entry->d_name, parts.extension_) &&
+                               datedName != entry->d_name;
+        if (isEarlier) remove(parts.directory_ + entry->d_name);
     }
+}
+
+void OutputNaming::remove(const Str& path) const {
+    if (!inputs_.contains(path) && RemoveOldFile(path.cStr())) logger_.syslog("Removed " + path, Syslog::INFO);
 }
 
 void OutputNaming::link(const Str& filename, const Str& datedName) const {

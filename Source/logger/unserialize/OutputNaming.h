@@ -15,7 +15,7 @@ public:
     OutputNaming(const RunSettings& settings, const Inputs& inputs, const Timestamp& first, const Timestamp& last,
                  const Logger& logger);
 
-    // Removes what earlier runs saved of data from the same start, renames the file and links its name to it, as the
+    // Renames the file, removes what earlier runs saved of data from the same start, and links its name to it, as the
     // settings say. A name without an extension stays. No input is removed or replaced. What is done, or failed, is
     // logged.
     void finish(const Str& filename) const;
@@ -28,7 +28,8 @@ private:
         Str extension_;  // with its '.'
     };
     bool split(const Str& filename, Parts& parts) const;
-    void removeEarlierResults(const Parts& parts) const;
+    void removeEarlierResults(const Parts& parts, const Str& datedName) const;
+    void remove(const Str& path) const;
     void link(const Str& filename, const Str& datedName) const;
 
     const Inputs& inputs_;

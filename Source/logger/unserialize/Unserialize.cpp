@@ -27,20 +27,20 @@ void Unserialize::convert() {
     reportComplaints();
     listVariables();
     outputs_.assemble();
-    outputs_.collectFilenames(outputFilenames_);
     readInputs();
     engine_.uninitialize();
+    outputs_.placeDirectory();
     unknownWords_.complain(settings_.isDirectoryOnly() || firstTime_ != Timestamp::NOT_SET_TIME);
     reportComplaints();
     nameOutputs();
     sayDone();
 }
 
-// A failed write is an error to report, not a signal to die of: a file that grows too large, and a reader of standard
-// output that has gone while files are still to be finished.
-static void KeepRunningWhenWritesFail(const RunSettings& settings) {
+// A failed write is an error to report, not a signal to die of: a file that grows too large, and a reader of a pipe or
+// of standard output that has gone while files are still to be finished.
+static void KeepRunningWhenWritesFail() {
     signal(SIGXFSZ, SIG_IGN);
-    if (!settings.toStandardOutput_) signal(SIGPIPE, SIG_IGN);
+    signal(SIGPIPE, SIG_IGN);
 }
 
 Unserialize::Unserialize(RunSettings& settings)
@@ -51,11 +51,10 @@ Unserialize::Unserialize(RunSettings& settings)
       inputs_(settings),
       unknownWords_(settings),
       outputs_(settings, inputs_, engine_, logger_),
-      outputFilenames_(true),
       timeCorrection_(settings.localTimeOnly_ ? Timespan::INVALID_TIMESPAN : Timespan::ZERO_TIMESPAN),
       newestLogVersion_(DirectoryEntry::CurrentLogVersion_),
       versionLeft_(newestLogVersion_) {
-    KeepRunningWhenWritesFail(settings);
+    KeepRunningWhenWritesFail();
     consoleEngine_.addAssociation(new TextLogWriter(console_, false),
                                   new SyslogSeverityRule(settings.quiet_ ? Syslog::ERROR : Syslog::DEBUG, true));
     Slate::SetLogger(&logger_);
@@ -137,7 +136,7 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
     entries->setTimeAdjust(timeCorrection_);
     FileLogReader file(input, entries);  // owns the entry reader
     for (int zeros = 0; zeros < FileLogReader::MAX_ZERO_READS; ++zeros) {
-        while (file.read() > 0) {
+        while (!writesInVain() && file.read() > 0) {
             zeros = 0;
             if (progress.isDue()) progress.show(bytesBefore_ + file.getBytesPassed());
         }
@@ -153,16 +152,25 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
     }
 }
 
+// Nobody reads what the run writes any more.
+bool Unserialize::writesInVain() const {
+    return settings_.toStandardOutput_ && outputs_.files().size() == 0 && ferror_unlocked(stdout) != 0;
+}
+
 void Unserialize::reportNoEntry(const Str& input, const Str& reason) {
     logger_.syslog("No entry was read from " + input + (reason.isEmpty() ? Str::EMPTY_STR : ": " + reason),
                    Syslog::ERROR);
 }
 
 void Unserialize::nameOutputs() {
-    if (firstTime_ == Timestamp::NOT_SET_TIME || !settings_.appendDates_) return;
+    if (firstTime_ == Timestamp::NOT_SET_TIME || !settings_.appendDates_ || settings_.toStandardOutput_) return;
     const OutputNaming naming(settings_, inputs_, firstTime_, lastTime_, logger_);
-    for (unsigned int i = 0; i < outputFilenames_.size(); ++i) {
-        naming.finish(*outputFilenames_.at(i));
+    for (unsigned int i = 0; i < outputs_.files().size(); ++i) {
+        const OutputAssembly::File& file = *outputs_.files().at(i);
+        if (file.outcome_->isWhole()) naming.finish(file.name_);
+        if (file.outcome_->isIncomplete()) {
+            logger_.syslog("The output " + file.name_ + " is incomplete and keeps its name", Syslog::ERROR);
+        }
         showMessages();
     }
 }

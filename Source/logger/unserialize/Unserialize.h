@@ -31,6 +31,7 @@ private:
     void readEntries(const Str& input, Progress& progress);
     void reportNoEntry(const Str& input, const Str& reason);
     void nameOutputs();
+    bool writesInVain() const;
     void sayDone() const;
     void showMessages() { consoleEngine_.processQueue(Timespan::ZERO_TIMESPAN); }
 
@@ -44,7 +45,6 @@ private:
     UnknownWords unknownWords_;
     VariableList variableList_;  // owns the names of an automatic list
     OutputAssembly outputs_;
-    FlexArray<Str*> outputFilenames_;                // owned
     Timespan timeCorrection_;                        // GPS against vehicle clock, carried from input to input
     Timestamp firstTime_ = Timestamp::NOT_SET_TIME;  // of the entries that were passed on
     Timestamp lastTime_ = Timestamp::NOT_SET_TIME;

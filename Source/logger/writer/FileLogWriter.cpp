@@ -3,11 +3,11 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <cstring>
 
-#include "data/Slate.h"
 #include "io/OldFile.h"
 
 namespace {
@@ -56,7 +56,7 @@ bool FileLogWriter::open(const char* path, bool append) {
     entriesWritten_ = 0;
     if (!append) RemoveOldFile(filename_.cStr());
     bytesInFile_ = append ? SizeOf(filename_.cStr()) : 0;
-    failureReported_ = false;
+    outcome_->begin();
     fileStream_.open(filename_.cStr(), append, false);
     checkStream("open");
     if (bytesInFile_ == 0) logWriter_->writeHeader();
@@ -71,11 +71,14 @@ void FileLogWriter::close() {
         checkStream("write");
         bytesInFile_ = 0;
     }
-    if (initFilename_ && fileEncoder_ != nullptr && !filename_.isEmpty() &&
-        !fileEncoder_->encode(filename_.cStr(), nullptr, nullptr)) {
-        printf("Error encoding %s\n", filename_.cStr());
-    }
+    if (initFilename_ && fileEncoder_ != nullptr && !filename_.isEmpty() && outcome_->isWhole()) encode();
     filename_ = Str::EMPTY_STR;
+}
+
+void FileLogWriter::encode() {
+    if (fileEncoder_->encode(filename_.cStr(), nullptr, nullptr)) return;
+    printf("Error encoding %s\n", filename_.cStr());
+    outcome_->fail();
 }
 
 unsigned int FileLogWriter::write(const LogEntry* entry, const Unit* unit) {
@@ -109,11 +112,9 @@ void FileLogWriter::resetFilename(const Str& filename) {
     open(next.cStr(), false);
 }
 
-// Reports the first failure of the file, and no other: a full disk fails every write that follows.
 void FileLogWriter::checkStream(const char* failedTo) {
-    if (fileStream_.firstError() == 0 || failureReported_) return;
-    failureReported_ = true;
-    const Str name = filename_.isEmpty() ? Str(fileStream_.getName()) : filename_;
-    Slate::GetLogger().syslog(Str("Failed to ") + failedTo + " " + name + ": " + strerror(fileStream_.firstError()),
-                              Syslog::ERROR);
+    const int error = fileStream_.firstError();
+    if (error == 0) return;
+    outcome_->fail(failedTo, filename_.isEmpty() ? Str(fileStream_.getName()) : filename_,
+                   error == ENXIO ? "nobody reads it" : strerror(error));
 }

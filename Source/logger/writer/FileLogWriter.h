@@ -9,7 +9,8 @@
 
 // Gives a format writer a file to write to: opens and closes it with the format's header and footer, counts, flushes,
 // and hands the finished file to an encoder.
-// Errors: the first failure of a file to open, take data or close is one ERROR message; what was written stays.
+// Errors: the first failure of a file to open, take data or close is one ERROR message; what was written stays, and is
+// not encoded.
 class FileLogWriter : public LogWriter, public HasFilename {
 public:
     enum FlushFreq : int { FLUSH_ONCE = 0, FLUSH_PER_CYCLE = 1, FLUSH_PER_WRITE = 2 };
@@ -52,6 +53,5 @@ protected:
 private:
     void adoptWriter();
     void checkStream(const char* failedTo);
-
-    bool failureReported_ = false;  // of the open file
+    void encode();
 };

@@ -124,11 +124,8 @@ unsigned int HDF5LogWriter::writeFooter() {
     return 0;
 }
 
-// The first failure is the one to tell.
 void HDF5LogWriter::checkFile(const char* toDo) {
-    if (hdf5_.isOk() || reported_) return;
-    reported_ = true;
-    Slate::GetLogger().syslog(Str("Failed to ") + toDo + " " + filename_ + ": " + hdf5_.status(), Syslog::ERROR);
+    if (!hdf5_.isOk()) outcome_->fail(toDo, filename_, hdf5_.status().cStr());
 }
 
 // What has a place keeps it: the next input goes on where this one ends.

@@ -44,7 +44,6 @@ private:
     const Str filename_;
     const bool matlab_;
     Hdf5Writer hdf5_;
-    bool reported_ = false;
     Timestamp firstTime_;  // of the first sample, whatever it is of
     MatlabTree tree_;
     MatlabCells cells_;

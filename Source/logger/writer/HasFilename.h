@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+
+#include "logger/writer/OutputOutcome.h"
 #include "utils/Str.h"
 
 // A writer that has a file of its own.
@@ -7,4 +10,9 @@ class HasFilename {
 public:
     virtual ~HasFilename() {}
     virtual const Str& getFilename() = 0;  // empty when it writes to no named file
+    // Settled when the writer is gone.
+    std::shared_ptr<const OutputOutcome> getOutcome() const { return outcome_; }
+
+protected:
+    const std::shared_ptr<OutputOutcome> outcome_ = std::make_shared<OutputOutcome>();
 };

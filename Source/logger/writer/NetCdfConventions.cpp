@@ -61,6 +61,17 @@ void NetCdfConventions::AddFileAtts(NetCdfWriter& writer) {
     writer.addGlobalAtt("CF:featureType", "trajectory");
 }
 
+bool NetCdfConventions::Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome) {
+    if (!hasContent) {
+        writer.discard();
+        outcome.removed();
+        return false;
+    }
+    const bool isWhole = writer.finalize();
+    if (!isWhole) outcome.fail();
+    return isWhole;
+}
+
 void NetCdfConventions::PrintNothingWritten(const VariableSelection& selection, NetCdf::NetCdfVar* const* vars) {
     puts("No netCDF file written");
     selection.printMissing([vars](int index) { return vars[index] != nullptr; });

@@ -196,7 +196,7 @@ unsigned int NetCdfLogWriter::writeFooter() {
     if (netCdfWriter_ == nullptr || wroteFooter_) return 0;
     wroteFooter_ = true;
     if (!netCdfInitialized_) NetCdfConventions::PrintNothingWritten(variables_, vars_.get());
-    finalized_ = netCdfWriter_->finalize();
+    finalized_ = NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
     return 0;
 }
 

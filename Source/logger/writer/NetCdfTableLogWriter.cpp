@@ -109,7 +109,7 @@ unsigned int NetCdfTableLogWriter::writeFooter() {
     } else {
         NetCdfConventions::PrintNothingWritten(columns_, vars_.get());
     }
-    finalized_ = netCdfWriter_->finalize();
+    finalized_ = NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
     return rows;
 }
 

@@ -47,9 +47,11 @@ NetCdfWriter::NetCdfWriter(const char* path, bool version4, const char* trajecto
 // A failed call of the library would remove what it could not write to, be it a device.
 bool NetCdfWriter::create() {
     errno = 0;
-    if (IsDevice(filename_.cStr())) return check(ENOTSUP);
+    if (IsWrittenThrough(filename_.cStr())) return check(ENOTSUP);
     size_t bufferSize = 2 * ROW_ROOM;  // what is written back and forth in the records of a block stays inside
-    return check(nc__create(filename_.cStr(), version4_ ? NC_NETCDF4 : 0, 0, &bufferSize, &ncId_));
+    const bool isCreated = check(nc__create(filename_.cStr(), version4_ ? NC_NETCDF4 : 0, 0, &bufferSize, &ncId_));
+    identity_ = std::make_unique<FileIdentity>(filename_);
+    return isCreated;
 }
 
 void NetCdfWriter::defineTrajectory() {
@@ -102,7 +104,19 @@ NetCdfWriter::NetCdfWriter(const char* name, int parentId)
 NetCdfWriter::~NetCdfWriter() {
     if (isGroup_) return;
     finalize();
+    close();
+}
+
+void NetCdfWriter::close() {
     if (ncId_ >= 0) nc_close(ncId_);
+    ncId_ = -1;
+}
+
+void NetCdfWriter::discard() {
+    if (!ok_) report("write");
+    finalized_ = true;
+    close();
+    if (FileIdentity(filename_) == *identity_) RemoveOldFile(filename_.cStr());
 }
 
 bool NetCdfWriter::check(int status) {
@@ -124,7 +138,7 @@ void NetCdfWriter::report(const char* failedTo) {
     reported_ = true;
     const bool onlyErrnoKnows = version4_ && (status_ > 0 || status_ == NC_EHDFERR) && systemError_ != 0;
     const char* const reason = onlyErrnoKnows ? strerror(systemError_) : status();
-    Slate::GetLogger().syslog(Str("Failed to ") + failedTo + " " + filename_ + ": " + reason, Syslog::ERROR);
+    Slate::GetLogger().fileFailure(failedTo, filename_, reason);
 }
 
 // Definitions.
@@ -371,6 +385,7 @@ bool NetCdfWriter::flushVarsOf(NetCdfWriter& writer) {
 }
 
 bool NetCdfWriter::finalize() {
+    if (!ok_) report("write");
     if (!ok_ || finalized_ || !flushAll()) return false;
     errno = 0;
     if (initialized_ && !check(nc_sync(ncId_))) report("write");

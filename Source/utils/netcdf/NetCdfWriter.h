@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+
+#include "io/FileIdentity.h"
 #include "utils/Timestamp.h"
 #include "utils/netcdf/NetCdf.h"
 #include "utils/netcdf/NetCdfAttValue.h"
@@ -66,6 +69,7 @@ public:
     bool beginAttChanges();
     bool endAttChanges();
     bool finalize();  // false, with nothing done, when not ok or finalized already
+    void discard();   // closes the file as it is and removes it, unless another stands in its place by now
 
     bool isOk() const { return ok_; }
 
@@ -76,6 +80,7 @@ private:
     static const size_t ROW_ROOM = 524288;             // bytes of a classic file over which a block is spread
 
     bool create();
+    void close();
     bool check(int status);  // notes the status of a call of the library
     void report(const char* failedTo);
     void defineTrajectory();
@@ -108,6 +113,7 @@ private:
     unsigned int blockRecords_;
     size_t headerRoom_ = 0;
     size_t cacheRoomLeft_ = CHUNK_CACHE_ROOM;
-    int systemError_ = 0;  // errno of the failed call
+    int systemError_ = 0;                           // errno of the failed call
+    std::unique_ptr<const FileIdentity> identity_;  // of a file
     bool reported_ = false;
 };

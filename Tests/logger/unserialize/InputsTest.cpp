@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <tuple>
 
+#include "logger/reader/FileLogReader.h"
 #include "support/TempDir.h"
 
 class InputsTest : public ::testing::Test {
@@ -57,9 +58,24 @@ TEST_F(InputsTest, FilesAndNumberedPartsAreCountedAndKnown) {
     directory_.write("parts0001", "123");
     directory_.write("parts0003", "1234567");  // after a missing one
     std::filesystem::create_symlink("whole", "link");
+    directory_.write("parts0003.bak", "1");
+    directory_.write("dive/Courier0002.bak", "12");
+    FlexArray<const char*> priorities;
+    priorities.push("Courier");
+    FileLogReader::SetPriorityList(&priorities);
     settings_.slateFile_ = "whole;parts;missing;dive";
     const Inputs inputs(settings_);
-    EXPECT_EQ(10, inputs.totalBytes());
-    for (const char* const path : {"whole", "./whole", "link", "parts0000"}) EXPECT_TRUE(inputs.contains(path)) << path;
-    for (const char* const path : {"parts", "other", "dive"}) EXPECT_FALSE(inputs.contains(path)) << path;
+    EXPECT_EQ(19, inputs.totalBytes());
+    // Those from "parts" on would be read if they were there.
+    for (const char* const path :
+         {"whole", "./whole", "link", "parts0003", "parts0003.bak", "dive/Courier0002.bak", "whole.dir", "parts",
+          "./parts0002", "parts0023", "missing0000.bak", "dive/slate.dir"}) {
+        EXPECT_TRUE(inputs.contains(path)) << path;
+    }
+    for (const char* const path : {"whole0000", "parts0024", "other", "dive", "Courier0000"}) {
+        EXPECT_FALSE(inputs.contains(path)) << path;
+    }
+    settings_.outputs_.set(DIRECTORY_OUTPUT);
+    EXPECT_FALSE(Inputs(settings_).contains("whole.dir"));
+    FileLogReader::SetPriorityList(nullptr);
 }

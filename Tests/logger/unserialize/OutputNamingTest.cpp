@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <tuple>
 
@@ -68,6 +69,12 @@ TEST_F(OutputNamingTest, ResultsOfTheSameStartAreReplaced) {
     finish(directory_.write("dive.csv", "new"));
     for (const auto& [name, stays] : earlier) EXPECT_EQ(stays, directory_.has(name)) << name;
     EXPECT_EQ("new", directory_.read("dive_201206011230_201206011415.csv"));
+    Lines lines = log_.take();
+    std::sort(lines.begin(), lines.end());
+    EXPECT_EQ((Lines{"INFO Removed " + directory_.path("dive_201206011230.csv"),
+                     "INFO Removed " + directory_.path("dive_201206011230_201206011300.csv"),
+                     "INFO Saved " + directory_.path("dive_201206011230_201206011415.csv")}),
+              lines);
 }
 
 TEST_F(OutputNamingTest, TheLinkPointsIntoItsOwnDirectory) {
@@ -84,7 +91,9 @@ TEST_F(OutputNamingTest, TheLinkPointsIntoItsOwnDirectory) {
 
 TEST_F(OutputNamingTest, AFileThatIsNotThere) {
     const std::string path = directory_.path("dive.csv");
+    directory_.write("dive_201206011230_201206011300.csv", "earlier");
     finish(path);
+    EXPECT_TRUE(directory_.has("dive_201206011230_201206011300.csv"));
     EXPECT_EQ(Lines{"ERROR Could not rename " + path + " to " + directory_.path("dive_201206011230_201206011415.csv") +
                     " due to No such file or directory"},
               log_.take());

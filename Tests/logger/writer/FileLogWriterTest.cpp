@@ -34,6 +34,7 @@ TEST_F(FileLogWriterTest, HeadsFillsAndEndsItsFile) {
         EXPECT_EQ(6U, writer.getBytesInFile());
         EXPECT_EQ(2U, writer.getEntriesWritten());
         writer.close();
+        EXPECT_TRUE(writer.getOutcome()->isWhole());
         EXPECT_FALSE(writer.valid());
         EXPECT_EQ(0U, writer.write(log_.cycle(2), nullptr));
     }
@@ -87,6 +88,7 @@ TEST_F(FileLogWriterTest, EncodesTheFinishedFileOnce) {
     FileLogWriter failing(dir_.path("b").c_str(), inner(), false, new JournalEncoder(journal_, dir_, false));
     failing.close();
     failing.close();
+    EXPECT_TRUE(failing.getOutcome()->isIncomplete());
     EXPECT_EQ("header footer encode b=<> ", takeJournal());
     EXPECT_EQ("Error encoding " + dir_.path("b") + "\n", testing::internal::GetCapturedStdout());
 }
@@ -99,13 +101,17 @@ TEST_F(FileLogWriterTest, FailuresAreNamedWithTheReason) {
         {"/dev/full", 3, "ERROR Failed to write /dev/full: No space left on device"},
         {"/dev/full", 0, "ERROR Failed to write /dev/full: No space left on device"}};
     for (const auto& [path, entries, message] : cases) {
+        std::shared_ptr<const OutputOutcome> outcome;
         {
-            FileLogWriter writer(path.c_str(), inner(), false, nullptr);
+            FileLogWriter writer(path.c_str(), inner(), false, new JournalEncoder(journal_, dir_, true));
+            outcome = writer.getOutcome();
             EXPECT_EQ(path != missing, writer.isValid());
             writer.setFlushFreq(FileLogWriter::FLUSH_PER_WRITE);
             for (int i = 0; i < entries; ++i) writer.write(log_.cycle(i), nullptr);
         }
         EXPECT_EQ(Lines{message}, messages_.take());
+        EXPECT_TRUE(outcome->isIncomplete());
+        EXPECT_EQ(std::string::npos, takeJournal().find("encode"));
     }
     EXPECT_TRUE(std::filesystem::exists("/dev/full"));  // a device is written to, not replaced
 }

@@ -145,6 +145,18 @@ TEST_F(NetCdfWriterTest, ADeviceStays) {
     EXPECT_TRUE(std::filesystem::is_fifo(path_));
 }
 
+// Another output may have taken its place.
+TEST_F(NetCdfWriterTest, OnlyItsOwnFileIsDiscarded) {
+    for (const bool version4 : {false, true}) {
+        open(version4)->discard();
+        EXPECT_FALSE(std::filesystem::exists(path_));
+        const std::unique_ptr<NetCdfWriter> writer = open(version4);
+        const std::unique_ptr<NetCdfWriter> other = open(false);
+        writer->discard();
+        EXPECT_TRUE(std::filesystem::exists(path_));
+    }
+}
+
 TEST_F(NetCdfWriterTest, RecordsOutsideDataModeStopTheFile) {
     const std::unique_ptr<NetCdfWriter> writer = open(false, 1);
     writer->addVar("v", NetCdf::NC_FLOAT_TYPE, nullptr);
