@@ -24,10 +24,10 @@ enum ChannelTraits : unsigned int {
     PLAIN = 0,
     BEST = 1,       // the preferred source of its universal
     NO_INTERP = 2,  // not to be interpolated between samples
-    MILLIS = 4,     // entry times in 1/1024 s
+    MILLIS = 4,     // entry times in steps of 1024 microseconds
     UNTYPED = 8,    // a reader's access that leaves unit, type and size to its sibling
     SETTING = 16,   // an element that configures a component
-    CONFIG = 32,
+    CONFIG = 32,    // an element that the vehicle's configuration fixes
 };
 
 // A run of count_ alike numbers that one component writes every so many cycles. A '#' in the element's name stands for
@@ -44,12 +44,13 @@ struct NumberChannel {
     double (*value_)(const Readings& readings, int index);  // in unit_, index from 0
 };
 
+// A text that one component writes every so many cycles.
 struct TextChannel {
     const char* component_;
     const char* element_;
     unsigned int traits_;
     unsigned int every_;
-    const char* (*value_)(const Readings& readings);
+    const char* (*value_)(const Readings& readings);  // a constant of the process
 };
 
 // An array of numbers; the dimensions are those of the element's name (0: absent).
@@ -79,7 +80,7 @@ class TableView {
 public:
     template <int N>
     TableView(const Row (&rows)[N]) : rows_(rows), count_(N) {}
-    int count() const { return count_; }
+    int count() const { return count_; }  // rows
     const Row* begin() const { return rows_; }
     const Row* end() const { return rows_ + count_; }
 
@@ -88,7 +89,7 @@ private:
     int count_;
 };
 
-// What the vehicle carries. Rows of one component stand together.
+// What the vehicle carries: constants of the process. Rows of one component stand together.
 TableView<NumberChannel> NumberChannels();
 TableView<TextChannel> TextChannels();
 TableView<ArrayChannel> ArrayChannels();
