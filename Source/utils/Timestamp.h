@@ -98,8 +98,8 @@ public:
     static Timespan SetNow(const Timestamp& t);
     Timespan elapsed() const;  // Now() minus this
     void sleepTill() const;    // blocks the thread until Now() has come that far; at once when it has
-    // To the nearest multiple of n seconds since 1970, halves up, before 1970 perhaps to the one after it; more than 500
-    // microseconds count as one more second. Unchanged for n <= 0.
+    // To the nearest multiple of n seconds since 1970, halves up, before 1970 perhaps to the one after it; more than
+    // 500 microseconds count as one more second. Unchanged for n <= 0.
     void round(int n);
 
     // "2012-06-01T12:30:00.410Z", cut to size, NUL included; decimals at most 6, none at 0. The fraction is rounded
