@@ -1,6 +1,7 @@
 #pragma once
 
-// What the elements of an array value are; the numbers are those of the log.
+// What the elements of an array value are: integers and IEEE 754 numbers of so many bits, LE with the least significant
+// byte first, BE with the most significant. The numbers are those of the log.
 enum BlobType : int {
     NOT_BLOB = 0,
     BLOB_INT8 = 1,

@@ -15,8 +15,8 @@ class BlobValue : public StrValue {
 public:
     static const std::array<size_t, BLOB_TYPE_COUNT> ELEMENT_SIZE;  // bytes, by BlobType
 
-    explicit BlobValue(const ElementURI& uri);  // empty; the name tells unit and element type
-    BlobValue(const void* raw, size_t count, const ElementURI& uri);
+    explicit BlobValue(const ElementURI& uri);                        // empty; the name tells unit and element type
+    BlobValue(const void* raw, size_t count, const ElementURI& uri);  // as setFromRaw
     // From values (int, float or double) given in the unit.
     template <typename T>
     BlobValue(const Unit& unit, const T* values, size_t count, const ElementURI& uri) : BlobValue(uri) {
@@ -25,7 +25,7 @@ public:
     }
 
     BlobType getBlobType() const { return blobType_; }
-    size_t getCount() const;  // of whole elements
+    size_t getCount() const;  // of whole elements; 0 for a type that is none
 
     using StrValue::copyTo;
     using StrValue::setFrom;
@@ -35,7 +35,8 @@ public:
     Str toString() const override { return StrValue::toString(unitOrNone()); }  // as appendTo
     void appendTo(TextBuffer& text, const Unit& unit) const override;           // "24 bytes of meter_per_second"
 
-    // The element at the index of an array of T, whatever the blob's own type; swap reverses its bytes.
+    // The element at the index of an array of T, whatever the blob's own type; swap reverses its bytes. No unit takes
+    // part. Both are false past the end.
     template <typename T>
     bool getElement(size_t index, T& value, bool swap) const {
         value = 0;
@@ -52,11 +53,13 @@ public:
         return true;
     }
 
-    // The element in the unit, through the blob's own type. Setting saturates at the type's limits.
+    // The element in the unit, through the blob's own type. False past the end; getting also when the unit does not
+    // fit. Setting saturates at the type's limits.
     bool get(size_t index, const Unit& unit, double& value) const;
     bool set(size_t index, const Unit& unit, double value);
 
-    bool setFromRaw(const void* raw, size_t count);  // count elements as the log holds them; true when changed
+    // count elements as the log holds them, copied; zeros for a null raw. True when that changed the value.
+    bool setFromRaw(const void* raw, size_t count);
 
     // An array, a matrix (rows) or a cube (planes of rows) of int, float or double in the unit. Copying is false when
     // any element could not be had; setting resizes the blob and is true when it changed.

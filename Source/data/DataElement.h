@@ -25,7 +25,7 @@ public:
     // What a read of an element that is not active reports, through the Slate's logger; nothing is thrown.
     struct UninitializedException {
         static const char* const MESSAGE;
-        static void Report(const DataElement& element);
+        static void Report(const DataElement& element);  // one ERROR: "Depth.depth: data element is not active."
     };
 
     // Takes the value over; without one (null) there is nothing to set or get. The accuracy is in the base unit.
@@ -45,10 +45,10 @@ public:
     }
     const Timestamp& getTimestamp() const { return timestamp_; }  // of the last set; NOT_SET_TIME before
     void setTimestamp(const Timestamp& t) { timestamp_ = t; }
-    bool hasBeenSet() const { return hasBeenSet_; }
+    bool hasBeenSet() const { return hasBeenSet_; }  // or given a value object, as a log's reader does
     bool hasValue() const { return hasBeenSet_ && value_ != nullptr; }
 
-    const Unit& getUnit() const;
+    const Unit& getUnit() const;  // the value's, failing that the name's
     const Unit& getBaseUnit() const {
         return value_ == nullptr && baseUnit_ != nullptr ? *baseUnit_ : getUnit().getBaseUnit();
     }
@@ -58,23 +58,24 @@ public:
     void setTypeSize(size_t typeSize) { typeSize_ = typeSize; }
     BinaryDataType getBinaryType() const { return value_ == nullptr ? NO_TYPE : value_->getBinaryType(); }
 
-    bool isUnavailable() const { return unavailable_; }
-    bool isInvalid() const { return invalid_; }
+    bool isUnavailable() const { return unavailable_; }  // its device cannot deliver it now
+    bool isInvalid() const { return invalid_; }          // its last value is not to be trusted
     void setUnavailable(bool unavailable) { unavailable_ = unavailable; }
     void setInvalid(bool invalid) { invalid_ = invalid; }  // a set makes it valid again
     virtual bool isOrphaned() const;                       // no component supplies it
     virtual bool isOwnersActive() const;                   // of the components that supply it, one is active
-    virtual bool isOwnersFailed() const;                   // all have failed
-    bool isActivatable() const { return !unavailable_ && !isOrphaned() && !isOwnersFailed(); }
-    virtual bool isActive() const;
+    virtual bool isOwnersFailed() const;                   // there are some, and all have failed
+    bool isActivatable() const { return !unavailable_ && !isOrphaned() && !isOwnersFailed(); }  // it may become active
+    virtual bool isActive() const;                                                              // it can be read
     virtual bool isUniversal() const { return false; }
-    // Set since the component last ran; by anybody when it never did.
+    // Set since the component (not null) last ran; at any time when it never did.
     bool wasTouchedSinceLastRun(const Component* component) const;
 
-    // Attachments; borrowed. A writer that supplies the element makes it one that is not orphaned.
+    // Attachments; borrowed, and none is ever taken off. A writer that supplies the element makes it one that is not
+    // orphaned.
     void registerRead(DataReader& reader) { readers_.push(&reader); }
     void registerWrite(DataWriter& writer, bool supplies);
-    DataReader* findReader(const Component* owner) const;  // null when it has none
+    DataReader* findReader(const Component* owner) const;  // the component's first; null when it has none
     DataWriter* findWriter(const Component* owner) const;
     unsigned int readerCount() const { return readers_.size(); }
     unsigned int writerCount() const { return writers_.size(); }
@@ -86,10 +87,10 @@ public:
         MutexLocker lock(mutex_);
         return isReadable() && value_->copyTo(unit, value);
     }
-    bool get(DataValue& value) const;
+    bool get(DataValue& value) const;         // into the other's own type and base unit
     double asDouble(const Unit& unit) const;  // NaN where get is false
     int asInt(const Unit& unit) const;        // 0 where get is false
-    Str asString(const Unit& unit) const;     // empty where get is false
+    Str asString(const Unit& unit) const;     // "1.500000"; empty while not active, "nan" when the unit does not fit
 
     // What one of its readers reads: of a universal, the value of the source that this reader prefers.
     template <typename T>
@@ -101,7 +102,8 @@ public:
     int asInt(const DataReader& reader, const Unit& unit) const { return readBy(reader).asInt(unit); }
     Str asString(const DataReader& reader, const Unit& unit) const { return readBy(reader).asString(unit); }
 
-    // Stores a value given in the unit, where T is as for get; true when what reaches the log changed.
+    // Stores a value given in the unit, where T is as for get; true when what reaches the log changed. The time is
+    // taken over either way, a universal that this is the best source of follows, and there is no notifier.
     template <typename T>
     bool set(const Unit& unit, const T& value, const Timestamp& t) {
         return setBy(nullptr, unit, value, t);
@@ -134,21 +136,21 @@ public:
     void setAccuracy(const Unit& unit, float accuracy);
     void setAccuracy(DataWriter&, const Unit& unit, float accuracy) { setAccuracy(unit, accuracy); }
     float getAccuracy(const Unit& unit) const { return Scaled(getAccuracySI(), unit); }  // as it can be read now
-    float getAccuracySI() const { return isActive() ? writtenAccuracy_ : NO_ACCURACY; }
+    float getAccuracySI() const { return isActive() ? writtenAccuracy_ : NO_ACCURACY; }  // in the base unit
     float getWrittenAccuracy(const Unit& unit) const { return Scaled(writtenAccuracy_, unit); }  // as last written
-    float getBaseAccuracy() const { return writtenAccuracy_; }
+    float getBaseAccuracy() const { return writtenAccuracy_; }  // likewise, in the base unit
 
     // The universal that this element feeds; null when none.
     UniversalDataElement* getUniversal() const { return universal_; }
-    void setUniversal(UniversalDataElement* universal) { universal_ = universal; }
+    void setUniversal(UniversalDataElement* universal) { universal_ = universal; }  // addSource does it; borrowed
     bool isBest() const;  // nothing better supplies its universal; true without one
 
     // What the supplying device costs, for the choice among the elements that feed one universal; NaN when not known.
-    float getPower() const { return power_; }            // W
-    float getError() const { return writtenAccuracy_; }  // base unit
-    float getLatency() const { return latency_; }        // s
-    float getFrequency() const { return frequency_; }    // Hz
-    void setCosts(float power, float latency, float frequency);
+    float getPower() const { return power_; }                    // W
+    float getError() const { return writtenAccuracy_; }          // base unit
+    float getLatency() const { return latency_; }                // s
+    float getFrequency() const { return frequency_; }            // Hz
+    void setCosts(float power, float latency, float frequency);  // W, s, Hz
 
 protected:
     bool isReadable() const;
@@ -211,7 +213,7 @@ public:
     bool isOwnersActive() const override;
     bool isOwnersFailed() const override;
 
-    void addSource(DataElement& source);  // borrowed
+    void addSource(DataElement& source);  // borrowed; it feeds this one from now on. Once is enough
     unsigned int sourceCount() const { return sources_.size(); }
     // Of the active sources the one that the strategy prefers, the earlier of equals; null when none is active.
     // MIN_ERROR is what the universal itself follows.

@@ -6,6 +6,7 @@
 // A component's access to a datum that it reads. The Slate makes and owns it.
 class DataReader : public DataAccessor {
 public:
+    // The element and the owner, who may be null, are borrowed. The element does not learn of it here: registerRead.
     DataReader(Component* owner, DataElement* element, Logger::TimePrecisionType timePrecision, bool isInput)
         : DataAccessor(owner, element, DATA_READER, timePrecision), isInput_(isInput) {}
 
@@ -17,7 +18,7 @@ public:
     bool read(const Unit& unit, T& value) const {
         return getElement()->get(unit, value);
     }
-    bool read(DataValue& value) const { return getElement()->get(value); }
+    bool read(DataValue& value) const { return getElement()->get(value); }            // in its own type
     double asDouble(const Unit& unit) const { return getElement()->asDouble(unit); }  // NaN when not readable
 
 private:
@@ -27,10 +28,12 @@ private:
 // A reader of a standard quantity, from whichever element supplies it best by the reader's strategy.
 class UniversalDataReader final : public DataReader {
 public:
+    // The universal is borrowed.
     UniversalDataReader(Component* owner, UniversalDataElement* universal, RequestStrategy strategy,
                         Logger::TimePrecisionType timePrecision)
         : DataReader(owner, universal, timePrecision, false), universal_(universal), strategy_(strategy) {}
 
+    // The source that is best now, which may change from call to call; the universal itself while none is active.
     DataElement* getElement() const override {
         DataElement* const best = universal_->getBest(strategy_);
         return best == nullptr ? universal_ : best;

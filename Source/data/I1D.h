@@ -10,7 +10,7 @@ class I1D {
 public:
     virtual ~I1D() {}
     virtual unsigned int size() const = 0;
-    virtual const T* data() const = 0;  // size() numbers in the base unit
+    virtual const T* data() const = 0;  // size() numbers in the base unit, as long as this lives
 
     // The number at the index in the unit; false and NaN past the end.
     bool copyTo(const Unit& unit, T& value, unsigned int index) const {

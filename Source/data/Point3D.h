@@ -17,7 +17,7 @@ private:
     double value_[COUNT] = {};
 };
 
-// A place or a direction.
+// A place or a direction: x, y and z.
 class Point3D : public Point<3> {
 public:
     Point3D() = default;
@@ -28,7 +28,7 @@ public:
     }
 };
 
-// A place and an attitude, or their rates.
+// A place and an attitude, or their rates: x, y and z, then the three angles about them.
 class Point6D : public Point<6> {
 public:
     Point6D() = default;

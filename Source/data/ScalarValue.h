@@ -22,6 +22,7 @@ public:
     static constexpr T UNSET = std::numeric_limits<T>::quiet_NaN();  // 0 for int, which has no NaN
     static constexpr unsigned int DECIMALS = 6;                      // of the text of a floating number
 
+    // A subclass with fields of its own would not fit the pool's blocks: making one ends the process.
     static void* operator new(size_t size) { return Pool_.allocate(size); }
     static void operator delete(void* block) { Pool_.release(block); }
 
@@ -89,6 +90,7 @@ private:
 };
 
 // How a number T lies in the log: as a number of another type. An unsigned type reads back zero-extended.
+// Pack and Unpack move SIZE bytes; AreSame tells whether two numbers are one in the log.
 template <typename T, typename Stored>
 struct StoredAs {
     static constexpr size_t SIZE = sizeof(Stored);
@@ -138,12 +140,13 @@ class PackedScalar : public Base {
 public:
     typedef typename Base::Number Number;
 
+    // Without a unit, hence unitless: NaN, or 0 for an integer.
     PackedScalar() : PackedScalar(nullptr, Base::UNSET, Packing::SIZE, TYPE) {}
     // convert: the value is given in the unit; otherwise in its base unit.
     PackedScalar(const Unit& unit, Number value, bool convert)
         : PackedScalar(&unit, convert ? AuvMath::Narrow<Number>(unit.getSI(static_cast<double>(value))) : value,
                        Packing::SIZE, TYPE) {}
-    PackedScalar(const Unit& unit, const void* logBytes)
+    PackedScalar(const Unit& unit, const void* logBytes)  // as fromBinary
         : PackedScalar(&unit, Packing::Unpack(logBytes), Packing::SIZE, TYPE) {}
 
     DataValue* copy() const override { return new Class(static_cast<const Class&>(*this)); }

@@ -3,10 +3,10 @@
 #include "data/DataValue.h"
 #include "units/Units.h"
 
-// A text. It is no number: it cannot be read or set as one, nor be compared with one.
+// A text, of any bytes. It is no number: it cannot be read or set as one, nor be compared with one.
 class StrValue : public DataValue {
 public:
-    StrValue() : StrValue(Str()) {}
+    StrValue() : StrValue(Str()) {}  // empty
     explicit StrValue(const Str& value, const Unit& unit = Units::NONE);
     StrValue(const char* s, size_t len, const Unit& unit = Units::NONE);  // len Str::NO_POS: up to the NUL
 
@@ -28,11 +28,12 @@ public:
     bool isNaN() const override { return false; }
     bool setFrom(const Unit&, double) override { return false; }
     bool setFrom(const DataValue& other) override;  // from another text
-    bool setFrom(const Str& value);
+    bool setFrom(const Str& value);                 // true when it changed
     Str toString() const override { return value_; }
-    size_t toStream(OutStream& out) const override;  // a length of two bytes, then so many bytes
-    void fromBinary(const void* bytes) override;     // getTypeSize() bytes
-    void fromBinary(const void* bytes, unsigned short len);
+    // A length of two bytes, then so many bytes: of 65536 and more as many as the length's low 16 bits say.
+    size_t toStream(OutStream& out) const override;
+    void fromBinary(const void* bytes) override;             // getTypeSize() bytes
+    void fromBinary(const void* bytes, unsigned short len);  // len bytes, which is its type size from then on
     void appendTo(TextBuffer& text, const Unit& unit) const override;
 
     // The byte at the index as a signed number; false and 0 past the end.

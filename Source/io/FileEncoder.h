@@ -1,6 +1,6 @@
 #pragma once
 
-// Post-processes one finished file.
+// Post-processes one finished file, which is closed by then. Owned by the file writer that applies it.
 class FileEncoder {
 public:
     virtual ~FileEncoder() {}

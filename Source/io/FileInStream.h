@@ -20,14 +20,14 @@ public:
     InStream& read(char* buf, size_t n) override;
     const char* getName() override { return filename_.cStr(); }
     bool isReadable() override { return file_ != nullptr; }
-    bool eof() override;  // also true without a file
-    virtual void clearErr();
+    bool eof() override;      // also true without a file
+    virtual void clearErr();  // forgets the end and any error, so that a file that has grown is read on; not readError
 
-    bool seek(unsigned int offset);                             // from the start; false with no file or on failure
-    bool seekTo(long long offset);                              // the same for any 64-bit position
-    long long tell();                                           // position from the start; 0 with no file
-    int readError();                                            // errno of a failed read since the file was set, else 0
-    void close();                                               // closes and forgets the file
+    bool seek(unsigned int offset);  // bytes from the start; false with no file or on failure. Ends eof
+    bool seekTo(long long offset);   // the same for any 64-bit position
+    long long tell();                // bytes from the start; 0 with no file, -1 where there are no positions (a pipe)
+    int readError();                 // errno of a failed read since the file was set, else 0
+    void close();                    // closes and forgets the file, owned or not
     void setFile(FILE* file, const Str& name, bool autoClose);  // forgets any file held before, closing it if owned
 
 private:

@@ -11,8 +11,8 @@
 // Threads: locks each single write; a primitive made of several writes is not atomic.
 class FileOutStream : public OutStream {
 public:
-    FileOutStream() : FileOutStream(nullptr, false) {}
-    FileOutStream(const char* path, bool append, bool update);
+    FileOutStream() : FileOutStream(nullptr, false) {}          // no file: writes go nowhere until open
+    FileOutStream(const char* path, bool append, bool update);  // as open; a failure shows in isWritable, firstError
     FileOutStream(FILE* file, bool autoClose);  // file may be null; named "unknown"; owned when autoClose
     ~FileOutStream() override;
     FileOutStream(const FileOutStream&) = delete;
@@ -23,12 +23,14 @@ public:
     OutStream& write(const char* s) override;
     bool isWritable() override { return file_ != nullptr; }
 
-    bool open(const char* path, bool append, bool update);  // closes first; update: an existing file, not truncated
-    void close();                                           // standard output and standard error stay open and held
-    void flush();
-    bool seek(unsigned int offset);
-    int tell();  // 0 with no file; the greatest int past it
-    const char* getName() { return filename_.cStr(); }
+    // Closes what is held and opens the path: to write at its end (append), over what is there (update: the file exists
+    // and is not cut), or anew. False when that failed.
+    bool open(const char* path, bool append, bool update);
+    void close();                    // the file, owned or not; standard output and standard error stay open and held
+    void flush();                    // hands what is gathered to the system
+    bool seek(unsigned int offset);  // bytes from the start; false with no file or on failure
+    int tell();  // bytes from the start; 0 with no file, the greatest int past it, -1 where there are no positions
+    const char* getName() { return filename_.cStr(); }  // the path; until the next open
     // The system's error number of the first open, write, flush or close that failed since the last open, else 0.
     // ENXIO: nobody reads the pipe, which is not waited for.
     int firstError() const { return firstError_; }

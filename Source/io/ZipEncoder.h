@@ -9,7 +9,7 @@
 class ZipEncoder : public FileEncoder {
 public:
     explicit ZipEncoder(const char* defaultExtension)
-        : defaultExtension_(defaultExtension) {}  // borrowed; null: ".zip"
+        : defaultExtension_(defaultExtension) {}  // borrowed, with its dot; null: ".zip"
 
     // zipName: the archive, or null for the file's name with its extension replaced by the default one. When both names
     // are equal the file is first renamed to the name with ".kml", and that is packed. Failures are printed on standard

@@ -8,12 +8,12 @@ enum BinaryDataType : int {
     STRVALUE = 0,  // a two-byte length, then that many bytes
     UCHAR1 = 2,
     SHORT2 = 5,
-    USHORT2 = 6,
+    USHORT2 = 6,  // read back sign-extended, as the vehicle does
     FLOAT2 = 7,
-    FLOAT3 = 11,
+    FLOAT3 = 11,  // of a unit that asks for no type
     INT4 = 13,
     FLOAT4 = 15,
     DOUBLE8 = 31,
-    DOUBLE4 = 47,
+    DOUBLE4 = 47,  // rounded to a float
     DOUBLE6 = 55,
 };

@@ -13,9 +13,9 @@ public:
     // abbreviation of an equal unit, which is skipped silently.
     static void AddUnit(const Unit* unit);
     static const Unit* FindUnit(const Str& key);   // exact and case-sensitive; null when there is none
-    static unsigned int Size();                    // number of keys
-    static Str GetIndexedKey(unsigned int index);  // in byte order; empty when out of range
-    static const Unit* GetIndexedUnit(unsigned int index);
+    static unsigned int Size();                    // number of keys, more than there are units
+    static Str GetIndexedKey(unsigned int index);  // names and abbreviations in byte order; empty when out of range
+    static const Unit* GetIndexedUnit(unsigned int index);  // of that key; null when out of range
 
 private:
     typedef FastMap<const Str, const Unit*> UnitMap;

@@ -2,7 +2,7 @@
 
 #include "utils/FlexArray.h"
 
-// One key and its item in a FastMap.
+// One key, a copy of the one it was put with, and its item in a FastMap.
 template <typename K, typename V>
 class MapEntry {
 public:
@@ -13,10 +13,10 @@ public:
     MapEntry(const MapEntry&) = delete;
     MapEntry& operator=(const MapEntry&) = delete;
 
-    virtual const K& getKey() const { return key_; }
+    virtual const K& getKey() const { return key_; }  // while the entry lives
     virtual V getItem() const { return item_; }
-    virtual void setItem(V item) { item_ = item; }
-    void disown() { deleteOnCleanup_ = false; }
+    virtual void setItem(V item) { item_ = item; }  // the item before is not deleted
+    void disown() { deleteOnCleanup_ = false; }     // the item outlives the entry
 
 private:
     K key_;
@@ -34,23 +34,27 @@ public:
     static constexpr unsigned int INITIAL_CAPACITY = 32;
     static constexpr unsigned int MAX_CAPACITY = 16384;
 
+    // allowDups: equal keys may stand in the map, in the order in which they came.
     explicit FastMap(bool allowDups = false) : array_(true, INITIAL_CAPACITY, MAX_CAPACITY), allowDups_(allowDups) {}
     virtual ~FastMap() {}
 
-    // False, with nothing stored, for a key that is present while duplicates are not allowed.
-    // deleteOnCleanup: the map owns the item from now on.
+    // False, with nothing stored, for a key that is present while duplicates are not allowed: the item stays the
+    // caller's. deleteOnCleanup: the map owns the item from now on.
     bool put(const K& key, V item, bool deleteOnCleanup);
-    V get(const K& key, bool = false) const;  // null when absent
-    V pop(const K& key);                      // taken out; null when absent
+    V get(const K& key, bool = false) const;  // null when absent; of duplicates any one; the flag has no effect
+    V pop(const K& key);                      // taken out, the caller's from now on; null when absent
     V getIndexed(unsigned int index) const;   // in key order; null past the end
+    // The entry, null past the end; the map's, and valid until it is taken out. The flag has no effect.
     MapEntry<K, V>* getIndexedEntry(unsigned int index, bool = false) const { return array_.at(index); }
-    V popIndexed(unsigned int index);
+    V popIndexed(unsigned int index);  // as pop, in key order
+    // The first key under which the item stands, looked for one by one; defaultKey itself when there is none.
     const K& findKey(V item, const K& defaultKey) const;
-    // The index of an equal key, or the one's complement of the place where the key belongs.
+    // The index of an equal key, or the one's complement of the place where the key belongs; among first .. last only,
+    // where -1 stands for the end.
     int findIndex(const K& key, int first = 0, int last = -1) const;
     unsigned int size() const { return static_cast<unsigned int>(array_.getMaxIndex() + 1); }
-    FlexArray<MapEntry<K, V>*>& getArray() { return array_; }
-    void clear(bool = false) { array_.clear(); }
+    FlexArray<MapEntry<K, V>*>& getArray() { return array_; }  // the entries, which must stay sorted
+    void clear(bool = false) { array_.clear(); }               // deletes the items it owns; the flag has no effect
 
 private:
     V takeOut(unsigned int index);

@@ -5,7 +5,7 @@
 
 class Timespan;
 
-// A recursive lock.
+// A recursive lock: its holder may take it again, and gives it back as often.
 class Mutex {
 public:
     Mutex();
@@ -23,7 +23,8 @@ private:
 };
 
 // Holds a mutex for the length of a scope. While the process has a single thread there is nobody to keep out,
-// so nothing is locked: the entry path takes several of these per entry.
+// so nothing is locked: the entry path takes several of these per entry. A thread that is started inside the scope of
+// such a locker is not kept out.
 class MutexLocker {
 public:
     explicit MutexLocker(Mutex& mutex) : mutex_(__libc_single_threaded ? nullptr : &mutex) {
@@ -39,7 +40,8 @@ private:
     Mutex* const mutex_;  // borrowed; null when nothing had to be locked
 };
 
-// A condition variable on a mutex that the caller keeps and holds while waiting.
+// A condition variable on a mutex that the caller keeps and holds, once, while waiting: by lock, or by a MutexLocker
+// made when there was more than one thread.
 class ThreadCondition {
 public:
     explicit ThreadCondition(Mutex& mutex);
@@ -47,10 +49,11 @@ public:
     ThreadCondition(const ThreadCondition&) = delete;
     ThreadCondition& operator=(const ThreadCondition&) = delete;
 
-    int wait();                              // the pthread error number
-    int timedWait(const Timespan& timeout);  // ETIMEDOUT when the time ran out
-    int signal();
-    int broadcast();
+    // Each gives the pthread error number, 0 on success. A wait may end without a signal: check what was waited for.
+    int wait();
+    int timedWait(const Timespan& timeout);  // ETIMEDOUT when the time, by the monotonic clock, ran out
+    int signal();                            // wakes one that waits
+    int broadcast();                         // wakes all
 
 private:
     Mutex& mutex_;  // borrowed

@@ -28,7 +28,7 @@ public:
         }
         return takeBlock();
     }
-    void release(void* block) {  // null is ignored
+    void release(void* block) {  // one that allocate gave; null is ignored
         if (block == nullptr) return;
         MutexLocker lock(mutex());
         if (warmBlock_ == nullptr && mallocRing_ != nullptr) {
@@ -37,7 +37,7 @@ public:
             keepBlock(block);
         }
     }
-    void drain();
+    void drain();  // frees the blocks that are not in use; those in use are freed by their release
 
 private:
     [[noreturn]] void abortRequest(size_t size) const;

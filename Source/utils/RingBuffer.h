@@ -2,7 +2,7 @@
 
 #include "utils/Mutex.h"
 
-// One node of a ring.
+// One node of a ring; alone at first. Item and neighbours are borrowed. Threads: the ring's user locks.
 template <typename T>
 class ListEntry {
 public:
@@ -31,7 +31,7 @@ public:
     RingBufferVoid(const RingBufferVoid&) = delete;
     RingBufferVoid& operator=(const RingBufferVoid&) = delete;
 
-    void push(void* item) {
+    void push(void* item) {  // last in the queue; a null item cannot be told from an empty queue
         MutexLocker lock(mutex_);
         if (end_ != nullptr && end_->next() != start_) {
             end_ = end_->next();
@@ -41,14 +41,14 @@ public:
         }
         if (start_ == nullptr) start_ = end_;
     }
-    void* pop() {  // null when empty
+    void* pop() {  // the first, the caller's from now on; null when empty
         MutexLocker lock(mutex_);
         if (start_ == nullptr) return nullptr;
         void* const item = start_->getItem();
         start_ = start_ == end_ ? nullptr : start_->next();
         return item;
     }
-    void* peek() {  // null when empty
+    void* peek() {  // the first, which stays; null when empty
         MutexLocker lock(mutex_);
         return start_ == nullptr ? nullptr : start_->getItem();
     }
@@ -70,7 +70,7 @@ private:
     mutable Mutex mutex_;
 };
 
-// The typed form: T is a pointer type.
+// The typed form: T is a pointer type. freeOnCleanup is for what came from malloc; objects go by deleteAll.
 template <typename T>
 class RingBuffer : public RingBufferVoid {
 public:
@@ -78,7 +78,7 @@ public:
     void push(T item) { RingBufferVoid::push(const_cast<void*>(static_cast<const void*>(item))); }
     T pop() { return static_cast<T>(RingBufferVoid::pop()); }
     T peek() { return static_cast<T>(RingBufferVoid::peek()); }
-    void deleteAll() {
+    void deleteAll() {  // items that another thread pushes meanwhile too
         while (T item = pop()) delete item;
     }
 };

@@ -7,7 +7,7 @@
 #include "utils/Str.h"
 
 // Builds one text piece by piece without touching the heap until the text outgrows the buffer's own room.
-// The pieces are formatted independently of the process's locale.
+// The pieces are formatted independently of the process's locale. Threads: not synchronised.
 class TextBuffer {
 public:
     TextBuffer() = default;
@@ -15,12 +15,13 @@ public:
     TextBuffer& operator=(const TextBuffer&) = delete;
     ~TextBuffer();
 
-    TextBuffer& append(const char* text, size_t length) {
+    // Each adds a piece and gives the buffer, so that calls chain. A piece must not lie in the buffer itself.
+    TextBuffer& append(const char* text, size_t length) {  // any bytes, NUL too
         memcpy(roomFor(length), text, length);
         length_ += length;
         return *this;
     }
-    TextBuffer& append(const char* text) { return append(text, strlen(text)); }
+    TextBuffer& append(const char* text) { return append(text, strlen(text)); }  // up to the NUL; never null
     TextBuffer& append(const Str& text) { return append(text.data(), text.length()); }
     TextBuffer& append(char c) {
         *roomFor(1) = c;
@@ -29,14 +30,14 @@ public:
     }
     TextBuffer& appendInt(long long value);                             // decimal
     TextBuffer& appendHex(unsigned long long value);                    // upper-case, without leading zeros
-    TextBuffer& appendHexDigits(unsigned long long value, int digits);  // upper-case, exactly so many digits
+    TextBuffer& appendHexDigits(unsigned long long value, int digits);  // upper-case, the lowest so many digits
     // The value as "%.*f"; NaN of either sign is "nan". Longer than 30 characters: cut there, as every number text is.
     TextBuffer& appendFixed(double value, unsigned int decimals);
     TextBuffer& appendWhole(double value, unsigned int decimals);  // "%.*f" of a number, however long
 
-    void clear() { length_ = 0; }
-    const char* data() const { return chars_; }  // not NUL-terminated
-    size_t length() const { return length_; }
+    void clear() { length_ = 0; }                // keeps its room
+    const char* data() const { return chars_; }  // not NUL-terminated; valid until the next piece
+    size_t length() const { return length_; }    // bytes
     Str toStr() const { return Str(chars_, length_); }
 
 private:

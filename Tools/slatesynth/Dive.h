@@ -14,11 +14,11 @@ public:
     static const Timestamp START;  // true time of the first cycle
 
     explicit Dive(const SynthOptions& options);
-    // Writes the whole log; 0, or the system's error number of the first failure.
+    // Writes the whole log, once; 0, or the system's error number of the first failure.
     int run();
     const LogBuilder& log() const { return log_; }
-    double seconds() const { return vehicle_.state().seconds_; }
-    unsigned int variableCount() const { return instruments_->writerCount(); }
+    double seconds() const { return vehicle_.state().seconds_; }                // of the vehicle, made so far
+    unsigned int variableCount() const { return instruments_->writerCount(); }  // after run
 
 private:
     double progress() const;  // 0 to 1 of what was asked for

@@ -9,9 +9,10 @@
 struct Recurrence {
     double first_;
     double every_;
-    bool isDue(double previous, double now) const;  // some occurrence lies in previous < t <= now
+    bool isDue(double previous, double now) const;  // some occurrence lies in previous < t <= now, in the same seconds
 };
 
+// A component says something.
 struct MessageIncident {
     Recurrence when_;
     const char* facility_;
@@ -19,12 +20,14 @@ struct MessageIncident {
     const char* text_;
 };
 
+// A component fails.
 struct FailureIncident {
     Recurrence when_;
     const char* component_;
     FailureMode::FailType type_;
 };
 
+// An element becomes valid, invalid, available or unavailable, or the best of its universal.
 struct StateIncident {
     Recurrence when_;
     const char* component_;
@@ -32,11 +35,12 @@ struct StateIncident {
     EventEntry::DataStateChange change_;
 };
 
+// A component tells how good its element is.
 struct AccuracyIncident {
     Recurrence when_;
     const char* component_;
     const char* element_;  // component.element
-    double accuracy_;
+    double accuracy_;      // in the element's base unit
 };
 
 // A component that is switched off to save energy, and on again.
@@ -46,6 +50,7 @@ struct LoadIncident {
     bool loaded_;
 };
 
+// What happens in every dive: constants of the process.
 TableView<MessageIncident> MessageIncidents();
 TableView<FailureIncident> FailureIncidents();
 TableView<StateIncident> StateIncidents();

@@ -12,6 +12,7 @@ class LogBuilder;
 // One access of a component, which has its turn in some control cycles at a fixed place.
 class Instrument {
 public:
+    // best: its entries are marked as those of the preferred source.
     Instrument(DataAccessor& accessor, bool best) : accessor_(accessor), best_(best) {}
     virtual ~Instrument() {}
     Instrument(const Instrument&) = delete;
@@ -20,6 +21,7 @@ public:
     // Turns are numbered in the order in which the vehicle's components run; alike channels take different cycles.
     void setTurn(unsigned int turn, unsigned int every);
     bool isDue();  // in this control cycle; asked once in each, and true in the first
+    // Stores one sample, at its own time within the cycle, and logs the entry.
     void sample(const Readings& readings, const Timestamp& cycleStart, LogBuilder& log);
 
 protected:
@@ -40,8 +42,8 @@ private:
 class Instruments {
 public:
     Instruments();
-    void sample(const Readings& readings, const Timestamp& cycleStart, LogBuilder& log);
-    unsigned int writerCount() const { return writerCount_; }
+    void sample(const Readings& readings, const Timestamp& cycleStart, LogBuilder& log);  // those that are due
+    unsigned int writerCount() const { return writerCount_; }                             // variables of the log
 
 private:
     void add(const NumberChannel& row, int index);

@@ -7,12 +7,13 @@
 // A binary writer that counts what it writes.
 class CountingLogWriter final : public BinaryLogWriter {
 public:
+    // out is borrowed.
     explicit CountingLogWriter(OutStream& out) : BinaryLogWriter(out, true) {}
     unsigned int writeHeader() override;
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
 
     unsigned long long bytes() const { return bytes_; }
-    unsigned long long entries() const { return entries_; }
+    unsigned long long entries() const { return entries_; }  // the header of every part is one
 
 private:
     unsigned long long bytes_ = 0;
@@ -32,11 +33,11 @@ public:
     // Opens the first file, or closes one part and opens the next, which begins with the version and everything that
     // the Slate knows. False when the file cannot be opened; firstError() tells why.
     bool openNext();
-    void log(LogEntry& entry) { engine_.processEntry(&entry); }
-    void close();
+    void log(LogEntry& entry) { engine_.processEntry(&entry); }  // into the open part; the entry stays the caller's
+    void close();                                                // a failure shows in firstError
 
-    Str fileName(int part) const;
-    int filesWritten() const { return nextPart_; }
+    Str fileName(int part) const;                   // parts count from 0; without parts always the path
+    int filesWritten() const { return nextPart_; }  // begun, the open one included
     unsigned long long bytesWritten() const { return writer_->bytes(); }  // over all parts
     unsigned long long entriesWritten() const { return writer_->entries(); }
     int firstError() const { return firstError_; }  // an errno; 0 as long as all went well

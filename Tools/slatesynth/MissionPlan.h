@@ -15,16 +15,16 @@ public:
     };
     static const int MAX_CHANGES = 2;
 
-    // Decides about the next step after looking at where the vehicle is.
+    // Decides about the next step after looking at where the vehicle is. The answers below hold until the next call.
     void step(const VehicleState& state);
 
     Phase phase() const { return phase_; }
-    const Guidance& guidance() const { return guidance_; }
-    const char* mission() const;                      // the one that runs
-    int changeCount() const { return changeCount_; }  // of this step
-    const Change& change(int index) const { return changes_[index]; }
-    bool hasFix() const { return hasFix_; }  // a GPS fix came in this step
-    bool phaseBegan() const { return phaseBegan_; }
+    const Guidance& guidance() const { return guidance_; }             // where the vehicle has to go
+    const char* mission() const;                                       // the one that runs
+    int changeCount() const { return changeCount_; }                   // of this step
+    const Change& change(int index) const { return changes_[index]; }  // index below changeCount, not checked
+    bool hasFix() const { return hasFix_; }                            // a GPS fix came in this step
+    bool phaseBegan() const { return phaseBegan_; }                    // in this step
 
 private:
     void enter(Phase phase, const VehicleState& state);

@@ -17,7 +17,8 @@ struct SynthOptions {
 
 enum class Request { RUN, HELP, REFUSE };
 
-// Reads the arguments. HELP: the user asked for the help text. REFUSE: error tells what cannot be done.
+// Reads the arguments into options, which keep what is not given. HELP: the user asked for the help text. REFUSE: error
+// tells what cannot be done.
 Request ParseArguments(int argc, char** argv, SynthOptions& options, Str& error);
 
 extern const char* const HELP_TEXT;

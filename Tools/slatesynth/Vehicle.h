@@ -36,8 +36,8 @@ struct VehicleState {
     double charge_ = 0;    // A s left in the battery
     double voltage_ = 0;
 
-    bool isAtSurface() const { return depth_ < 0.6; }
-    double altitude() const { return seaFloor_ - depth_; }
+    bool isAtSurface() const { return depth_ < 0.6; }       // the antenna is out of the water
+    double altitude() const { return seaFloor_ - depth_; }  // m above the sea floor
 };
 
 // Follows guidance with the lags of a slow, torpedo-shaped vehicle in a steady drift.
@@ -45,8 +45,8 @@ class Vehicle {
 public:
     static const double FULL_CHARGE;  // A s
 
-    explicit Vehicle(Random& random);  // borrowed
-    void step(double seconds, const Guidance& guidance);
+    explicit Vehicle(Random& random);                     // borrowed
+    void step(double seconds, const Guidance& guidance);  // seconds above 0
     const VehicleState& state() const { return state_; }
 
 private:

@@ -12,7 +12,7 @@ class Hdf5Column;
 typedef int64_t Hdf5Id;  // an object of the library; below 0: none
 
 // What the items of one file share: how the calls of the library went, and the columns with what they have gathered.
-// After the first call that failed no other is made; what is in the file stays.
+// After the first call that failed no other is made; what is in the file stays. Threads: not synchronised.
 class Hdf5File {
 public:
     Hdf5File();
@@ -20,7 +20,7 @@ public:
     Hdf5File(const Hdf5File&) = delete;
     Hdf5File& operator=(const Hdf5File&) = delete;
 
-    bool isOk() const { return ok_; }
+    bool isOk() const { return ok_; }              // no call has failed so far
     const Str& status() const { return status_; }  // why the first failed call failed; empty while all went well
 
     // The result of the call: an id, or 0 and above for success; below 0 when it failed or was not made.
@@ -37,8 +37,8 @@ public:
     void adopt(Hdf5Column* column) { columns_.push(column); }  // takes it over
     // Bytes that a column has gathered. When all of them together take too much room, they are written.
     void countGathered(size_t bytes);
-    bool flush();   // writes what is gathered
-    void forget();  // closes the columns
+    bool flush();   // writes what is gathered; false when that or anything before failed
+    void forget();  // closes the columns, which are gone then with all that was not flushed
 
 private:
     static const size_t GATHER_ROOM = 67108864;  // bytes

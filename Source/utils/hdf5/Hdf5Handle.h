@@ -17,7 +17,7 @@ public:
     }
     Hdf5Handle(const Hdf5Handle&) = delete;
     Hdf5Handle& operator=(const Hdf5Handle&) = delete;
-    operator Hdf5Id() const { return id_; }
+    operator Hdf5Id() const { return id_; }  // for a call; below 0 when there is none
 
 private:
     const Hdf5Id id_;

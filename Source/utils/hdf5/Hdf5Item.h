@@ -19,7 +19,7 @@ public:
     void addAtt(const char* name, unsigned char value);
     // A list of texts, each of its own length; none when they are too many for an attribute (about 4000).
     void addAtt(const char* name, const Str* texts, size_t count);
-    bool hasAtt(const char* name);
+    bool hasAtt(const char* name);  // false after a failure
 
     uint64_t reference();  // to this item, for a column of references; 0 when there is none
 

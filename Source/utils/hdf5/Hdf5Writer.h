@@ -12,7 +12,7 @@
 //   if (!writer.finalize()) complain(writer.status());
 //
 // Errors: once a call of the library has failed, isOk is false, status says why, and nothing more is written; items can
-// still be used, to no effect. What was written stays.
+// still be used, to no effect. What was written stays. Threads: not synchronised.
 class Hdf5Writer {
 public:
     // Replaces the file at path. userBlockSize: bytes in front of what HDF5 takes for its own, a power of two of at
@@ -22,9 +22,9 @@ public:
     Hdf5Writer(const Hdf5Writer&) = delete;
     Hdf5Writer& operator=(const Hdf5Writer&) = delete;
 
-    Hdf5Group& root() { return *root_; }  // until finalize
-    bool isOk() const { return file_.isOk(); }
-    const Str& status() const { return file_.status(); }
+    Hdf5Group& root() { return *root_; }                  // until finalize
+    bool isOk() const { return file_.isOk(); }            // no call has failed so far
+    const Str& status() const { return file_.status(); }  // why the first one failed; empty while all went well
 
     void setUserBlock(const Str& bytes) { userBlock_ = bytes; }  // written when the file is closed; cut to its size
     bool finalize();  // writes what is gathered and closes the file; false when that or anything before failed

@@ -10,7 +10,7 @@ class DataValue;
 class NetCdfBlock;
 
 // What is known of one NetCDF file, or of one group in it: its dimensions, variables and attributes, each found by
-// name, and how the last call of the library went.
+// name, and how the last call of the library went. It owns them all; what it gives stays valid as long as it lives.
 class NetCdf {
 public:
     // The library's numbers.
@@ -47,6 +47,7 @@ public:
 
     static const int MAX_DIMS = 4;
     struct NetCdfVar {
+        // Of a variable that is defined in the file or group ncId; the nDims ids are copied.
         NetCdfVar(int varId, int nDims, const int* dimIds, NetCdfType netCdfType, int ncId);
         ~NetCdfVar();
 
@@ -59,8 +60,8 @@ public:
 
         // What the next record takes, unless it is missing: the holder, null when there is none.
         const DataValue* dataValue() const { return dataValue_; }
-        double number() const { return number_; }  // the same in its unit; NaN: missing, or no number
-        bool isMissing() const { return isMissing_; }
+        double number() const { return number_; }      // the same in its unit; NaN: missing, or no number
+        bool isMissing() const { return isMissing_; }  // always without a holder
 
         int varId_;
         int nDims_;                      // 1 to MAX_DIMS
@@ -91,11 +92,11 @@ public:
     NetCdfAtt* findAtt(const Str& name) const { return gatts_.get(name); }
     NetCdfAtt* findAtt(const NetCdfVar& var, const Str& name) const { return var.atts_.get(name); }
 
-    FlexArray<NetCdfDim*>& getDimArray() { return dimArray_; }
-    NetCdfAtts& getGlobalAtts() { return gatts_; }
-    FastMap<const Str, NetCdfVar*>& getVars() { return vars_; }
+    FlexArray<NetCdfDim*>& getDimArray() { return dimArray_; }   // in the order of definition
+    NetCdfAtts& getGlobalAtts() { return gatts_; }               // of the file or group itself
+    FastMap<const Str, NetCdfVar*>& getVars() { return vars_; }  // by name
 
-    const char* status() const;  // what the library says of its last status
+    const char* status() const;  // what the library says of its last status; a text of the library
 
 protected:
     NetCdf() : dimArray_(true), varArray_(true) {}

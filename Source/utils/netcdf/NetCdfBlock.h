@@ -18,7 +18,7 @@ struct NetCdfElementKind {
 // file is the same as with one call per value.
 // Numbers are fitted to the variable's type as they come, since the library refuses one that is out of range: bytes,
 // unsigned bytes, shorts and unsigned shorts keep their low bits, wider integers saturate, NaN among integers is the
-// type's fill value.
+// type's fill value. Threads: not synchronised.
 class NetCdfBlock {
 public:
     static const unsigned int DEFAULT_RECORDS = 256;
@@ -27,20 +27,20 @@ public:
     // maxRecords of them, fewer when they are large.
     NetCdfBlock(NetCdf::NetCdfType type, int nDims, const size_t* recordShape, size_t maxRecords);
 
-    // With fewer records to a block; before the first one.
+    // With fewer records to a block, at least one; before the first one.
     void limitTo(size_t maxRecords);
-    size_t recordBytes() const { return elements_ * kind_.size_; }
-    bool isFull() const { return count_ >= capacity_ || textBytes_ >= ROOM; }
+    size_t recordBytes() const { return elements_ * kind_.size_; }             // in memory; a text counts as a pointer
+    bool isFull() const { return count_ >= capacity_ || textBytes_ >= ROOM; }  // flush before the next record
 
     // Each adds a record; the block is not full. Elements that get no value are as if no call had written them.
-    void addNumber(double value);   // as its first element
-    void addText(const Str& text);  // likewise, in a variable of texts; up to its first NUL
-    void addUnwritten();
+    void addNumber(double value);                    // as its first element
+    void addText(const Str& text);                   // likewise, in a variable of texts; up to its first NUL
+    void addUnwritten();                             // no element has a value
     void setElement(size_t index, double value);     // of the record added last; past its end: ignored
     double lastValue() const { return lastValue_; }  // set last, before it was fitted; NaN before the first
 
-    // Puts the gathered records into the file as the last of the variable's numRecs_, and starts anew. The result is
-    // the library's status.
+    // Puts the gathered records into the file as the last of the variable's numRecs_, and starts anew, also after a
+    // failure: they are lost then. The result is the library's status, 0 for success or when there were none.
     int flush(const NetCdf::NetCdfVar& var);
 
 private:

@@ -18,7 +18,7 @@ typedef FastMap<const Str, NetCdfGroup*> NetCdfGroups;
 // name; initialize ends that; then come records, which are gathered and put in blocks; finalize closes the file.
 // Errors: definitions give null and everything else false once a call of the library has failed (isOk). A failed record
 // or group is printed on standard output; the first failure of the file is one ERROR message besides. What was written
-// stays.
+// stays. Threads: not synchronised.
 class NetCdfWriter : public NetCdf {
 public:
     static const char* const TIME_NAME;  // of the shared time axis of the classic format
@@ -42,14 +42,16 @@ public:
     // given, are the shape of a record.
     NetCdfVar* addVar(const Str& name, NetCdfType type, const NetCdfDim* d1, const NetCdfDim* d2 = nullptr,
                       const NetCdfDim* d3 = nullptr, const NetCdfDim* d4 = nullptr);
-    NetCdfVar* addStaticVar(const Str& name, NetCdfType type, const NetCdfDim* dim);
+    NetCdfVar* addStaticVar(const Str& name, NetCdfType type, const NetCdfDim* dim);  // not by record; null without dim
+    // An attribute that is there keeps its value. The classic format has signed bytes alone: there an unsigned one
+    // becomes a byte with the same bits.
     NetCdfAtt* addGlobalAtt(const Str& name, const NetCdfAttValue& value) {
         return addAtt(gatts_, GLOBAL_ID, name, value);
     }
     NetCdfAtt* addVarAtt(NetCdfVar& var, const Str& name, const NetCdfAttValue& value) {
         return addAtt(var.atts_, var.varId_, name, value);
     }
-    bool setAttValue(NetCdfAtt& att, const NetCdfAttValue& value);
+    bool setAttValue(NetCdfAtt& att, const NetCdfAttValue& value);  // a number keeps the attribute's type, fitted to it
     bool isFree(const Str& name) const;  // no variable and no group stands in the way of something of that name
     // After a failed definition: true when only its own name or type was at fault, so that the file can go on.
     bool recover();
@@ -60,18 +62,19 @@ public:
     void setHeaderRoom(size_t bytes) { headerRoom_ = bytes; }
 
     bool initialize();  // ends the definitions, of the groups too; idempotent
+    // Both are true as well when the record was only gathered: a failure to write it may show with a later one.
     // The time, and the current value of every other record variable, make the next record.
     bool writeRecord(const Timestamp& t);
-    // The current value makes the next record of the variable, which may be one of a group; others than record
-    // variables are left alone. An array's shape is that of the element name, which may be null.
+    // The current value makes the next record of the variable, which may be one of a group; null and others than record
+    // variables are left alone, with false. An array's shape is that of the element name, which may be null.
     bool writeVarRecord(NetCdfVar* var, const ElementURI* uri);
     // Between the two, after initialize, attributes can be set again to values of any length.
-    bool beginAttChanges();
+    bool beginAttChanges();  // false before initialize too
     bool endAttChanges();
     bool finalize();  // false, with nothing done, when not ok or finalized already
     void discard();   // closes the file as it is and removes it, unless another stands in its place by now
 
-    bool isOk() const { return ok_; }
+    bool isOk() const { return ok_; }  // the last call of the library went well, or recover has set that right
 
 private:
     static const int GLOBAL_ID = -1;  // stands for the file where a variable's id is asked for
