@@ -23,6 +23,7 @@ public:
     void syslog(const Str& text, Syslog::Severity severity) const;
     void syslog(const char* text, unsigned long n, Syslog::Severity severity) const;  // n in upper-case hexadecimal
     const CodedStr& getFacility() const { return facility_; }
+    bool isSilent() const { return console_ == nullptr; }
 
 private:
     const CodedStr facility_;

@@ -107,7 +107,7 @@ unsigned int DataEntry::write(Timestamp& timeBase, OutStream& out) const {
 template <typename Matches>
 static const DataAccess* FindTyped(unsigned int first, unsigned int end, Matches matches) {
     for (unsigned int code = first; code < end; ++code) {
-        const DataAccess* candidate = Slate::GetDataAccess(static_cast<unsigned short>(code));
+        const DataAccess* candidate = Slate::GetToldAccess(static_cast<unsigned short>(code));
         if (candidate != nullptr && candidate->isTyped() && matches(*candidate)) return candidate;
     }
     return nullptr;
@@ -150,7 +150,7 @@ static void InheritType(DataAccess& access) {
 }
 
 static DataAccess* FindAccess(unsigned short code, InStream& in, const Logger& logger) {
-    DataAccess* access = Slate::GetDataAccess(code);
+    DataAccess* access = Slate::GetToldAccess(code);
     if (access == nullptr) {
         logger.syslog("No DataAccessor found for code 0x", code, Syslog::ERROR);
         EntryStream::LogPosition(logger, in);
@@ -232,6 +232,16 @@ static bool ReadValue(const DataAccess& access, const DataElement* element, InSt
     return true;
 }
 
+// Passes over the value of an entry that nothing is known by, since the log has changed the meaning of its codes. What
+// the element holds is old from then on.
+static DataEntry* PassOver(const DataAccess& access, bool changed, InStream& in, const Logger& logger, bool& error) {
+    DataValue* none = nullptr;
+    if (!changed || !ReadValue(access, nullptr, in, logger, error, LogEntry::SKIP_VALUES, none)) return nullptr;
+    DataElement* const element = Slate::GetElement(access.getElementCode());
+    if (element != nullptr) element->setDataValue(nullptr);
+    return nullptr;
+}
+
 DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error,
                            Values values) {
     DataAccess* access = FindAccess(static_cast<unsigned short>(header >> CODE_SHIFT), in, logger);
@@ -242,6 +252,7 @@ DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short hea
     Timestamp t = timeBase;
     bool changed = false;
     if (!ReadTimestamp(t, changed, in, logger, access->getTimePrecision())) return nullptr;
+    if (Slate::IsAnythingRetold() && Slate::IsRetold(*access)) return PassOver(*access, changed, in, logger, error);
     DataElement* element = FindElement(*access, logger, values);
     DataValue* value = nullptr;
     if (changed && !ReadValue(*access, element, in, logger, error, values, value)) return nullptr;

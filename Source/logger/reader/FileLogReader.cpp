@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "data/Slate.h"
 #include "utils/TextBuffer.h"
 
 FlexArray<const char*>* FileLogReader::PriorityList_ = nullptr;
@@ -13,6 +14,7 @@ static const size_t PART_DIGITS = 4;
 
 FileLogReader::FileLogReader(const Str& filebase, LogReader* logReader)
     : filebase_(filebase), fileStream_(nullptr, false), logReader_(logReader), damage_(logReader->getMessageGate()) {
+    Slate::BeginLog(filebase);
     if (!open(filebase_)) {
         openError_ = strerror(errno);
         matchAndOpen(nextFilename());
@@ -22,6 +24,7 @@ FileLogReader::FileLogReader(const Str& filebase, LogReader* logReader)
 
 FileLogReader::~FileLogReader() {
     fileStream_.close();
+    Slate::EndLog();
 }
 
 Str FileLogReader::nextFilename() {

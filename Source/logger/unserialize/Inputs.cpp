@@ -5,8 +5,6 @@
 #include <cstdio>
 #include <memory>
 
-#include "data/Slate.h"
-
 namespace {
 
 const char* const FIRST_PART = "0000";  // ends the name of the first of a log's numbered parts
@@ -85,32 +83,4 @@ bool Inputs::contains(const Str& path) const {
         });
     }
     return found;
-}
-
-static Str SideFileOf(const Str& input) {
-    return input + ".dir";
-}
-
-bool Inputs::HasSideFile(const Str& input, const RunSettings& settings) {
-    struct stat status;
-    return !settings.writes(DIRECTORY_OUTPUT) && StatRegularFile(SideFileOf(input), status);
-}
-
-static void ReadSideFile(const Str& input, const RunSettings& settings) {
-    if (!settings.writes(DIRECTORY_OUTPUT)) Slate::ReadDirectory(SideFileOf(input), true);
-}
-
-// Messages about a log that is read again for its entries are left to that second reading.
-static void ReadLog(const Str& input, const RunSettings& settings) {
-    Slate::ReadDirectory(input, settings.isDirectoryOnly());
-}
-
-void Inputs::ReadDirectory(const Str& input, const RunSettings& settings) {
-    if (!Slate::IsDirectoryRead()) ReadSideFile(input, settings);
-    if (!Slate::IsDirectoryRead()) ReadLog(input, settings);
-}
-
-void Inputs::ReadDirectoryAhead(const Str& input, const RunSettings& settings) {
-    ReadSideFile(input, settings);
-    if (settings.writes(DIRECTORY_OUTPUT)) ReadLog(input, settings);
 }

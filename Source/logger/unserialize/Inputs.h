@@ -16,14 +16,6 @@ public:
     long long totalBytes() const;          // of all logs and their numbered parts
     bool contains(const Str& path) const;  // the file at path is one of them, under whatever name
 
-    // Registers the directory of one log in the Slate unless one is registered already: from the side file, except in a
-    // run that writes it, or from the log itself.
-    static void ReadDirectory(const Str& input, const RunSettings& settings);
-    // What can be had of it cheaply: only the side file in a run that reads one.
-    static void ReadDirectoryAhead(const Str& input, const RunSettings& settings);
-    // There is a side file, and the run reads it.
-    static bool HasSideFile(const Str& input, const RunSettings& settings);
-
 private:
     void add(Str item);
 

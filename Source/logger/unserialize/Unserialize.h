@@ -3,6 +3,7 @@
 #include "io/FileOutStream.h"
 #include "logger/engine/LogEngine.h"
 #include "logger/engine/LogQueue.h"
+#include "logger/unserialize/Directories.h"
 #include "logger/unserialize/Inputs.h"
 #include "logger/unserialize/OutputAssembly.h"
 #include "logger/unserialize/RunSettings.h"
@@ -25,7 +26,6 @@ private:
     void listVariables();
     void readInputs();
     void readInput(const Str& input, Progress& progress);
-    void forgetScannedVersion(const Str& input);
     void readEntries(const Str& input, Progress& progress);
     void reportNoEntry(const Str& input, const Str& reason);
     void nameOutputs();
@@ -39,6 +39,7 @@ private:
     LogQueue queue_;
     LogEngine engine_;  // feeds the outputs
     Inputs inputs_;
+    Directories directories_;
     VariableList variableList_;  // owns the names of an automatic list
     OutputAssembly outputs_;
     FlexArray<Str*> outputFilenames_;                // owned
@@ -47,5 +48,4 @@ private:
     Timestamp lastTime_ = Timestamp::NOT_SET_TIME;
     long long bytesBefore_ = 0;              // of the inputs that are done
     const unsigned short newestLogVersion_;  // in force before the run
-    unsigned short versionLeft_;             // in force after the input before
 };
