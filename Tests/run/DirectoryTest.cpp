@@ -91,6 +91,18 @@ TEST_F(DirectoryTest, ASideFileThatIsContradictedLater) {
     EXPECT_EQ(0u, CountOf(read("dive.asc"), "280"));
 }
 
+TEST_F(DirectoryTest, ALogWithoutADirectoryIsDamagedOnlyByItsSideFilesWord) {
+    write("dive", DepthLog().data_);
+    DiveLog foreign;
+    foreign.declare(foreign.log_.declareText("Other.text"));
+    write("dive.dir", foreign.bytes());
+    const std::string messages = said({"-a", "dive"});
+    EXPECT_EQ(1u, CountOf(messages, "; all that is known of its codes is from dive.dir\n")) << messages;
+    write("dive", DepthLog().all() + "\x54");
+    std::filesystem::remove(path("dive.dir"));
+    EXPECT_EQ(0u, CountOf(said({"-a", "dive"}), "all that is known"));
+}
+
 // Logs that were joined: a code means what was said of it first; what it means later is stepped over.
 TEST_F(DirectoryTest, NoValueStandsUnderAnothersNameOrUnit) {
     for (const OneVariable& other : {TEMPERATURE, DEPTH_IN_KILOMETERS}) {

@@ -4,5 +4,15 @@ MessageGate::MessageGate(const Logger& logger) : logger_(logger), gated_(logger.
 
 void MessageGate::logMessage(const Str& text, Syslog::Severity severity, const CodedStr&) {
     if (severity >= Syslog::ERROR) ++complaints_;
-    if (isOpen_) logger_.syslog(text, severity);
+    if (isOpen_) {
+        logger_.syslog(text, severity);
+    } else {
+        waiting_.push(new Message{text, severity});
+    }
+}
+
+void MessageGate::open() {
+    isOpen_ = true;
+    for (unsigned int i = 0; i < waiting_.size(); ++i) logger_.syslog(waiting_.at(i)->text_, waiting_.at(i)->severity_);
+    waiting_.clear();
 }
