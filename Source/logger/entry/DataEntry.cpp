@@ -232,14 +232,10 @@ static bool ReadValue(const DataAccess& access, const DataElement* element, InSt
     return true;
 }
 
-// Passes over the value of an entry that nothing is known by, since the log has changed the meaning of its codes. What
-// the element holds is old from then on.
-static DataEntry* PassOver(const DataAccess& access, bool changed, InStream& in, const Logger& logger, bool& error) {
-    DataValue* none = nullptr;
-    if (!changed || !ReadValue(access, nullptr, in, logger, error, LogEntry::SKIP_VALUES, none)) return nullptr;
+// The log has changed the meaning of the entry's codes: what the element holds is old, and what it gets is not known.
+static void ForgetValue(const DataAccess& access) {
     DataElement* const element = Slate::GetElement(access.getElementCode());
     if (element != nullptr) element->setDataValue(nullptr);
-    return nullptr;
 }
 
 DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error,
@@ -252,10 +248,15 @@ DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short hea
     Timestamp t = timeBase;
     bool changed = false;
     if (!ReadTimestamp(t, changed, in, logger, access->getTimePrecision())) return nullptr;
-    if (Slate::IsAnythingRetold() && Slate::IsRetold(*access)) return PassOver(*access, changed, in, logger, error);
-    DataElement* element = FindElement(*access, logger, values);
+    const bool isRetold = Slate::IsAnythingRetold() && Slate::IsRetold(*access);
+    if (isRetold) values = SKIP_VALUES;
+    DataElement* element = isRetold ? nullptr : FindElement(*access, logger, values);
     DataValue* value = nullptr;
     if (changed && !ReadValue(*access, element, in, logger, error, values, value)) return nullptr;
+    if (isRetold) {
+        if (changed) ForgetValue(*access);
+        return nullptr;
+    }
     DataEntry* entry = new DataEntry(access, value, Timestamp::EPOCH_START_TIME, (header & BEST_MASK) != 0, changed);
     entry->setTimestamp(t);
     if (element != nullptr && values == STORE_VALUES) entry->shareValueWith(*element);

@@ -10,12 +10,7 @@ void DamageWatch::beginFile(const Str& file) {
     skipped_ = 0;
     entriesAfter_ = 0;
     if (notes_ != nullptr) notes_->beginFile();
-}
-
-void DamageWatch::entryRead(long long begin, long long end) {
-    if (failures_ > 0) endStretch(begin);
-    if (isDamaged()) ++entriesAfter_;
-    goodEnd_ = end;
+    if (gate_ != nullptr) gate_->beginFile();
 }
 
 void DamageWatch::nothingRead(bool failed, long long end) {
@@ -29,7 +24,7 @@ void DamageWatch::nothingRead(bool failed, long long end) {
 
 void DamageWatch::endFile(long long end) {
     if (failures_ > 0) endStretch(end);
-    if (gate_ != nullptr && isDamaged()) sumUp();
+    if (gate_ != nullptr && (isDamaged() || gate_->getTooMany() > 0)) sumUp();
 }
 
 // What the entry that ends the stretch has to say comes after it.
@@ -38,10 +33,14 @@ void DamageWatch::endStretch(long long end) {
     ++stretches_;
     skipped_ += end - goodEnd_;
     if (gate_ == nullptr) return;
+    if (stretches_ <= MAX_STRETCHES) reportStretch(end);
+    gate_->open();
+}
+
+void DamageWatch::reportStretch(long long end) const {
     TextBuffer text;
     text.append("Skipped ").appendInt(end - goodEnd_).append(" bytes of ").append(file_).append(" from byte 0x");
     gate_->getOutside().syslog(text.appendHex(static_cast<unsigned long long>(goodEnd_)).toStr(), Syslog::ERROR);
-    gate_->open();
 }
 
 // A log without a directory of its own may be damaged only in the eyes of a directory that is another log's.
@@ -53,6 +52,7 @@ void DamageWatch::sumUp() const {
     if (notes_ != nullptr) {
         text.append(", cycles whose time went back or jumped by more than an hour ").appendInt(notes_->getJumps());
         text.append(", cycle starts that stand at one time ").appendInt(notes_->getStanding());
+        if (gate_->getTooMany() > 0) text.append(", messages not shown ").appendInt(gate_->getTooMany());
         const bool isReadByAnother = !notes_->hasDirectory() && !Slate::GetSideFile().isEmpty();
         if (isReadByAnother) text.append("; all that is known of its codes is from ").append(Slate::GetSideFile());
     }

@@ -10,14 +10,19 @@
 // message sums up. Positions are bytes from the start of the file.
 class DamageWatch {
 public:
-    static constexpr unsigned int MAX_SHOWN = 20;  // failures of one stretch whose messages are shown
+    static constexpr unsigned int MAX_SHOWN = 20;      // failures of one stretch whose messages are shown
+    static constexpr unsigned int MAX_STRETCHES = 20;  // of one file that are told of one by one
 
     // Both are borrowed; null: nothing is reported, and nothing is known of the entries.
     DamageWatch(MessageGate* gate, EntryNotes* notes) : gate_(gate), notes_(notes) {}
 
     void beginFile(const Str& file);
     void beginAttempt() { complaintsBefore_ = complaints(); }
-    void entryRead(long long begin, long long end);
+    void entryRead(long long begin, long long end) {
+        if (failures_ > 0) endStretch(begin);
+        if (isDamaged()) ++entriesAfter_;
+        goodEnd_ = end;
+    }
     // No entry came of the bytes up to `end`. Bytes that hold none by design are no damage: nobody complains of them.
     void nothingRead(bool failed, long long end);
     void endFile(long long end);
@@ -26,6 +31,7 @@ private:
     unsigned long complaints() const { return gate_ == nullptr ? 0 : gate_->getComplaints(); }
     bool isDamaged() const { return stretches_ > 0 || (notes_ != nullptr && notes_->getStanding() > 0); }
     void endStretch(long long end);
+    void reportStretch(long long end) const;
     void sumUp() const;
 
     MessageGate* const gate_;  // borrowed; may be null

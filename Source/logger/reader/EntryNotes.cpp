@@ -10,15 +10,15 @@ void EntryNotes::beginFile() {
     lastCycle_ = Timestamp::NOT_SET_TIME;
 }
 
-void EntryNotes::note(const LogEntry& entry, const Timespan& timeAdjust) {
-    if (entry.getType() == LogEntry::DIRECTORY_LOG_ENTRY) {
-        const DirectoryEntry& record = static_cast<const DirectoryEntry&>(entry);
-        if (record.getDirectoryType() != DirectoryEntry::VERSION) hasDirectory_ = true;
-    } else if (entry.getType() == LogEntry::EVENT_LOG_ENTRY) {
-        if (static_cast<const EventEntry&>(entry).getEventType() != EventEntry::START_CYCLE) return;
-        const bool isAdjusted = timeAdjust != Timespan::INVALID_TIMESPAN;
-        noteCycle(isAdjusted ? entry.getTimestamp() - timeAdjust : entry.getTimestamp());
-    }
+void EntryNotes::noteRecord(const LogEntry& entry) {
+    const DirectoryEntry& record = static_cast<const DirectoryEntry&>(entry);
+    if (record.getDirectoryType() != DirectoryEntry::VERSION) hasDirectory_ = true;
+}
+
+void EntryNotes::noteEvent(const LogEntry& entry, const Timespan& timeAdjust) {
+    if (static_cast<const EventEntry&>(entry).getEventType() != EventEntry::START_CYCLE) return;
+    const bool isAdjusted = timeAdjust != Timespan::INVALID_TIMESPAN;
+    noteCycle(isAdjusted ? entry.getTimestamp() - timeAdjust : entry.getTimestamp());
 }
 
 void EntryNotes::noteCycle(const Timestamp& t) {

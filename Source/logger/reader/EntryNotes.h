@@ -1,16 +1,18 @@
 #pragma once
 
+#include "logger/entry/LogEntry.h"
 #include "utils/Timespan.h"
 #include "utils/Timestamp.h"
-
-class LogEntry;
 
 // What is noted of the entries that decode, since damage can look like an entry: zeros are cycle starts of 1970.
 class EntryNotes {
 public:
     // timeAdjust: the correction in the entry's time, which does not count as a jump of the clock; INVALID_TIMESPAN:
     // none.
-    void note(const LogEntry& entry, const Timespan& timeAdjust);
+    void note(const LogEntry& entry, const Timespan& timeAdjust) {
+        if (entry.getType() == LogEntry::DIRECTORY_LOG_ENTRY) noteRecord(entry);
+        if (entry.getType() == LogEntry::EVENT_LOG_ENTRY) noteEvent(entry, timeAdjust);
+    }
     void beginFile();  // cycles are counted by file
 
     bool hasDirectory() const { return hasDirectory_; }  // the log has named an item itself
@@ -20,6 +22,8 @@ public:
     unsigned int getStanding() const { return standing_; }
 
 private:
+    void noteRecord(const LogEntry& entry);
+    void noteEvent(const LogEntry& entry, const Timespan& timeAdjust);
     void noteCycle(const Timestamp& t);
 
     bool hasDirectory_ = false;

@@ -174,5 +174,5 @@ void FileLogReader::closeFile() {
 
 void FileLogReader::report(const Str& text) {
     MessageGate* const gate = logReader_->getMessageGate();
-    if (gate != nullptr) gate->getLogger().syslog(text, Syslog::ERROR);
+    if (gate != nullptr) gate->getOutside().syslog(text, Syslog::ERROR);
 }
