@@ -1,19 +1,22 @@
 #pragma once
 
+#include <atomic>
+#include <bitset>
 #include <memory>
 
+#include "data/CodedStr.h"
 #include "data/DataAccess.h"
 #include "data/ElementURI.h"
 #include "utils/FastMap.h"
 #include "utils/FlexArray.h"
 
-// Whether two items under one code are one item: names by their text; accesses by what they attach, since their unit
-// and type may have been inherited meanwhile.
-inline bool IsSameItem(const Str& a, const Str& b) {
-    return a == b;
+// Whether a record that is read under an item's code is about that item.
+inline bool Agrees(const CodedStr& item, const CodedStr& record) {
+    return item == record;
 }
-inline bool IsSameItem(const DataAccess& a, const DataAccess& b) {
-    return a.isSameAttachment(b);
+template <typename T>
+bool Agrees(const T& item, const T& record) {
+    return item.agreesWith(record);
 }
 
 // The Slate's collections of one kind of item that has a code in the log, and what the kinds have in common.
@@ -22,22 +25,31 @@ template <typename T>
 struct CodedItems {
     static constexpr unsigned short NO_CODE = ElementURI::NO_CODE;  // codes run from 0 to NO_CODE - 1
 
+    const char* const kind_;  // for messages
     FastMap<Str, T*>& byText_;
     FlexArray<T*>& byCode_;
     FlexArray<T*>& list_;       // in the order of registration
     FlexArray<T*>& store_;      // owns what the Slate was given or made
     FlexArray<T*>& codedHere_;  // those whose code was not read from a log
     unsigned short& nextCode_;
-    unsigned int count_;  // items that have a code
+    FlexArray<T*>& retold_;  // by code: what the log has last said of it, where another item is registered; owned
+    std::atomic<unsigned int>& retoldCount_;  // of all kinds
+    unsigned int count_ = 0;                  // items that have a code
+    std::bitset<NO_CODE> reported_ = {};      // codes whose contradiction this log has been reported for
 
     // Takes over an item read from a log, to stand under its own code. The result is the registered item: this one, or
     // the one that is known by that text or code already; null when the code is out of range or another item's.
+    // An item that is not what is registered under its code is kept as what the log says now.
     T* add(T* item, const Str& text) {
         std::unique_ptr<T> given(item);
         const unsigned short code = item->getCode();
         if (code >= NO_CODE) return nullptr;
         T* const holder = byCode_.at(code);
-        if (holder != nullptr) return IsSameItem(*holder, *item) ? confirm(holder, code) : nullptr;
+        if (holder != nullptr && Agrees(*holder, *item)) return confirm(holder, code);
+        if (holder != nullptr) {
+            retell(code, given.release());
+            return nullptr;
+        }
 
         T* known = byText_.get(text);
         if (known == nullptr) {
@@ -48,6 +60,7 @@ struct CodedItems {
         } else {
             if (codedHere_.pop(known) != nullptr) vacate(*known);
             if (known->getCode() >= NO_CODE) remember(known);
+            if (!Agrees(*known, *given)) retell(code, given.release());
         }
         return place(known, code);
     }
@@ -76,7 +89,19 @@ struct CodedItems {
         vacate(*item);
     }
 
+    bool isRetold(unsigned short code) const { return retold_.at(code) != nullptr; }
+
+    // A log is read from its start: nothing has been said otherwise yet.
+    void forgetRetold() {
+        reported_.reset();
+        for (int code = retold_.getMaxIndex(); code >= retold_.getMinIndex(); --code) {
+            if (retold_.at(static_cast<unsigned int>(code)) != nullptr) --retoldCount_;
+        }
+        retold_.clear();
+    }
+
     void forget() {
+        forgetRetold();
         for (int code = byCode_.getMaxIndex(); code >= 0; --code) {
             if (byCode_.at(code) != nullptr) byCode_.at(code)->setCode(NO_CODE);
         }
@@ -107,9 +132,17 @@ struct CodedItems {
 private:
     // Of two codes that a log gave to one name, the one read last is shown.
     T* confirm(T* item, unsigned short code) {
+        if (isRetold(code)) retell(code, nullptr);
         codedHere_.pop(item);
-        item->setCode(code);
+        if (item->getCode() != code) item->setCode(code);
         return item;
+    }
+
+    void retell(unsigned short code, T* told) {
+        if (isRetold(code)) --retoldCount_;
+        if (told != nullptr) ++retoldCount_;
+        delete retold_.at(code);
+        retold_.set(code, told);
     }
 
     T* place(T* item, unsigned short code) {

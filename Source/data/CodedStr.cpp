@@ -5,9 +5,14 @@
 #include "io/OutStream.h"
 #include "utils/TextBuffer.h"
 
-size_t CodedStr::write(OutStream& out) const {
+Str CodedStr::recordText() const {
     TextBuffer record;
     record.append(" code=").appendHexDigits(code_, 4).append(" name=\"").append(*this).append("\"\n");
+    return record.toStr();
+}
+
+size_t CodedStr::write(OutStream& out) const {
+    const Str record = recordText();
     return out.write(record.data(), record.length()).bytesWritten();
 }
 

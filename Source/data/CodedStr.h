@@ -20,6 +20,7 @@ public:
 
     // ` code=0005 name="Depth"` and a line feed; the number of bytes written.
     size_t write(OutStream& out) const;
+    Str recordText() const;  // that record
     // A new name, owned by the caller; null when the record is malformed, with the stream where it stopped.
     static CodedStr* Read(InStream& in);
 

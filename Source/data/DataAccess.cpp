@@ -87,9 +87,18 @@ bool DataAccess::isSameAttachment(const DataAccess& other) const {
            universalCode_ == other.universalCode_ && flags() == other.flags();
 }
 
+// Names that name no unit are compared as they are.
+bool DataAccess::hasUnitOf(const DataAccess& other) const {
+    return getUnitName() == other.getUnitName() || (getUnit() != nullptr && getUnit() == other.getUnit());
+}
+
 bool DataAccess::declaresTheSame(const DataAccess& other) const {
-    return isSameAttachment(other) && binaryType_ == other.binaryType_ && typeSize_ == other.typeSize_ &&
-           getUnitName() == other.getUnitName();
+    return isSameAttachment(other) && hasTypeOf(other) && getUnitName() == other.getUnitName();
+}
+
+bool DataAccess::agreesWith(const DataAccess& record) const {
+    const bool leavesOpen = isUntyped() || record.isUntyped();
+    return isSameAttachment(record) && (leavesOpen || (hasTypeOf(record) && hasUnitOf(record)));
 }
 
 void DataAccess::copyUnitsTypeAndSizeFrom(const DataAccess* other) {

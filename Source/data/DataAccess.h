@@ -53,8 +53,9 @@ public:
     void setNoInterpFlag(bool noInterp) { noInterpFlag_ = noInterp; }
     Logger::TimePrecisionType getTimePrecision() const { return timePrecision_; }
     void setTimePrecision(Logger::TimePrecisionType precision) { timePrecision_ = precision; }
-    // The same component on the same element, in the same way; unit, type and size may differ.
-    bool isSameAttachment(const DataAccess& other) const;
+    // Nothing in the record, read under the same code, speaks against this access. A record without type leaves unit,
+    // type and size open, and so does an access that has found none yet.
+    bool agreesWith(const DataAccess& record) const;
     bool declaresTheSame(const DataAccess& other) const;  // everything but the code is equal
     void copyUnitsTypeAndSizeFrom(const DataAccess* other);
     // How much was known of types when this access, without one, last looked for one to inherit; 0 before it did.
@@ -72,6 +73,12 @@ public:
 
 private:
     const Unit* lookUpUnit() const;
+    // The same component on the same element, in the same way; unit, type and size may differ.
+    bool isSameAttachment(const DataAccess& other) const;
+    bool hasUnitOf(const DataAccess& other) const;  // under whatever name
+    bool hasTypeOf(const DataAccess& other) const {
+        return binaryType_ == other.binaryType_ && typeSize_ == other.typeSize_;
+    }
     unsigned char flags() const;
     void setFlags(unsigned char flags);
 

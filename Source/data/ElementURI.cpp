@@ -74,7 +74,13 @@ int ElementURI::getDimensions() const {
     return (dimension1_ != 0) + (dimension2_ != 0) + (dimension3_ != 0);
 }
 
-size_t ElementURI::write(OutStream& out) const {
+bool ElementURI::agreesWith(const ElementURI& record) const {
+    if (*this != record) return false;
+    return isUniversal() || (blobType_ == record.blobType_ && dimension1_ == record.dimension1_ &&
+                             dimension2_ == record.dimension2_ && dimension3_ == record.dimension3_);
+}
+
+Str ElementURI::recordText() const {
     TextBuffer record;
     record.append(" code=").appendHexDigits(code_, 4);
     record.append(" elementURI=\"").append(*this).append('"');
@@ -86,6 +92,11 @@ size_t ElementURI::write(OutStream& out) const {
         if (dimension2_ != 0 && dimension3_ != 0) record.append(',').appendHexDigits(dimension3_, 4);
     }
     record.append('\n');
+    return record.toStr();
+}
+
+size_t ElementURI::write(OutStream& out) const {
+    const Str record = recordText();
     return out.write(record.data(), record.length()).bytesWritten();
 }
 

@@ -62,6 +62,10 @@ public:
     // ` code=002A elementURI="Depth.depth" type=02`, for a blob ` blobType=11 fixedSize=0003,0003`, and a line feed;
     // the number of bytes written.
     size_t write(OutStream& out) const;
+    Str recordText() const;  // that record
+    // Nothing in the record, read under the same code, speaks against this name: the same text, and an array of the
+    // same form. A universal has its own form, whatever a log says.
+    bool agreesWith(const ElementURI& record) const;
     // A new name, owned by the caller; null when the record is malformed. A blob whose type or size is impossible keeps
     // its name, loses its dimensions, and is reported once through the Slate's logger.
     static ElementURI* Read(InStream& in);

@@ -25,6 +25,7 @@ public:
     // An ERROR: what could not be done ("write") with a file, and why.
     void fileFailure(const char* failedTo, const Str& filename, const char* reason) const;
     const CodedStr& getFacility() const { return facility_; }
+    bool isSilent() const { return console_ == nullptr; }
 
 private:
     const CodedStr facility_;

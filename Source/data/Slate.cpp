@@ -16,6 +16,11 @@ FlexArray<CodedStr*> Slate::NameArray_ SLATE_COLLECTION(false, CAPACITY, MAX_CAP
 FlexArray<DataAccess*> Slate::DataAccessArray_ SLATE_COLLECTION(false, CAPACITY, MAX_CAPACITY);
 FlexArray<DataElement*> Slate::DataElementArray_ SLATE_COLLECTION(false, CAPACITY, MAX_CAPACITY);
 
+FlexArray<ElementURI*> Slate::RetoldElementURIs_ SLATE_COLLECTION(true, CAPACITY, MAX_CAPACITY);
+FlexArray<CodedStr*> Slate::RetoldNames_ SLATE_COLLECTION(true, CAPACITY, MAX_CAPACITY);
+FlexArray<DataAccess*> Slate::RetoldDataAccesses_ SLATE_COLLECTION(true, CAPACITY, MAX_CAPACITY);
+std::atomic<unsigned int> Slate::RetoldCount_{0};
+
 FlexArray<ElementURI*> Slate::ElementURIList_ SLATE_COLLECTION;
 FlexArray<CodedStr*> Slate::NameList_ SLATE_COLLECTION;
 FlexArray<DataAccess*> Slate::DataAccessList_ SLATE_COLLECTION;
@@ -34,16 +39,14 @@ Mutex Slate::ElementMutex_ SLATE_COLLECTION;
 Mutex Slate::NameMutex_ SLATE_COLLECTION;
 Mutex Slate::DataAccessMutex_ SLATE_COLLECTION;
 
-CodedItems<ElementURI> Slate::ElementURIs_ = {
-    ElementURIMap_, ElementURIArray_, ElementURIList_, ElementURIStore_, ElementURIsCodedHere_, NextElementURICode_, 0};
-CodedItems<CodedStr> Slate::Names_ = {NameMap_, NameArray_, NameList_, NameStore_, NamesCodedHere_, NextNameCode_, 0};
-CodedItems<DataAccess> Slate::DataAccesses_ = {DataAccessMap_,
-                                               DataAccessArray_,
-                                               DataAccessList_,
-                                               DataAccessStore_,
-                                               DataAccessesCodedHere_,
-                                               NextDataAccessCode_,
-                                               0};
+CodedItems<ElementURI> Slate::ElementURIs_ = {"element",           ElementURIMap_,     ElementURIArray_,
+                                              ElementURIList_,     ElementURIStore_,   ElementURIsCodedHere_,
+                                              NextElementURICode_, RetoldElementURIs_, RetoldCount_};
+CodedItems<CodedStr> Slate::Names_ = {"name",          NameMap_,      NameArray_,   NameList_,   NameStore_,
+                                      NamesCodedHere_, NextNameCode_, RetoldNames_, RetoldCount_};
+CodedItems<DataAccess> Slate::DataAccesses_ = {"data access",       DataAccessMap_,      DataAccessArray_,
+                                               DataAccessList_,     DataAccessStore_,    DataAccessesCodedHere_,
+                                               NextDataAccessCode_, RetoldDataAccesses_, RetoldCount_};
 
 unsigned short Slate::NextElementURICode_ = 0;
 unsigned short Slate::NextNameCode_ = 0;
@@ -56,6 +59,9 @@ void (*Slate::EmitElementURI_)(ElementURI*, LogWriter*, bool) = nullptr;
 void (*Slate::EmitName_)(CodedStr*, LogWriter*, bool) = nullptr;
 void (*Slate::EmitDataAccess_)(DataAccess*, LogWriter*, bool) = nullptr;
 const Logger* Slate::Logger_ = nullptr;
+Str Slate::SideFile_ SLATE_COLLECTION;
+Str Slate::LogName_ SLATE_COLLECTION;
+unsigned int Slate::ContradictionCount_ = 0;
 
 namespace {
 
@@ -89,6 +95,7 @@ void Slate::ClearDirectory() {
         DataAccesses_.forget();
     }
     DirectoryRead_ = false;
+    SideFile_ = Str::EMPTY_STR;
     Construct();
 }
 
@@ -162,8 +169,10 @@ ElementURI* Slate::CodifiedURI(const ElementURI& uri) {
 
 ElementURI* Slate::RegisterElementURI(ElementURI* uri) {
     MutexLocker lock(ElementMutex_);
+    const unsigned short code = uri->getCode();
     ElementURI* const registered = ElementURIs_.add(uri, *uri);
     if (registered != nullptr) PlaceElement(*registered);
+    ReportRetold(ElementURIs_, code);
     return registered;
 }
 
@@ -197,7 +206,10 @@ bool Slate::GiveNextCode(CodedStr* name) {
 
 CodedStr* Slate::RegisterCodedName(CodedStr* name) {
     MutexLocker lock(NameMutex_);
-    return Names_.add(name, *name);
+    const unsigned short code = name->getCode();
+    CodedStr* const registered = Names_.add(name, *name);
+    ReportRetold(Names_, code);
+    return registered;
 }
 
 CodedStr* Slate::FindCodedName(const Str& name) {
@@ -231,7 +243,14 @@ bool Slate::GiveNextCode(DataAccess* access) {
 
 DataAccess* Slate::RegisterDataAccess(DataAccess* access) {
     MutexLocker lock(DataAccessMutex_);
-    return DataAccesses_.add(access, access->recordText());
+    const unsigned short code = access->getCode();
+    DataAccess* const holder = DataAccessArray_.at(code);
+    if (holder != nullptr && holder->isUntyped() && holder->agreesWith(*access)) {
+        holder->copyUnitsTypeAndSizeFrom(access);
+    }
+    DataAccess* const registered = DataAccesses_.add(access, access->recordText());
+    ReportRetold(DataAccesses_, code);
+    return registered;
 }
 
 DataAccess* Slate::GetDataAccess(const DataAccessor& accessor, UniversalDataElement* universal) {

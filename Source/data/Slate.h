@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include "data/CodedItems.h"
 #include "data/CodedStr.h"
 #include "data/DataAccess.h"
@@ -22,10 +24,24 @@ class UniversalDataWriter;
 // the elements that hold current values. Writers of a log ask it for codes; readers register what a log's directory
 // says and then resolve each entry's codes, by array read.
 // Ownership: the Slate owns what is registered in it or made by it, except universals and other names of static life.
-// Threads: names, coded names and accesses have a lock each; an operation takes only its own. Looking up by code takes
-// none, so that belongs to the thread that registers.
+// Threads: names, coded names and accesses have a lock each; an operation takes only its own.
 class Slate {
 public:
+    // The versions that a log or side file tells.
+    struct LogVersions {
+        unsigned int told_ = 0;            // a bit each
+        unsigned short firstInForce_ = 0;  // after the first of them
+
+        void add(short told, unsigned short inForce) {
+            if (!areTold()) firstInForce_ = inForce;
+            told_ |= 1u << (told & 31);
+        }
+        bool areTold() const { return told_ != 0; }
+        bool agreeWith(const LogVersions& other) const {  // one is told by both, or one tells none
+            return !areTold() || !other.areTold() || (told_ & other.told_) != 0;
+        }
+    };
+
     // Puts the universals where the empty Slate has them. Idempotent; at the start their own constructors do it.
     static void Construct();
     // Forgets every code, name, access and element. Objects live on until Uninitialize, since writers may still hold
@@ -34,11 +50,17 @@ public:
     static void Uninitialize();  // releases everything but the universals, which stay in an empty Slate
 
     // Reads the directory records of the log or side file at path (its numbered parts included) and registers them.
-    // Values are passed over. DirectoryRead_ becomes true when at least one record was registered.
+    // Values are passed over. DirectoryRead_ becomes true when at least one record was registered. The log version in
+    // force is then the one that the log begins with, if it tells one.
     static void ReadDirectory(const Str& path);
     // The same, saying whether messages about the file are shown (they are not when the log is read again later).
     static void ReadDirectory(const Str& path, bool showMessages);
+    // Reads the side file of a log, which is the log's name with ".dir", unless what the log itself says before its
+    // first other entry contradicts it: then nothing stays registered, the log version in force is as before, and one
+    // message names both files. Where the log begins with its version, the side file's does not rule.
+    static void ReadSideFile(const Str& log, bool showMessages);
     static bool IsDirectoryRead() { return DirectoryRead_; }
+    static const Str& GetSideFile() { return SideFile_; }  // where the directory was read from; empty: a log
 
     static void EnableDirectoryWrites() { DirectoryWritesEnabled_ = true; }      // new names get a code and an entry
     static void SimulateDirectoryWrites() { DirectoryWritesSimulated_ = true; }  // new names get a code only
@@ -64,27 +86,56 @@ public:
     static void CodifyElementURI(ElementURI& uri);
     static ElementURI* RegisterElementURI(ElementURI* uri);
     static void DeRegisterElementURI(ElementURI* uri);  // forgets it; an owned object lives on
-    static ElementURI* GetElementURI(const unsigned short& code) { return ElementURIArray_.at(code); }
+    static ElementURI* GetElementURI(const unsigned short& code) {
+        MutexLocker lock(ElementMutex_);
+        return ElementURIArray_.at(code);
+    }
     static ElementURI* GetElementURI(const ElementURI& uri);
-    static ElementURI* FindElementURI(const Str& name);                       // exact, also a universal without a code
-    static unsigned short GetElementURICode(const char* name);                // ElementURI::NO_CODE when not in the log
-    static unsigned int GetElementURICount() { return ElementURIs_.count_; }  // names that have a code
+    static ElementURI* FindElementURI(const Str& name);         // exact, also a universal without a code
+    static unsigned short GetElementURICode(const char* name);  // ElementURI::NO_CODE when not in the log
+    static unsigned int GetElementURICount() {                  // names that have a code
+        MutexLocker lock(ElementMutex_);
+        return ElementURIs_.count_;
+    }
 
     // Coded names, alike.
     static CodedStr* RegisterCodedName(CodedStr* name);
-    static CodedStr* GetName(const unsigned short& code) { return NameArray_.at(code); }
+    static CodedStr* GetName(const unsigned short& code) {
+        MutexLocker lock(NameMutex_);
+        return NameArray_.at(code);
+    }
     static CodedStr* FindCodedName(const Str& name);  // null when unknown
     static CodedStr& GetCodedName(const Str& name);   // registered with the next code when new
 
     // Data accesses, alike.
     static DataAccess* RegisterDataAccess(DataAccess* access);
-    static DataAccess* GetDataAccess(const unsigned short& code) { return DataAccessArray_.at(code); }
+    static DataAccess* GetDataAccess(const unsigned short& code) {
+        MutexLocker lock(DataAccessMutex_);
+        return DataAccessArray_.at(code);
+    }
     // The access that says the same as the accessor; made when new, and coded while directory writes are on.
     static DataAccess* GetDataAccess(const DataAccessor& accessor, UniversalDataElement* universal);
-    static unsigned int GetDataAccessCount() { return DataAccesses_.count_; }  // accesses that have a code
+    static unsigned int GetDataAccessCount() {  // accesses that have a code
+        MutexLocker lock(DataAccessMutex_);
+        return DataAccesses_.count_;
+    }
     // The access that describes an element: in ascending code, for a universal code those that serve it, failing any,
     // as for every other code, those of that element; the first with a known type, else the first. Null when none.
     static DataAccess* FindDescribingAccess(unsigned short elementCode, bool isUniversal);
+
+    // What a log says of a code otherwise than what is registered under it holds from there on, until it says again
+    // what is registered: entries are decoded by it, but nothing is known by it. Of each code it is reported once a
+    // log, of the first MAX_CONTRADICTIONS_SHOWN codes.
+    static constexpr unsigned int MAX_CONTRADICTIONS_SHOWN = 30;
+    static void BeginLog(const Str& name);  // it is read from its start, where it has said nothing yet
+    static void EndLog();  // reports how many codes were not shown; outside of a log nothing is reported
+    static bool IsAnythingRetold() { return RetoldCount_.load(std::memory_order_relaxed) != 0; }
+    static DataAccess* GetToldAccess(unsigned short code) {  // what the log has last said of the code
+        return IsAnythingRetold() ? FindToldAccess(code) : GetDataAccess(code);
+    }
+    // The log says of the access, of its element, universal or owner otherwise than what is registered.
+    static bool IsRetold(const DataAccess& told);
+    static Str DescribeContradiction();  // the first there is; empty when there is none
 
     // Elements, owned by the Slate; values given are taken over (NewUniversalElement copies). An element that the name
     // has already is returned as it is, and a value given is then released.
@@ -99,7 +150,10 @@ public:
     static void MapDataElement(ElementURI* uri, DataElement* element);  // takes the element over
     // Gives the element the value that the configuration holds under "Config/" + its name, if any; makes it when null.
     static void ConfigureNewDataElement(Component* component, const ElementURI& uri, DataElement*& element);
-    static DataElement* GetElement(const unsigned short& code) { return DataElementArray_.at(code); }
+    static DataElement* GetElement(const unsigned short& code) {
+        MutexLocker lock(ElementMutex_);
+        return DataElementArray_.at(code);
+    }
     static DataElement* GetElement(const ElementURI& uri);
 
     // A component's accesses, owned by the Slate. Each registers and codifies the name, makes the element where it is
@@ -166,6 +220,7 @@ private:
     static constexpr unsigned int CAPACITY = 32;
     static constexpr unsigned int MAX_CAPACITY = 16384;
 
+    static LogVersions ScanDirectory(const Str& path, bool showMessages);
     // For the reading of a directory: codes that were not read from a log become free again, and names without a code
     // leave the lists; they stay findable by text, and registration puts them back.
     static void TakeBackCodesNotRead();
@@ -173,6 +228,11 @@ private:
     static bool GiveNextCode(ElementURI* uri);
     static bool GiveNextCode(CodedStr* name);
     static bool GiveNextCode(DataAccess* access);
+
+    static DataAccess* FindToldAccess(unsigned short code);
+    template <typename T>
+    static void ReportRetold(CodedItems<T>& items, unsigned short code);
+    static Str WhatIsContradicted();
 
     static bool CodesNewItems() { return DirectoryWritesEnabled_ || DirectoryWritesSimulated_; }
     static ElementURI* CodifiedURI(const ElementURI& uri);  // the registered name of that text, registering a copy
@@ -199,6 +259,11 @@ private:
     static FlexArray<CodedStr*> NameArray_;
     static FlexArray<DataAccess*> DataAccessArray_;
     static FlexArray<DataElement*> DataElementArray_;  // beside the name of the same code
+    // By code, what the log says otherwise; owned.
+    static FlexArray<ElementURI*> RetoldElementURIs_;
+    static FlexArray<CodedStr*> RetoldNames_;
+    static FlexArray<DataAccess*> RetoldDataAccesses_;
+    static std::atomic<unsigned int> RetoldCount_;
     // In the order of registration, without ownership.
     static FlexArray<ElementURI*> ElementURIList_;
     static FlexArray<CodedStr*> NameList_;
@@ -227,6 +292,9 @@ private:
     static void (*EmitName_)(CodedStr* name, LogWriter* writer, bool restarted);
     static void (*EmitDataAccess_)(DataAccess* access, LogWriter* writer, bool restarted);
     static const Logger* Logger_;  // borrowed
+    static Str SideFile_;
+    static Str LogName_;                      // of the log that is being read; empty: none is
+    static unsigned int ContradictionCount_;  // reported or counted of that log
     static Mutex ElementMutex_;
     static Mutex NameMutex_;
     static Mutex DataAccessMutex_;

@@ -1,6 +1,8 @@
 #include "data/Slate.h"
 
+#include <functional>
 #include <memory>
+#include <thread>
 #include <tuple>
 
 #include "data/BlobValue.h"
@@ -19,8 +21,10 @@ protected:
         return ElementURI(ElementURI::NO_CODE, name, ElementURI::DATA_ELEMENT);
     }
     static DataAccess* RegisterAccess(unsigned short code, unsigned short element,
-                                      unsigned short universal = ElementURI::NO_CODE, BinaryDataType type = FLOAT3) {
-        return Slate::RegisterDataAccess(new DataAccess(0, element, universal, "meter", type, 3, code));
+                                      unsigned short universal = ElementURI::NO_CODE, BinaryDataType type = FLOAT3,
+                                      const char* unit = "meter") {
+        const unsigned short size = type == NO_TYPE ? 0 : 3;
+        return Slate::RegisterDataAccess(new DataAccess(0, element, universal, unit, type, size, code));
     }
 };
 
@@ -75,13 +79,63 @@ TEST_F(SlateTest, CodedNamesRegisterAlike) {
 
 TEST_F(SlateTest, AccessesAreToldApartByWhatTheyAttach) {
     DataAccess* access = RegisterAccess(0, 5, ElementURI::NO_CODE, NO_TYPE);
-    EXPECT_EQ(access, RegisterAccess(0, 5)) << "its type may have been inherited meanwhile";
+    EXPECT_EQ(access, RegisterAccess(0, 5)) << "which leaves its type open";
+    EXPECT_EQ(FLOAT3, access->getBinaryType());
+    EXPECT_EQ(access, RegisterAccess(0, 5, ElementURI::NO_CODE, NO_TYPE)) << "its type may have been inherited";
+    EXPECT_EQ(access, RegisterAccess(0, 5, ElementURI::NO_CODE, FLOAT3, "m")) << "under another name";
     EXPECT_EQ(nullptr, RegisterAccess(0, 6));
     EXPECT_EQ(nullptr, RegisterAccess(0, 5, 1));
+    EXPECT_EQ(nullptr, RegisterAccess(0, 5, ElementURI::NO_CODE, FLOAT4));
+    EXPECT_EQ(nullptr, RegisterAccess(0, 5, ElementURI::NO_CODE, FLOAT3, "kilometer"));
     DataAccess* twin = RegisterAccess(1, 5, ElementURI::NO_CODE, NO_TYPE);
     EXPECT_NE(access, twin) << "two that differ by code alone are two";
     EXPECT_EQ(2u, Slate::GetDataAccessCount());
     EXPECT_EQ(2, Slate::NextDataAccessCode_);
+}
+
+// What the log says otherwise holds until it says again what it said first.
+TEST_F(SlateTest, WhatIsRetoldIsNotKnown) {
+    const auto registerBlob = [](unsigned short dimension) {
+        return Slate::RegisterElementURI(
+            new ElementURI(4, "A.b", ElementURI::DATA_ELEMENT, Units::NONE, NO_TYPE, BLOB_FLOAT64LE, dimension));
+    };
+    const ElementURI* const blob = registerBlob(3);
+    DataAccess* const access = RegisterAccess(9, 4, 5);
+    const std::function<const void*()> retellings[] = {
+        [] { return Slate::RegisterCodedName(new CodedStr("Other", 0)); },
+        [] { return Register(4, "A.c"); },
+        [&] { return registerBlob(2); },
+        [] { return Register(5, "B.d"); },
+        [] { return RegisterAccess(9, 4, 5, FLOAT3, "second"); },
+    };
+    for (const auto& retell : retellings) {
+        Slate::RegisterCodedName(new CodedStr("Owner", 0));
+        registerBlob(3);
+        Register(5, "universal");
+        RegisterAccess(9, 4, 5);
+        EXPECT_FALSE(Slate::IsAnythingRetold());
+        EXPECT_EQ(nullptr, retell());
+        EXPECT_TRUE(Slate::IsAnythingRetold() && Slate::IsRetold(*access));
+    }
+    EXPECT_STREQ("second", Slate::GetToldAccess(9)->getUnitName().cStr());
+    EXPECT_TRUE(access == Slate::GetDataAccess(9) && blob == Slate::GetElementURI(4));
+    EXPECT_EQ(Lines(), log_.take()) << "no log is being read";
+    Slate::BeginLog("dive");
+    EXPECT_TRUE(!Slate::IsAnythingRetold() && access == Slate::GetToldAccess(9));
+    for (int i = 0; i < 2; ++i) RegisterAccess(9, 4, 5, FLOAT3, "second");
+    Slate::EndLog();
+    EXPECT_EQ(1u, log_.take().size());
+}
+
+// A name has one element, of the form that the log gave it first.
+TEST_F(SlateTest, AnArrayUnderASecondCodeKeepsItsForm) {
+    for (int i = 0; i < 2; ++i) {
+        Register(0, "A.b");
+        Slate::RegisterElementURI(
+            new ElementURI(1, "A.b", ElementURI::DATA_ELEMENT, Units::NONE, NO_TYPE, BLOB_FLOAT64LE, 3));
+        EXPECT_TRUE(Slate::IsRetold(*RegisterAccess(1, 1))) << i;
+        EXPECT_FALSE(Slate::IsRetold(*RegisterAccess(0, 0))) << i;
+    }
 }
 
 TEST_F(SlateTest, TheDescribingAccess) {
@@ -155,6 +209,32 @@ TEST_F(SlateTest, CodesEndAt16382) {
     EXPECT_EQ(CodedStr::NO_CODE - 1, Slate::GetCodedName("last").getCode());
     EXPECT_EQ(CodedStr::NO_CODE, Slate::GetCodedName("one too many").getCode());
     EXPECT_EQ(nullptr, Slate::GetName(CodedStr::NO_CODE));
+}
+
+// Threads
+
+TEST_F(SlateTest, OneThreadRegistersWhileAnotherLooksUp) {
+    static const unsigned short COUNT = 5000;  // the collections grow several times meanwhile
+    std::thread registering([] {
+        for (unsigned short code = 0; code < COUNT; ++code) {
+            const Str number(static_cast<size_t>(code), 10);
+            Slate::RegisterCodedName(new CodedStr(number, code));
+            const ElementURI* const uri = Register(code, ("A.b" + number).cStr());
+            Slate::NewDataElement(*uri, nullptr, Units::METER, FLOAT3, 0);
+            RegisterAccess(code, code);
+        }
+    });
+    for (unsigned short found = 0; found < COUNT;) {
+        const DataAccess* const access = Slate::GetDataAccess(found);
+        if (access == nullptr) continue;
+        EXPECT_EQ(found, access->getElementCode());
+        EXPECT_EQ(found, Slate::GetName(found)->getCode());
+        EXPECT_EQ(found, Slate::GetElementURI(found)->getCode());
+        EXPECT_NE(nullptr, Slate::GetElement(found));
+        EXPECT_LT(found, Slate::GetDataAccessCount());
+        ++found;
+    }
+    registering.join();
 }
 
 // Elements

@@ -57,7 +57,8 @@ TEST_F(FailureTest, AnOutputNeverReplacesItsInput) {
         {"stdout", {"-no", "stdout", "stdout"}},
     };
     for (const auto& [output, arguments] : cases) {
-        expectMessage("The output " + output + " is not written, it is an input of this run", arguments);
+        const std::string message = "(ERROR): The output " + output + " is not written, it is an input of this run\n";
+        EXPECT_EQ(1u, CountOf(MessagesIn(run(arguments)), message)) << output;
         for (const char* input : inputs) EXPECT_TRUE(log == read(input)) << output << " " << input;
     }
     EXPECT_EQ("dive dive.dir empty empty directory link more parts0000 parts0004.bak stdout track.kml track.kmz ",

@@ -42,7 +42,7 @@ TEST(RingBufferTest, ReleasesWhatIsLeftInIt) {
     EXPECT_EQ(0, Counted::Live_);
 }
 
-TEST(RingBufferTest, AProducerAndAConsumerMayShareIt) {
+TEST(RingBufferTest, AProducingAndAConsumingThreadMayShareIt) {
     static const int COUNT = 20000;
     RingBuffer<int*> ring;
     std::thread producer([&ring] {

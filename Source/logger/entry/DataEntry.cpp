@@ -60,7 +60,7 @@ unsigned short DataEntry::getUniversalCode() const {
 template <typename Matches>
 static const DataAccess* FindTyped(unsigned int first, unsigned int end, Matches matches) {
     for (unsigned int code = first; code < end; ++code) {
-        const DataAccess* candidate = Slate::GetDataAccess(static_cast<unsigned short>(code));
+        const DataAccess* candidate = Slate::GetToldAccess(static_cast<unsigned short>(code));
         if (candidate != nullptr && candidate->isTyped() && matches(*candidate)) return candidate;
     }
     return nullptr;
@@ -103,7 +103,7 @@ static void InheritType(DataAccess& access) {
 }
 
 static DataAccess* FindAccess(unsigned short code, InStream& in, const Logger& logger) {
-    DataAccess* access = Slate::GetDataAccess(code);
+    DataAccess* access = Slate::GetToldAccess(code);
     if (access == nullptr) {
         logger.syslog("No DataAccessor found for code 0x", code, Syslog::ERROR);
         EntryStream::LogPosition(logger, in);
@@ -185,6 +185,12 @@ static bool ReadValue(const DataAccess& access, const DataElement* element, InSt
     return true;
 }
 
+// The log has changed the meaning of the entry's codes: what the element holds is old, and what it gets is not known.
+static void ForgetValue(const DataAccess& access) {
+    DataElement* const element = Slate::GetElement(access.getElementCode());
+    if (element != nullptr) element->setDataValue(nullptr);
+}
+
 DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error,
                            Values values) {
     DataAccess* access = FindAccess(static_cast<unsigned short>(header >> CODE_SHIFT), in, logger);
@@ -195,9 +201,15 @@ DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short hea
     Timestamp t = timeBase;
     bool changed = false;
     if (!ReadTimestamp(t, changed, in, logger, access->getTimePrecision())) return nullptr;
-    DataElement* element = FindElement(*access, logger, values);
+    const bool isRetold = Slate::IsAnythingRetold() && Slate::IsRetold(*access);
+    if (isRetold) values = SKIP_VALUES;
+    DataElement* element = isRetold ? nullptr : FindElement(*access, logger, values);
     DataValue* value = nullptr;
     if (changed && !ReadValue(*access, element, in, logger, error, values, value)) return nullptr;
+    if (isRetold) {
+        if (changed) ForgetValue(*access);
+        return nullptr;
+    }
     DataEntry* entry = new DataEntry(access, value, Timestamp::EPOCH_START_TIME, (header & BEST_MASK) != 0, changed);
     entry->setTimestamp(t);
     if (element != nullptr && values == STORE_VALUES) entry->shareValueWith(*element);

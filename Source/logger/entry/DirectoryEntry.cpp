@@ -12,6 +12,7 @@ const PoolDrain DirectoryEntry::PoolDrain_(Pool_);
 unsigned short DirectoryEntry::MinimumLogVersion_ = 3;
 unsigned short DirectoryEntry::CurrentLogVersion_ = 8;
 FlexArray<ElementURI*> DirectoryEntry::ElementStore_;
+unsigned long DirectoryEntry::UnknownKinds_ = 0;
 
 struct DirectoryTypeName {
     DirectoryEntry::DirectoryType type_;
@@ -153,6 +154,7 @@ DirectoryEntry* DirectoryEntry::ReadBody(signed char type, InStream& in, const L
         case VERSION:
             return ReadVersionEntry(in, logger);
         default:
+            ++UnknownKinds_;
             return nullptr;
     }
 }

@@ -18,6 +18,7 @@ public:
     static unsigned short MinimumLogVersion_;     // the oldest readable log version
     static unsigned short CurrentLogVersion_;     // the newest; replaced by the version of the log being read
     static FlexArray<ElementURI*> ElementStore_;  // names that the Slate adopted from logs, and owns
+    static unsigned long UnknownKinds_;           // records that were of none of the kinds
 
     explicit DirectoryEntry(short version);           // 0 stands for the version in force
     explicit DirectoryEntry(DataAccess* dataAccess);  // the items belong to the Slate

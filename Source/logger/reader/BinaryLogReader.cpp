@@ -4,12 +4,14 @@
 
 #include "data/Slate.h"
 #include "logger/engine/LogEngine.h"
+#include "logger/entry/DirectoryEntry.h"
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/TimeBounds.h"
 
 BinaryLogReader::BinaryLogReader(const Logger& logger, const Timestamp& start, const Timestamp& end,
                                  const Str& whileRunning, LogEngine* write, LogEngine* syslog)
     : gate_(logger),
+      unknownKindsBefore_(DirectoryEntry::UnknownKinds_),
       sysLogger_(gate_.getLogger()),
       startTime_(start),
       endTime_(end),
@@ -24,7 +26,12 @@ unsigned int BinaryLogReader::read() {
     resolveMission();
     bool error = false;
     const std::unique_ptr<LogEntry> entry(readEntry(error));
-    if (entry != nullptr) handle(*entry);
+    if (entry != nullptr) {
+        notes_.note(*entry, timeAdjust_);
+        handle(*entry);
+    } else {
+        countUnknownKinds();
+    }
     setError(error);
     if (syslogEngine_ != nullptr) syslogEngine_->processQueue(Timespan::ZERO_TIMESPAN);
     return entry == nullptr ? 0 : 1;
@@ -42,6 +49,13 @@ LogEntry* BinaryLogReader::readEntry(bool& error) {
         error = true;
     }
     return error ? nullptr : entry.release();
+}
+
+// A directory record of unknown kind says nothing, but it is damage.
+void BinaryLogReader::countUnknownKinds() {
+    if (unknownKindsBefore_ == DirectoryEntry::UnknownKinds_) return;
+    unknownKindsBefore_ = DirectoryEntry::UnknownKinds_;
+    gate_.countComplaint();
 }
 
 bool BinaryLogReader::isInBounds(const LogEntry& entry) const {

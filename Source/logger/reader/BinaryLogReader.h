@@ -2,6 +2,7 @@
 
 #include "data/Logger.h"
 #include "logger/entry/LogEntry.h"
+#include "logger/reader/EntryNotes.h"
 #include "logger/reader/LogReader.h"
 #include "logger/reader/MessageGate.h"
 #include "utils/Timespan.h"
@@ -22,6 +23,7 @@ public:
     // nothing can be made of.
     unsigned int read() override;
     MessageGate* getMessageGate() override { return &gate_; }
+    EntryNotes* getEntryNotes() override { return &notes_; }
 
     void setValues(LogEntry::Values values) { values_ = values; }  // what becomes of values; at first they are stored
 
@@ -37,6 +39,7 @@ protected:
 
 private:
     LogEntry* readEntry(bool& error);
+    void countUnknownKinds();
     bool isInBounds(const LogEntry& entry) const;
     void resolveMission();
     const EventEntry* asMissionMarker(const LogEntry& entry) const;  // null when it is none
@@ -45,6 +48,8 @@ private:
     void noteTime(const LogEntry& entry);
 
     MessageGate gate_;
+    EntryNotes notes_;
+    unsigned long unknownKindsBefore_;
     Timestamp timeBase_ = Timestamp::NOT_SET_TIME;  // what entry times are relative to
     Timespan timeAdjust_ = Timespan::ZERO_TIMESPAN;
     const Logger& sysLogger_;        // the gate's

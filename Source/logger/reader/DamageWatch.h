@@ -1,32 +1,46 @@
 #pragma once
 
+#include "logger/reader/EntryNotes.h"
 #include "logger/reader/MessageGate.h"
 #include "utils/Str.h"
 
 // Follows the decoding of one file, attempt by attempt, and reports its damage: the messages of the first failures of a
-// damaged stretch are shown, those of the others withheld, and when an entry decodes again one message says how many
-// bytes were skipped. A stretch is what lies between the last good entry and the next. Positions are bytes from the
-// start of the file.
+// damaged stretch are shown, those of the others dropped, and when an entry decodes again one message says how many
+// bytes were skipped. A stretch is what lies between the last good entry and the next. At the end of a damaged file one
+// message sums up. Positions are bytes from the start of the file.
 class DamageWatch {
 public:
-    static constexpr unsigned int MAX_SHOWN = 20;  // failures of one stretch whose messages are shown
+    static constexpr unsigned int MAX_SHOWN = 20;      // failures of one stretch whose messages are shown
+    static constexpr unsigned int MAX_STRETCHES = 20;  // of one file that are told of one by one
 
-    explicit DamageWatch(MessageGate* gate) : gate_(gate) {}  // borrowed; null: nothing is reported
+    // Both are borrowed; null: nothing is reported, and nothing is known of the entries.
+    DamageWatch(MessageGate* gate, EntryNotes* notes) : gate_(gate), notes_(notes) {}
 
     void beginFile(const Str& file);
     void beginAttempt() { complaintsBefore_ = complaints(); }
-    void entryRead(long long begin, long long end);
+    void entryRead(long long begin, long long end) {
+        if (failures_ > 0) endStretch(begin);
+        if (isDamaged()) ++entriesAfter_;
+        goodEnd_ = end;
+    }
     // No entry came of the bytes up to `end`. Bytes that hold none by design are no damage: nobody complains of them.
     void nothingRead(bool failed, long long end);
     void endFile(long long end);
 
 private:
     unsigned long complaints() const { return gate_ == nullptr ? 0 : gate_->getComplaints(); }
-    void report(long long end);
+    bool isDamaged() const { return stretches_ > 0 || (notes_ != nullptr && notes_->getStanding() > 0); }
+    void endStretch(long long end);
+    void reportStretch(long long end) const;
+    void sumUp() const;
 
     MessageGate* const gate_;  // borrowed; may be null
+    EntryNotes* const notes_;  // borrowed; may be null
     Str file_;
     long long goodEnd_ = 0;      // where the last good entry ended
     unsigned int failures_ = 0;  // since then
     unsigned long complaintsBefore_ = 0;
+    unsigned int stretches_ = 0;      // of this file
+    long long skipped_ = 0;           // bytes in them
+    unsigned long entriesAfter_ = 0;  // decoded since the first sign of damage
 };

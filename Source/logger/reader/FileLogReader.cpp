@@ -5,21 +5,28 @@
 #include <cerrno>
 #include <cstring>
 
-#include "utils/TextBuffer.h"
+#include "data/Slate.h"
 
 FlexArray<const char*>* FileLogReader::PriorityList_ = nullptr;
 
+static const char* const EMPTY_FILE = "The file is empty";
+
 FileLogReader::FileLogReader(const Str& filebase, LogReader* logReader)
-    : filebase_(filebase), fileStream_(nullptr, false), logReader_(logReader), damage_(logReader->getMessageGate()) {
+    : filebase_(filebase),
+      fileStream_(nullptr, false),
+      logReader_(logReader),
+      damage_(logReader->getMessageGate(), logReader->getEntryNotes()) {
+    Slate::BeginLog(filebase);
     if (!open(filebase_)) {
         openError_ = strerror(errno);
-        matchAndOpen(nextFilename());
+        openNextPart();
     }
     logReader_->setInStream(fileStream_);
 }
 
 FileLogReader::~FileLogReader() {
     fileStream_.close();
+    Slate::EndLog();
 }
 
 Str FileLogReader::nextFilename() {
@@ -47,13 +54,28 @@ bool FileLogReader::open(const Str& path) {
     return true;
 }
 
-bool FileLogReader::openUnlessEmpty(const Str& path) {
+bool FileLogReader::isFileEmpty() {
     struct stat status;
+    return fstat(fileno(file_), &status) == 0 && status.st_size == 0;
+}
+
+bool FileLogReader::openUnlessEmpty(const Str& path) {
     if (!open(path)) return false;
-    if (fstat(fileno(file_), &status) != 0 || status.st_size != 0) return true;
+    if (!isFileEmpty()) return true;
     fileStream_.close();
     file_ = nullptr;
     return false;
+}
+
+// Why nothing can be read of what stands under that name; empty when nothing does.
+static Str WhyUnread(const Str& path) {
+    struct stat status;
+    if (stat(path.cStr(), &status) != 0) return Str();
+    if (S_ISREG(status.st_mode) && status.st_size == 0) return EMPTY_FILE;
+    FILE* const file = OpenRegular(path);
+    if (file == nullptr) return strerror(errno);
+    fclose(file);
+    return Str();
 }
 
 bool FileLogReader::matchAndOpen(const Str& candidate) {
@@ -65,8 +87,24 @@ unsigned int FileLogReader::read() {
     const unsigned int n = readOpenFile();
     if (n > 0) return n;
     closeFile();
-    if (nextFilenum_ == 0 || !matchAndOpen(nextFilename())) return 0;
+    if (nextFilenum_ == 0 || !openNextPart()) return 0;
     return readOpenFile();
+}
+
+// A number that is left out is reported when a part with a higher one shows that the log goes on.
+bool FileLogReader::openNextPart() {
+    const Str part = nextFilename();
+    const bool isOpen = matchAndOpen(part);
+    const Str reason = isOpen ? Str() : WhyUnread(part);
+    if (!isOpen && reason.isEmpty()) {
+        if (entriesRead_ > 0) missingParts_.push(new Str(part));
+        return false;
+    }
+    for (unsigned int i = 0; i < missingParts_.size(); ++i) report("Part " + *missingParts_.at(i) + " is missing");
+    missingParts_.clear();
+    if (!isOpen) report("Cannot read part " + part + ": " + reason);
+    if (isOpen && isFileEmpty()) report(Str("Cannot read part ") + fileStream_.getName() + ": " + EMPTY_FILE);
+    return isOpen;
 }
 
 void FileLogReader::readAll() {
@@ -117,12 +155,12 @@ void FileLogReader::closeFile() {
     damage_.endFile(position());
     bytesInClosedFiles_ += position();
     const int error = fileStream_.readError();
-    MessageGate* gate = logReader_->getMessageGate();
-    if (error != 0 && gate != nullptr) {
-        TextBuffer text;
-        text.append("Cannot read ").append(fileStream_.getName()).append(": ").append(strerror(error));
-        gate->getLogger().syslog(text.toStr(), Syslog::ERROR);
-    }
+    if (error != 0) report(Str("Cannot read ") + fileStream_.getName() + ": " + strerror(error));
     fileStream_.close();
     file_ = nullptr;
+}
+
+void FileLogReader::report(const Str& text) {
+    MessageGate* const gate = logReader_->getMessageGate();
+    if (gate != nullptr) gate->getOutside().syslog(text, Syslog::ERROR);
 }

@@ -42,12 +42,15 @@ public:
 
 private:
     bool open(const Str& path);
+    bool isFileEmpty();
     bool openUnlessEmpty(const Str& path);
+    bool openNextPart();
     unsigned int readOpenFile();
     void closeFile();
     long long position() const { return origin_ + static_cast<long long>(fileStream_.getTotalBytesRead()); }
     void goOnAfter(long long start);
     void stepTo(long long position);
+    void report(const Str& text);
 
     const Str filebase_;    // the name given
     FILE* file_ = nullptr;  // owned by the stream; null when none is open
@@ -59,6 +62,7 @@ private:
     long long origin_ = 0;  // position in the file less the bytes counted by the stream
     long long bytesInClosedFiles_ = 0;
     Str openError_;
+    FlexArray<Str*> missingParts_{true};  // left out since the last part; owned
 
     static FlexArray<const char*>* PriorityList_;  // borrowed
 };

@@ -2,6 +2,7 @@
 
 #include "io/InStream.h"
 
+class EntryNotes;
 class MessageGate;
 
 // Delivers the entries of a log, one call after the other.
@@ -19,6 +20,7 @@ public:
     virtual unsigned int read() = 0;  // the number of entries handled, 0 when there was none to handle
     // Where the reader's messages pass, for whoever steps it over damage; null when it logs nothing.
     virtual MessageGate* getMessageGate() { return nullptr; }
+    virtual EntryNotes* getEntryNotes() { return nullptr; }  // what it notes of the entries; null when nothing
 
 protected:
     InStream* logStream_ = nullptr;  // borrowed

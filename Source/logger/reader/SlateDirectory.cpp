@@ -17,15 +17,42 @@ public:
         setTimeAdjust(Timespan::INVALID_TIMESPAN);  // a wrong fix must not make entries look damaged
     }
     bool foundRecords() const { return foundRecords_; }
+    bool isPastHead() const { return isPastHead_; }
+    const Slate::LogVersions& getVersions() const { return versions_; }
 
 private:
     void handle(LogEntry& entry) override {
-        if (entry.getType() != LogEntry::DIRECTORY_LOG_ENTRY) return;
-        const DirectoryEntry& record = static_cast<const DirectoryEntry&>(entry);
-        if (record.getDirectoryType() != DirectoryEntry::VERSION) foundRecords_ = true;
+        if (entry.getType() == LogEntry::DIRECTORY_LOG_ENTRY) {
+            handleRecord(static_cast<const DirectoryEntry&>(entry));
+        } else {
+            isPastHead_ = true;
+        }
+    }
+    void handleRecord(const DirectoryEntry& record) {
+        if (record.getDirectoryType() == DirectoryEntry::VERSION) {
+            versions_.add(record.getVersion(), DirectoryEntry::CurrentLogVersion_);
+        } else {
+            foundRecords_ = true;
+        }
     }
 
     bool foundRecords_ = false;  // a name, an element or an access; a version alone is no directory
+    bool isPastHead_ = false;    // an entry of another kind was met
+    Slate::LogVersions versions_;
+};
+
+// As long as it lives the Slate says nothing, if so told.
+class SlateSilence {
+public:
+    explicit SlateSilence(bool isWanted) : logger_(Slate::GetLogger()) {
+        if (isWanted) Slate::SetLogger(nullptr);
+    }
+    ~SlateSilence() { Slate::SetLogger(&logger_); }
+    SlateSilence(const SlateSilence&) = delete;
+    SlateSilence& operator=(const SlateSilence&) = delete;
+
+private:
+    const Logger& logger_;
 };
 
 void Slate::ReadDirectory(const Str& path) {
@@ -33,15 +60,49 @@ void Slate::ReadDirectory(const Str& path) {
 }
 
 void Slate::ReadDirectory(const Str& path, bool showMessages) {
-    static const Logger silent("unserialize", nullptr);
+    const LogVersions versions = ScanDirectory(path, showMessages);
+    if (versions.areTold()) DirectoryEntry::CurrentLogVersion_ = versions.firstInForce_;
+}
+
+Slate::LogVersions Slate::ScanDirectory(const Str& path, bool showMessages) {
+    const SlateSilence silence(!showMessages);
     TakeBackCodesNotRead();
-    const Logger* const logger = Logger_;
-    if (!showMessages) SetLogger(&silent);
-    DirectoryScanner* scanner = new DirectoryScanner(GetLogger());
+    DirectoryScanner* const scanner = new DirectoryScanner(GetLogger());
     FileLogReader log(path, scanner);
     log.readAll();
     if (scanner->foundRecords()) DirectoryRead_ = true;
-    SetLogger(logger);
+    return scanner->getVersions();
+}
+
+// Reads what the log says before its first other entry, up to the first contradiction. The versions that it tells.
+static Slate::LogVersions ReadHead(const Str& path) {
+    const SlateSilence silence(true);
+    DirectoryScanner* const scanner = new DirectoryScanner(Slate::GetLogger());
+    FileLogReader log(path, scanner);
+    while (log.isReadable() && !scanner->isPastHead() && !scanner->hasError() && !Slate::IsAnythingRetold()) {
+        log.readEntries();
+    }
+    return scanner->getVersions();
+}
+
+void Slate::ReadSideFile(const Str& log, bool showMessages) {
+    unsigned short& version = DirectoryEntry::CurrentLogVersion_;
+    const unsigned short versionBefore = version;
+    const Str path = log + ".dir";
+    const LogVersions versionsThere = ScanDirectory(path, showMessages);
+    if (!DirectoryRead_) return;
+
+    SideFile_ = path;
+    const unsigned short versionThere = version;
+    const LogVersions versions = ReadHead(log);
+    const Str contradiction = versions.agreeWith(versionsThere) ? DescribeContradiction() : Str("the log version");
+    version = versions.areTold() || !contradiction.isEmpty() ? versionBefore : versionThere;
+    if (contradiction.isEmpty()) return;
+    ClearDirectory();
+    if (!showMessages) return;
+    GetLogger().syslog(
+        "Log " + log + " contradicts its side file " + path + ": " + contradiction + "; the side file is left aside",
+        Syslog::ERROR);
 }
 
 static void Emit(DirectoryEntry entry, LogWriter* writer, LogEngine* engine) {

@@ -4,7 +4,6 @@
 
 #include <memory>
 
-#include "data/Slate.h"
 #include "io/FileIdentity.h"
 #include "logger/reader/FileLogReader.h"
 
@@ -78,27 +77,4 @@ bool Inputs::contains(const Str& path) const {
         if (readsSideFiles_) FileLogReader::FilesOf(SideFileOf(at(i))).offerAll(compare);
     }
     return found;
-}
-
-bool Inputs::HasSideFile(const Str& input, const RunSettings& settings) {
-    return ReadsSideFiles(settings) && FileLogReader::FilesOf(SideFileOf(input)).exist();
-}
-
-static void ReadSideFile(const Str& input, const RunSettings& settings) {
-    if (ReadsSideFiles(settings)) Slate::ReadDirectory(SideFileOf(input), true);
-}
-
-// Messages about a log that is read again for its entries are left to that second reading.
-static void ReadLog(const Str& input, const RunSettings& settings) {
-    Slate::ReadDirectory(input, settings.isDirectoryOnly());
-}
-
-void Inputs::ReadDirectory(const Str& input, const RunSettings& settings) {
-    if (!Slate::IsDirectoryRead()) ReadSideFile(input, settings);
-    if (!Slate::IsDirectoryRead()) ReadLog(input, settings);
-}
-
-void Inputs::ReadDirectoryAhead(const Str& input, const RunSettings& settings) {
-    ReadSideFile(input, settings);
-    if (settings.writes(DIRECTORY_OUTPUT)) ReadLog(input, settings);
 }

@@ -18,14 +18,6 @@ public:
     // one if it were made there.
     bool contains(const Str& path) const;
 
-    // Registers the directory of one log in the Slate unless one is registered already: from the side file, except in a
-    // run that writes it, or from the log itself.
-    static void ReadDirectory(const Str& input, const RunSettings& settings);
-    // What can be had of it cheaply: only the side file in a run that reads one.
-    static void ReadDirectoryAhead(const Str& input, const RunSettings& settings);
-    // There is a side file, and the run reads it.
-    static bool HasSideFile(const Str& input, const RunSettings& settings);
-
 private:
     void add(Str item);
 

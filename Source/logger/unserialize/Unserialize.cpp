@@ -50,10 +50,10 @@ Unserialize::Unserialize(RunSettings& settings)
       engine_(queue_),
       inputs_(settings),
       unknownWords_(settings),
+      directories_(settings),
       outputs_(settings, inputs_, engine_, logger_),
       timeCorrection_(settings.localTimeOnly_ ? Timespan::INVALID_TIMESPAN : Timespan::ZERO_TIMESPAN),
-      newestLogVersion_(DirectoryEntry::CurrentLogVersion_),
-      versionLeft_(newestLogVersion_) {
+      newestLogVersion_(DirectoryEntry::CurrentLogVersion_) {
     KeepRunningWhenWritesFail();
     consoleEngine_.addAssociation(new TextLogWriter(console_, false),
                                   new SyslogSeverityRule(settings.quiet_ ? Syslog::ERROR : Syslog::DEBUG, true));
@@ -84,10 +84,10 @@ void Unserialize::reportComplaints() {
 void Unserialize::listVariables() {
     if (settings_.variables_.count_ > 0) return;
     if (settings_.hasTableOutput()) {
-        variableList_.readFrom(inputs_, settings_, consoleEngine_);
+        variableList_.readFrom(inputs_, directories_, settings_, consoleEngine_);
         variableList_.giveTo(settings_.variables_);
     } else if (inputs_.count() == 1) {
-        Inputs::ReadDirectoryAhead(inputs_.at(0), settings_);
+        directories_.readAhead(inputs_.at(0));
     }
 }
 
@@ -103,14 +103,13 @@ void Unserialize::readInputs() {
 }
 
 void Unserialize::readInput(const Str& input, Progress& progress) {
-    Inputs::ReadDirectory(input, settings_);
+    directories_.read(input);
     outputs_.writeDirectory();
     if (settings_.isDirectoryOnly()) {
         checkDirectory(input);
     } else {
-        forgetScannedVersion(input);
+        directories_.forgetScannedVersion();
         readEntries(input, progress);
-        versionLeft_ = DirectoryEntry::CurrentLogVersion_;
     }
     progress.clear();
     showMessages();
@@ -122,11 +121,6 @@ void Unserialize::checkDirectory(const Str& input) {
     } else {
         logger_.syslog("No directory in " + input, Syslog::ERROR);
     }
-}
-
-// What a log says of its version in the midst of it does not hold when it is read again from its start.
-void Unserialize::forgetScannedVersion(const Str& input) {
-    if (!Inputs::HasSideFile(input, settings_)) DirectoryEntry::CurrentLogVersion_ = versionLeft_;
 }
 
 void Unserialize::readEntries(const Str& input, Progress& progress) {

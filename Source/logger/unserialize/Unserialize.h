@@ -3,6 +3,7 @@
 #include "io/FileOutStream.h"
 #include "logger/engine/LogEngine.h"
 #include "logger/engine/LogQueue.h"
+#include "logger/unserialize/Directories.h"
 #include "logger/unserialize/Inputs.h"
 #include "logger/unserialize/OutputAssembly.h"
 #include "logger/unserialize/RunSettings.h"
@@ -27,7 +28,6 @@ private:
     void readInputs();
     void readInput(const Str& input, Progress& progress);
     void checkDirectory(const Str& input);
-    void forgetScannedVersion(const Str& input);
     void readEntries(const Str& input, Progress& progress);
     void reportNoEntry(const Str& input, const Str& reason);
     void nameOutputs();
@@ -43,6 +43,7 @@ private:
     LogEngine engine_;  // feeds the outputs
     Inputs inputs_;
     UnknownWords unknownWords_;
+    Directories directories_;
     VariableList variableList_;  // owns the names of an automatic list
     OutputAssembly outputs_;
     Timespan timeCorrection_;                        // GPS against vehicle clock, carried from input to input
@@ -50,5 +51,4 @@ private:
     Timestamp lastTime_ = Timestamp::NOT_SET_TIME;
     long long bytesBefore_ = 0;              // of the inputs that are done
     const unsigned short newestLogVersion_;  // in force before the run
-    unsigned short versionLeft_;             // in force after the input before
 };

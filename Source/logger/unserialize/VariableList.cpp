@@ -6,6 +6,7 @@
 #include "data/Slate.h"
 #include "logger/engine/LogEngine.h"
 #include "logger/entry/DirectoryEntry.h"
+#include "logger/unserialize/Directories.h"
 #include "logger/unserialize/Inputs.h"
 #include "units/Units.h"
 
@@ -62,15 +63,18 @@ VariableList::VariableList() {
     for (FlexArray<char*>* const texts : {&names_, &units_, &settings_}) texts->setDoArrayDelete(true);
 }
 
-void VariableList::readFrom(const Inputs& inputs, const RunSettings& settings, LogEngine& console) {
+void VariableList::readFrom(const Inputs& inputs, Directories& directories, const RunSettings& settings,
+                            LogEngine& console) {
     const unsigned short versionInForce = DirectoryEntry::CurrentLogVersion_;
     for (unsigned int i = 0; i < inputs.count(); ++i) {
-        Inputs::ReadDirectory(inputs.at(i), settings);
+        directories.read(inputs.at(i));
         addDirectory(settings.parents_, i == 0);
         console.processQueue(Timespan::ZERO_TIMESPAN);
-        if (inputs.count() > 1) Slate::ClearDirectory();
+        if (inputs.count() == 1) return;
+        Slate::ClearDirectory();
+        directories.keepScannedVersion();
     }
-    if (inputs.count() > 1) DirectoryEntry::CurrentLogVersion_ = versionInForce;
+    DirectoryEntry::CurrentLogVersion_ = versionInForce;
 }
 
 void VariableList::addDirectory(const FlexArray<char*>& parents, bool withSettings) {

@@ -5,6 +5,7 @@
 #include "utils/FlexArray.h"
 
 class DataAccess;
+class Directories;
 class ElementURI;
 class Inputs;
 class LogEngine;
@@ -18,7 +19,7 @@ public:
     // Reads the directory of every input into the Slate, one after the other; with a single input it stays there.
     // Messages are shown on the console after each. The version of the log in force is as before when there are
     // several.
-    void readFrom(const Inputs& inputs, const RunSettings& settings, LogEngine& console);
+    void readFrom(const Inputs& inputs, Directories& directories, const RunSettings& settings, LogEngine& console);
     // Adds what the Slate holds now; settings count when withSettings.
     void addDirectory(const FlexArray<char*>& parents, bool withSettings);
     // Makes the list the run's variables: it owns their names and must outlive their use.
