@@ -4,7 +4,7 @@
 #include "FuzzStreams.h"
 #include "data/Slate.h"
 #include "logger/entry/DirectoryEntry.h"
-#include "logger/writer/BinaryLogWriter.h"
+#include "logger/writer/binary/BinaryLogWriter.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const unsigned short newest = DirectoryEntry::CurrentLogVersion_;

@@ -4,8 +4,8 @@
 #include "logger/engine/LogEngine.h"
 #include "logger/entry/DirectoryEntry.h"
 #include "logger/reader/BinaryLogReader.h"
-#include "logger/writer/BinaryLogWriter.h"
-#include "logger/writer/TextLogWriter.h"
+#include "logger/writer/binary/BinaryLogWriter.h"
+#include "logger/writer/text/TextLogWriter.h"
 
 namespace {
 

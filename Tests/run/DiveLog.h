@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "logger/writer/BinaryLogWriter.h"
+#include "logger/writer/binary/BinaryLogWriter.h"
 #include "support/CountOf.h"
 #include "support/MemoryStreams.h"
 #include "support/SmallLog.h"

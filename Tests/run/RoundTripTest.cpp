@@ -10,9 +10,9 @@
 #include "logger/reader/FileLogReader.h"
 #include "logger/rule/CompositeRules.h"
 #include "logger/rule/EntryRules.h"
-#include "logger/writer/DirectoryLogWriter.h"
 #include "logger/writer/SplitFileLogWriter.h"
-#include "logger/writer/TextLogWriter.h"
+#include "logger/writer/binary/DirectoryLogWriter.h"
+#include "logger/writer/text/TextLogWriter.h"
 #include "support/CapturedLog.h"
 
 // Logs that are written again and read back.

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "logger/writer/LogWriter.h"
+#include "logger/engine/LogWriter.h"
 #include "support/SmallLog.h"
 
 // A writer that keeps a short text for each entry: "1.5=20" for the number 20 in the value's own unit 1.5 s after the

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "logger/writer/LogWriter.h"
+#include "logger/engine/LogWriter.h"
 
 // A writer that notes each call, after its name, in a journal that the test keeps, and writes one letter, or as many as
 // told, an entry.

@@ -6,7 +6,7 @@
 #include "logger/entry/DirectoryEntry.h"
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/SyslogEntry.h"
-#include "logger/writer/BinaryLogWriter.h"
+#include "logger/writer/binary/BinaryLogWriter.h"
 #include "slatesynth/Damage.h"
 #include "slatesynth/Dive.h"
 #include "support/MemoryStreams.h"

@@ -2,7 +2,7 @@
 
 #include "io/FileOutStream.h"
 #include "logger/engine/LogEngine.h"
-#include "logger/writer/BinaryLogWriter.h"
+#include "logger/writer/binary/BinaryLogWriter.h"
 
 // A binary writer that counts what it writes.
 class CountingLogWriter final : public BinaryLogWriter {

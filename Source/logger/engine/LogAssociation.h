@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "logger/engine/LogWriter.h"
 #include "logger/rule/Rule.h"
-#include "logger/writer/LogWriter.h"
 
 // One writer and the rule that decides which entries reach it.
 class LogAssociation {

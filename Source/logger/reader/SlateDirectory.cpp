@@ -1,9 +1,9 @@
 #include "data/Slate.h"
 #include "logger/engine/LogEngine.h"
+#include "logger/engine/LogWriter.h"
 #include "logger/entry/DirectoryEntry.h"
 #include "logger/reader/BinaryLogReader.h"
 #include "logger/reader/FileLogReader.h"
-#include "logger/writer/LogWriter.h"
 
 // The Slate's operations that need the reader, the engine and the writers.
 

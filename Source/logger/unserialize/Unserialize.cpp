@@ -13,8 +13,8 @@
 #include "logger/unserialize/CommandLine.h"
 #include "logger/unserialize/OutputNaming.h"
 #include "logger/unserialize/Progress.h"
-#include "logger/writer/DirectoryLogWriter.h"
-#include "logger/writer/TextLogWriter.h"
+#include "logger/writer/binary/DirectoryLogWriter.h"
+#include "logger/writer/text/TextLogWriter.h"
 
 int Unserialize::Run(int argc, char** argv) {
     RunSettings settings;

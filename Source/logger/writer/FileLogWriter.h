@@ -4,8 +4,8 @@
 
 #include "io/FileEncoder.h"
 #include "io/FileOutStream.h"
+#include "logger/engine/LogWriter.h"
 #include "logger/writer/HasFilename.h"
-#include "logger/writer/LogWriter.h"
 
 // Gives a format writer a file to write to: opens and closes it with the format's header and footer, counts, flushes,
 // and hands the finished file to an encoder.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "logger/writer/LogWriter.h"
+#include "logger/engine/LogWriter.h"
 #include "logger/writer/VariableSelection.h"
 #include "utils/Timestamp.h"
 

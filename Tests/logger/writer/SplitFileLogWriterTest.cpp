@@ -1,8 +1,8 @@
 #include "logger/writer/SplitFileLogWriter.h"
 
 #include "OutputFixture.h"
-#include "logger/writer/KmlLogWriter.h"
-#include "logger/writer/TextTableLogWriter.h"
+#include "logger/writer/kml/KmlLogWriter.h"
+#include "logger/writer/table/TextTableLogWriter.h"
 
 class SplitFileLogWriterTest : public OutputFixture {
 protected:

@@ -1,0 +1,136 @@
+#include "logger/writer/json/JsonLogWriter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <numeric>
+
+#include "data/BlobValue.h"
+#include "data/Slate.h"
+#include "logger/entry/DataEntry.h"
+
+static const char* const TOO_LARGE =
+    "No JSON is written: the document would take more than 2 GB or all memory; choose fewer variables, a shorter time "
+    "or another output";
+
+JsonLogWriter::JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount,
+                             char** attList)
+    : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
+      json_(formatted),
+      nodes_(new Node[requestCount()]),
+      shortestFirst_(new int[requestCount()]) {
+    std::iota(&shortestFirst_[0], &shortestFirst_[requestCount()], 0);
+    std::stable_sort(&shortestFirst_[0], &shortestFirst_[requestCount()],
+                     [this](int a, int b) { return strlen(nameOf(a)) < strlen(nameOf(b)); });
+}
+
+unsigned int JsonLogWriter::write(const LogEntry* entry, const Unit* unit) {
+    const MutexLocker lock(writeMutex_);
+    if (!initializeFilterLogWriter()) return 0;
+    if (watch_.hasChanged()) initializeJsonLogWriter();
+    return jsonLogWriterInitialized_ ? FilterLogWriter::write(entry, unit) : 0;
+}
+
+// A name that is the beginning of another becomes an object first, and the other's part stands behind its members.
+void JsonLogWriter::initializeJsonLogWriter() {
+    watch_.look();
+    bool isComplete = true;
+    for (int i = 0; i < requestCount(); ++i) isComplete = place(shortestFirst_[i]) && isComplete;
+    if (isComplete && !json_.isEmpty()) jsonLogWriterInitialized_ = true;
+}
+
+// Requests of one name share what the first of them has; a setting that is also a variable is written as that.
+bool JsonLogWriter::place(int index) {
+    const int owner = ownerOf(index);
+    if (owner < 0) return true;
+    if (owner == index) return nodes_[index].leaf_ != nullptr || placeFirst(index);
+    nodes_[index] = nodes_[owner];
+    return true;
+}
+
+bool JsonLogWriter::placeFirst(int index) {
+    const VariableSelection& selection = selectionOf(index);
+    const int position = positionOf(index);
+    const Unit* const unit = selection.shownUnit(position);
+    if (unit != nullptr) addVar(index, *unit);
+    return unit != nullptr || Slate::IsDirectoryRead();
+}
+
+void JsonLogWriter::addVar(int index, const Unit& unit) {
+    nodes_[index].leaf_ = json_.addLeaf(nameOf(index), unit.getAbbreviation());
+    nodes_[index].unit_ = &unit;
+}
+
+unsigned int JsonLogWriter::writeData(const DataEntry* entry, int varIndex, const Unit*) {
+    JsonLeaf* const leaf = nodes_[varIndex].leaf_;
+    if (entry == nullptr || leaf == nullptr) return 0;
+    leaf->times_.addNumber(std::round(entry->getTimestamp().asDouble() * 1000));
+    addValue(leaf->values_, *entry, varIndex);
+    return 0;
+}
+
+unsigned int JsonLogWriter::writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) {
+    return writeData(entry, variables_.count() + attIndex, unit);
+}
+
+// Nested arrays of the lengths, from an element of the blob on; elements past its end are null. The result is the
+// element that is next.
+static size_t AddBlob(JsonArray& values, const BlobValue& blob, const Unit& unit, const size_t* lengths, int rank,
+                      size_t next) {
+    values.beginArray();
+    for (size_t i = 0; i < *lengths; ++i) {
+        if (rank > 1) {
+            next = AddBlob(values, blob, unit, lengths + 1, rank - 1, next);
+        } else {
+            double number = 0;
+            blob.get(next++, unit, number);
+            values.addNumber(number);
+        }
+    }
+    values.endArray();
+    return next;
+}
+
+void JsonLogWriter::addValue(JsonArray& values, const DataEntry& entry, int index) {
+    const Unit& unit = *nodes_[index].unit_;
+    const DataValue* const value = entry.getDataValue();
+    if (value == nullptr || value->getBinaryType() != STRVALUE) {
+        values.addNumber(entry.getNumber(unit));
+    } else if (const BlobValue* const blob = dynamic_cast<const BlobValue*>(value)) {
+        const Shape shape(Slate::GetElementURI(selectionOf(index).code(positionOf(index))), blob->getCount());
+        AddBlob(values, *blob, unit, shape.lengths_, shape.rank_, 0);
+    } else {
+        values.addString(value->toString());
+    }
+}
+
+// The outermost length may be open: then the array has as many parts as its elements fill.
+JsonLogWriter::Shape::Shape(const ElementURI* name, size_t elementCount) {
+    if (name != nullptr) {
+        lengths_[0] = name->getDimension1();
+        lengths_[1] = name->getDimension2();
+        lengths_[2] = name->getDimension3();
+    }
+    rank_ = lengths_[2] != 0 ? 3 : lengths_[1] != 0 ? 2 : 1;
+    if (lengths_[0] != 0) return;
+    const size_t part = (rank_ > 1 ? lengths_[1] : 1) * (rank_ > 2 ? lengths_[2] : 1);
+    if (part > 0) lengths_[0] = (elementCount + part - 1) / part;
+}
+
+unsigned int JsonLogWriter::writeFooter() {
+    if (wroteFooter_) return 0;
+    wroteFooter_ = true;
+    if (!jsonLogWriterInitialized_) {
+        puts("No Json file written");
+        variables_.printMissing([this](int index) { return nodes_[index].leaf_ != nullptr; });
+    } else if (isValid() && !json_.write(*logStream_)) {
+        Slate::GetLogger().syslog(TOO_LARGE, Syslog::ERROR);
+    }
+    return 0;
+}
+
+void JsonLogWriter::resetInputs() {
+    FilterLogWriter::resetInputs();
+    watch_.reset();
+}

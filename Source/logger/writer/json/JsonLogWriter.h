@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+
+#include "logger/writer/FilterLogWriter.h"
+#include "logger/writer/SlateWatch.h"
+#include "logger/writer/json/JsonDocument.h"
+
+class BlobValue;
+
+// The samples of the selected variables and settings as one JSON document: an object for each part of a name, and in
+// the last one the arrays of values and times (milliseconds since the epoch). Arrays of the log are nested arrays.
+// All samples stay in memory, as text, until the footer writes the document.
+class JsonLogWriter final : public FilterLogWriter {
+public:
+    // The lists are borrowed. formatted: over many lines, indented.
+    JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount, char** attList);
+
+    unsigned int writeHeader() override { return 0; }
+    unsigned int write(const LogEntry* entry, const Unit* unit) override;
+    // The document, once. When no variable has a place in it, the reasons go to standard output instead.
+    unsigned int writeFooter() override;
+    // Each keeps one sample; nothing is written, the result is 0.
+    unsigned int writeData(const DataEntry* entry, int varIndex, const Unit* unit) override;
+    unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) override;
+    void resetInputs() override;
+
+private:
+    // The place of a request: null while it has none, or when another request of an equal name has it.
+    struct Node {
+        JsonLeaf* leaf_ = nullptr;    // the document's
+        const Unit* unit_ = nullptr;  // in which the values are written
+    };
+
+    // How the elements of an array are nested, the outermost length first.
+    struct Shape {
+        Shape(const ElementURI* name, size_t elementCount);
+        size_t lengths_[3] = {};
+        int rank_;
+    };
+
+    void initializeJsonLogWriter();
+    // index: the place of a request among the variables and, behind them, the settings. Each is true when nothing that
+    // the log may still bring can change the result.
+    bool place(int index);
+    bool placeFirst(int index);
+    void addVar(int index, const Unit& unit);
+
+    void addValue(JsonArray& values, const DataEntry& entry, int index);
+
+    JsonDocument json_;
+    bool jsonLogWriterInitialized_ = false;  // some input's requests were all placed; samples are kept from then on
+    const std::unique_ptr<Node[]> nodes_;
+    const std::unique_ptr<int[]> shortestFirst_;  // the requests by the length of their names
+    SlateWatch watch_;                            // of the last try to initialize
+};

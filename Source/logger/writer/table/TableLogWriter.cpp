@@ -1,0 +1,134 @@
+#include "logger/writer/table/TableLogWriter.h"
+
+#include "data/DataAccess.h"
+#include "logger/entry/DataEntry.h"
+#include "logger/entry/EventEntry.h"
+#include "logger/entry/SyslogEntry.h"
+#include "logger/writer/table/PendingRows.h"
+
+TableLogWriter::TableLogWriter(int varCount, char** varList, char** unitList, bool interpolate)
+    : TableLogWriter(nullptr, varCount, varList, unitList, interpolate) {}
+
+TableLogWriter::TableLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList, bool interpolate)
+    : outputTo_(outputTo),
+      columns_(varCount, varList, unitList),
+      interpolate_(interpolate),
+      lastTime_(Timestamp::NOT_SET_TIME) {
+    if (outputTo_ != nullptr) outputTo_->addParent();
+    if (interpolate_) pendingRows_.reset(new PendingRows(varCount));
+}
+
+TableLogWriter::~TableLogWriter() {
+    Release(outputTo_);
+}
+
+unsigned int TableLogWriter::writeHeader() {
+    return outputTo_ == nullptr ? 0 : outputTo_->writeHeader();
+}
+
+unsigned int TableLogWriter::write(const LogEntry* entry, const Unit*) {
+    const MutexLocker lock(writeMutex_);
+    if (entry == nullptr) return 0;
+    initializeTableLogWriter();
+    switch (entry->getType()) {
+        case LogEntry::DATA_LOG_ENTRY:
+            return writeSample(static_cast<const DataEntry&>(*entry));
+        case LogEntry::EVENT_LOG_ENTRY:
+            return interpolate_ ? 0 : writeEvent(static_cast<const EventEntry&>(*entry));
+        case LogEntry::SYSLOG_LOG_ENTRY:
+            return writeMessage(static_cast<const SyslogEntry&>(*entry));
+        default:
+            return 0;
+    }
+}
+
+// A best value fills its universal's column besides its own; that of an element which is its own universal it fills
+// twice. A thinned series then tests the value that ended a segment too, which the next one would otherwise replace.
+unsigned int TableLogWriter::writeSample(const DataEntry& entry) {
+    unsigned int bytes = writeCells(entry, entry.getElementCode());
+    if (entry.isBest()) bytes += writeCells(entry, entry.getUniversalCode());
+    return bytes;
+}
+
+unsigned int TableLogWriter::writeCells(const DataEntry& entry, unsigned short code) {
+    unsigned int bytes = 0;
+    for (int column = columns_.indexOf(code); column >= 0; column = columns_.indexBefore(column)) {
+        bytes += writeCell(entry, column);
+    }
+    return bytes;
+}
+
+unsigned int TableLogWriter::writeCell(const DataEntry& entry, int column) {
+    if (!interpolate_) return writeToColumn(&entry, column);
+    pendingRows_->add(entry, column, lastTime_);
+    return writeReadyRows();
+}
+
+unsigned int TableLogWriter::writeEvent(const EventEntry& entry) {
+    if (entry.getEventType() != EventEntry::START_CYCLE) return 0;
+    unsigned int bytes = 0;
+    if (lastTime_ != Timestamp::NOT_SET_TIME) {
+        bytes = writeRow();
+        clearRow();
+    }
+    lastTime_ = entry.getTimestamp();
+    return bytes;
+}
+
+unsigned int TableLogWriter::writeMessage(const SyslogEntry& entry) {
+    if (!interpolate_) return writeSyslog(&entry);
+    pendingRows_->add(entry, lastTime_);
+    return writeReadyRows();
+}
+
+unsigned int TableLogWriter::writeReadyRows() {
+    unsigned int bytes = 0;
+    while (pendingRows_->hasReadyRow()) bytes += writeFrontRow();
+    return bytes;
+}
+
+unsigned int TableLogWriter::writeFrontRow() {
+    lastTime_ = pendingRows_->frontTime();
+    unsigned int bytes = 0;
+    for (int column = 0; column < columns_.count(); ++column) {
+        const DataEntry* cell = pendingRows_->frontCell(column);
+        if (cell != nullptr || pendingRows_->isReaderColumn(column)) bytes += writeToColumn(cell, column);
+    }
+    if (const SyslogEntry* message = pendingRows_->frontSyslog()) bytes += writeSyslog(message);
+    pendingRows_->dropFront();
+    return bytes + writeRow();
+}
+
+unsigned int TableLogWriter::writeAllInterpolated() {
+    if (!interpolate_) return 0;
+    unsigned int bytes = 0;
+    while (!pendingRows_->isEmpty()) bytes += writeFrontRow();
+    pendingRows_->forgetSamples();
+    return bytes;
+}
+
+unsigned int TableLogWriter::writeFooter() {
+    const unsigned int bytes = writeAllInterpolated();
+    return outputTo_ == nullptr ? bytes : bytes + outputTo_->writeFooter();
+}
+
+void TableLogWriter::resetInputs() {
+    writeAllInterpolated();
+    if (outputTo_ != nullptr) outputTo_->resetInputs();
+    columns_.reset();
+}
+
+unsigned int TableLogWriter::writeRow() {
+    if (outputTo_ == nullptr) return 0;
+    const EventEntry cycleStart(lastTime_);
+    return outputTo_->write(&cycleStart, nullptr);
+}
+
+unsigned int TableLogWriter::writeSyslog(const SyslogEntry* entry) {
+    return outputTo_ == nullptr ? 0 : outputTo_->write(entry, nullptr);
+}
+
+unsigned int TableLogWriter::writeToColumn(const DataEntry* entry, int column) {
+    if (outputTo_ == nullptr || entry == nullptr) return 0;
+    return outputTo_->write(entry, columns_.unit(column));
+}

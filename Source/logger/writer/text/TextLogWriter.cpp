@@ -1,0 +1,24 @@
+#include "logger/writer/text/TextLogWriter.h"
+
+#include "logger/entry/DirectoryEntry.h"
+
+namespace {
+const short VERSION_IN_FORCE = 0;
+}
+
+unsigned int TextLogWriter::writeHeader() {
+    if (!withDirectory_ || !isValid()) return 0;
+    Timestamp timeBase = Timestamp::NOT_SET_TIME;
+    return DirectoryEntry(VERSION_IN_FORCE).write(timeBase, *logStream_);
+}
+
+unsigned int TextLogWriter::write(const LogEntry* entry, const Unit* unit) {
+    if (!isValid()) return 0;
+    const MutexLocker lock(writeMutex_);
+    if (entry == nullptr) return 0;
+    line_.clear();
+    entry->appendTo(line_, unit);
+    const size_t length = line_.length();
+    if (length > 0) logStream_->write(line_.append('\n').data(), length + 1);
+    return static_cast<unsigned int>(length + 1);
+}

@@ -1,0 +1,37 @@
+#include "logger/writer/table/TextTableLogWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "support/MemoryStreams.h"
+#include "support/NameList.h"
+#include "support/SmallLog.h"
+
+TEST(TextTableLogWriterTest, QuotesWhatWouldBreakTheTable) {
+    SmallLog log;
+    DataAccess* text = log.declareText("A.\"text\",");
+    NameList names({"A.\"text\","});
+    const std::tuple<std::string, const char*, const char*> cases[] = {{",", "plain; 'text'\t", "plain; 'text'\t"},
+                                                                       {",", "a,b", "\"a,b\""},
+                                                                       {",", "say \"a\"", "\"say \"\"a\"\"\""},
+                                                                       {",", "a\nb", "\"a\nb\""},
+                                                                       {",", "a\rb", "\"a\rb\""},
+                                                                       {",", "", ""},
+                                                                       {";", "a,b", "a,b"},
+                                                                       {"::", "a:b", "a:b"},
+                                                                       {"::", "a::b", "\"a::b\""},
+                                                                       {"\xA7", "a\xA7", "\"a\xA7\""}};
+    for (const auto& [separator, content, cell] : cases) {
+        MemoryOutStream out;
+        TextTableLogWriter table(separator.c_str(), 1, names.list(), nullptr, false, false);
+        table.setOutStream(out);
+        table.writeHeader();
+        table.write(log.cycle(0), nullptr);
+        table.write(log.text(text, 0, content), nullptr);
+        table.write(log.cycle(1), nullptr);
+        EXPECT_EQ("Timestamp" + separator + "EpochSeconds" + separator + "\"A.\"\"text\"\",\"\n" +
+                      "2012-06-01T12:30:00.000Z" + separator + "1338553800.000" + separator + cell + "\n",
+                  out.bytes_);
+    }
+}
