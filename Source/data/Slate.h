@@ -29,7 +29,7 @@ class Slate {
 public:
     // The versions that a log or side file tells.
     struct LogVersions {
-        unsigned int told_ = 0;            // a bit each
+        unsigned int told_ = 0;            // a bit each; no version is as high as 32
         unsigned short firstInForce_ = 0;  // after the first of them
 
         void add(short told, unsigned short inForce) {
