@@ -1,13 +1,12 @@
 // Directory records of any bytes, back to back; what they register is written out again as a whole directory.
 #include <memory>
 
+#include "FreshSlate.h"
 #include "FuzzStreams.h"
-#include "data/Slate.h"
-#include "logger/entry/DirectoryEntry.h"
 #include "logger/writer/binary/BinaryLogWriter.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const unsigned short newest = DirectoryEntry::CurrentLogVersion_;
+    const FreshSlate slate;
     const Logger logger("Fuzzer", nullptr);
     BytesInStream in(data, size);
     while (!in.eof()) {
@@ -21,10 +20,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     BinaryLogWriter writer(out, true);
     writer.writeHeader();
     Slate::WriteDirectory(&writer, true);
-
-    Slate::ClearDirectory();
-    Slate::Uninitialize();
-    DirectoryEntry::ElementStore_.clear();
-    DirectoryEntry::CurrentLogVersion_ = newest;
     return 0;
 }

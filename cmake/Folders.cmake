@@ -1,8 +1,11 @@
-# How a folder of sources becomes a target. Warnings are errors in all of them.
+# How a folder of sources becomes a target. All have the same warnings.
 
 add_library(slate_options INTERFACE)
 target_include_directories(slate_options INTERFACE ${PROJECT_SOURCE_DIR}/Source)
-target_compile_options(slate_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wno-sign-conversion -Werror)
+target_compile_options(slate_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wno-sign-conversion)
+if(SLATE_WERROR)
+  target_compile_options(slate_options INTERFACE -Werror)
+endif()
 if(SLATE_SANITIZE)
   target_compile_options(slate_options INTERFACE -fsanitize=${SLATE_SANITIZE} -fno-omit-frame-pointer
                                                  -fno-sanitize-recover=all)

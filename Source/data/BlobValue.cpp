@@ -94,7 +94,8 @@ size_t BlobValue::elementSize() const {
 }
 
 size_t BlobValue::getCount() const {
-    return elementSize() == 0 ? 0 : value_.length() / elementSize();
+    const size_t size = elementSize();
+    return size == 0 ? 0 : value_.length() / size;
 }
 
 void BlobValue::appendTo(TextBuffer& text, const Unit& unit) const {

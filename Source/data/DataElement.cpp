@@ -125,7 +125,7 @@ Str DataElement::asString(const Unit& unit) const {
     return isReadable() ? value_->toString(unit) : Str();
 }
 
-const DataElement& DataElement::readBy(const DataReader& reader) {
+const DataElement& DataElement::ReadBy(const DataReader& reader) {
     return *reader.getElement();
 }
 

@@ -95,12 +95,12 @@ public:
     // What one of its readers reads: of a universal, the value of the source that this reader prefers.
     template <typename T>
     bool get(const DataReader& reader, const Unit& unit, T& value) const {
-        return readBy(reader).get(unit, value);
+        return ReadBy(reader).get(unit, value);
     }
-    bool get(const DataReader& reader, DataValue& value) const { return readBy(reader).get(value); }
-    double asDouble(const DataReader& reader, const Unit& unit) const { return readBy(reader).asDouble(unit); }
-    int asInt(const DataReader& reader, const Unit& unit) const { return readBy(reader).asInt(unit); }
-    Str asString(const DataReader& reader, const Unit& unit) const { return readBy(reader).asString(unit); }
+    bool get(const DataReader& reader, DataValue& value) const { return ReadBy(reader).get(value); }
+    double asDouble(const DataReader& reader, const Unit& unit) const { return ReadBy(reader).asDouble(unit); }
+    int asInt(const DataReader& reader, const Unit& unit) const { return ReadBy(reader).asInt(unit); }
+    Str asString(const DataReader& reader, const Unit& unit) const { return ReadBy(reader).asString(unit); }
 
     // Stores a value given in the unit, where T is as for get; true when what reaches the log changed. The time is
     // taken over either way, a universal that this is the best source of follows, and there is no notifier.
@@ -178,7 +178,7 @@ protected:
     float frequency_ = NO_ACCURACY;
 
 private:
-    static const DataElement& readBy(const DataReader& reader);
+    static const DataElement& ReadBy(const DataReader& reader);
     template <typename T>
     bool setBy(DataWriter* writer, const Unit& unit, const T& value, const Timestamp& t) {
         MutexLocker lock(mutex_);

@@ -17,7 +17,7 @@ Location::Location(const Unit& unit, double lat, double lon) : value_{unit.getSI
 // The references stay with their own object.
 Location::Location(const Location& other) : I1D<double>(other), value_{other.lat_, other.lon_} {}
 
-Location& Location::operator=(const Location& other) {
+Location& Location::operator=(const Location& other) {  // NOLINT(bugprone-unhandled-self-assignment): it is harmless
     std::copy_n(other.value_, size(), value_);
     return *this;
 }

@@ -143,6 +143,7 @@ InStream& InStream::readUntil(char* buf, unsigned int max, unsigned char delim) 
     while (!ended && counted < max) {
         char& next = buf[counted++];
         next = '\0';
+        // NOLINTNEXTLINE(bugprone-signed-char-misuse): a delimiter above 127 never matches
         ended = !fetch(&next, 1) || static_cast<signed char>(next) == delim;
     }
     buf[counted] = '\0';

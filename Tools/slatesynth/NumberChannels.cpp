@@ -135,7 +135,7 @@ const NumberChannel NUMBERS[] = {
     {"CurrentProfiler", "strength#", BINS, Units::DECIBEL, FLOAT2, nullptr, MILLIS | NO_INTERP, 3,
      [](In r, int i) { return 90 - 1.8 * i + 0.5 * r.random_.noise(); }},
     {"CurrentProfiler", "ensemble", 1, Units::COUNT, INT4, nullptr, NO_INTERP, 3,
-     [](In r, int) { return static_cast<double>(r.cycle_ / 3); }},
+     [](In r, int) { return std::floor(static_cast<double>(r.cycle_) / 3); }},
     {"Battery", "voltage", 1, Units::VOLT, FLOAT3, &UniversalURI::PLATFORM_BATTERY_VOLTAGE, BEST, 5,
      [](In r, int) { return r.vehicle_.voltage_; }},
     {"Battery", "charge", 1, Units::AMPERE_HOUR, FLOAT4, &UniversalURI::PLATFORM_BATTERY_CHARGE, BEST, 5,

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 #include "utils/Timespan.h"
@@ -40,7 +41,7 @@ Str Progress::Line(long long bytesDone, long long totalBytes, double seconds) {
     const double share = std::min(1.0, static_cast<double>(bytesDone) / static_cast<double>(totalBytes));
     const double bytesPerSecond = seconds > 0 ? static_cast<double>(bytesDone) / seconds : 0.0;
     const double secondsLeft = share > 0 ? seconds * (1.0 - share) / share : 0.0;
-    const long long left = static_cast<long long>(std::min(secondsLeft, 359999.0) + 0.5);
+    const long long left = std::llround(std::min(secondsLeft, 359999.0));
     char line[64];
     snprintf(line, sizeof line, "%3.0f%%  %.0f MB/s  %lld:%02lld left", share * 100.0, bytesPerSecond / 1e6, left / 60,
              left % 60);

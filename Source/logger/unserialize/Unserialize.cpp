@@ -68,6 +68,7 @@ Unserialize::~Unserialize() {
     Slate::ClearDirectory();
     Slate::Uninitialize();
     Slate::SetLogger(nullptr);
+    DirectoryEntry::ElementStore_.clear();
     DirectoryEntry::CurrentLogVersion_ = newestLogVersion_;
 }
 

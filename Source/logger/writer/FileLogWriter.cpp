@@ -107,7 +107,8 @@ void FileLogWriter::resetInputs() {
 }
 
 void FileLogWriter::resetFilename(const Str& filename) {
-    const Str next(filename);  // it may be the name that close forgets
+    // It may be the name that close forgets.
+    const Str next(filename);  // NOLINT(performance-unnecessary-copy-initialization)
     close();
     open(next.cStr(), false);
 }

@@ -141,7 +141,7 @@ void KmlLogWriter::lookForFirstLocation() {
 Str KmlLogWriter::beginPoint(TextBuffer& text) {
     latitude_.isNew_ = longitude_.isNew_ = haveNewDepth_ = false;
     lastTimestamp_ = currentTimestamp_;
-    const Str point = coordinates(doDepth_ ? DECIMALS_3D : DECIMALS_2D, doDepth_);
+    Str point = coordinates(doDepth_ ? DECIMALS_3D : DECIMALS_2D, doDepth_);
     if (!started_) {
         document_.appendMarker(text, "start", lastTimestamp_, point);
         document_.openLine(text);

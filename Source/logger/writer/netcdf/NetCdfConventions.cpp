@@ -31,7 +31,8 @@ const NetCdfConventions::Types* NetCdfConventions::FindTypes(BinaryDataType type
 
 const Unit& NetCdfConventions::UnitOf(const VariableSelection& selection, int index, const DataAccess& access) {
     if (selection.unit(index) != nullptr) return *selection.unit(index);
-    return access.getUnit() != nullptr ? *access.getUnit() : Units::NONE;
+    const Unit* const unit = access.getUnit();
+    return unit != nullptr ? *unit : Units::NONE;
 }
 
 unsigned short NetCdfConventions::CodeOfLastPart(const Str& name) {
