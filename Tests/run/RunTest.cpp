@@ -16,8 +16,8 @@ std::string WorkedLines() {
     return lines;
 }
 
-std::string WorkedBytes() {
-    const Str bytes = WorkedLogBytes();
+std::string WorkedBytes(size_t count = std::size(WORKED_LOG)) {
+    const Str bytes = WorkedLogBytes(0, count);
     return std::string(bytes.data(), bytes.length());
 }
 
@@ -43,6 +43,7 @@ TEST_F(RunTest, TheDirectoryMakesALogReadableThatHasNone) {
     write("bare", dive.bytes().substr(directoryLength));
     for (const std::vector<std::string>& options :
          {std::vector<std::string>{"-d", "dive"}, {"-ad", "dive"}, {"-adr", "Dive", "dive"}}) {
+        write("dive.dir", WorkedBytes(WORKED_LOG_DIRECTORY));  // left behind, of another log
         runInSilence(options);
         std::filesystem::rename(program_.files().path("dive.dir"), program_.files().path("bare.dir"));
         runInSilence({"-a", "bare", "Depth.depth", "Nav.speed"});
@@ -168,4 +169,19 @@ TEST_F(RunTest, InputsOfEveryKind) {
         run(arguments);
         EXPECT_EQ(messages, CountOf(read(output), "\n")) << ::testing::PrintToString(arguments);
     }
+}
+
+// On a terminal, unless it is to be quiet. What is written is not taken for a while in the midst of the third input.
+TEST_F(RunTest, ProgressCountsEveryInput) {
+    synthesize("--minutes 1");
+    runInSilence({"-a", "dive"});
+    const std::string before = std::to_string(read("dive.asc").size() * 23 / 10);
+    const auto shown = [&](const std::string& options) {
+        return OutputOf("cd " + path("") + " && script -qec \"" UNSERIALIZE_PROGRAM " " + options +
+                        " stdout 'dive;dive;dive' | (head -c " + before + "; sleep 0.3; cat) >/dev/null\" /dev/null");
+    };
+    const std::string lines = shown("-aOo");
+    EXPECT_LT(67, atoi(lines.substr(lines.rfind('\r', lines.rfind('%')) + 4).c_str())) << lines;
+    EXPECT_EQ(" left\r\033[K", lines.substr(lines.size() - 9));
+    EXPECT_EQ("", shown("-aqOo"));
 }
