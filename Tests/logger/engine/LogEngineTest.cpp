@@ -106,6 +106,17 @@ TEST_F(LogEngineTest, MessagesWaitInTheQueueAndThoseOfTheWritersFollow) {
     EXPECT_EQ("entry entry ", take());
 }
 
+TEST_F(LogEngineTest, ALimitLeavesTheRestInTheQueue) {
+    LogEngine engine;
+    engine.addAssociation(writer(""), nullptr);
+    for (int i = 0; i < 4; ++i) engine.queueEntry(new SyslogEntry(message_));
+    const std::pair<int, const char*> limits[] = {{-1, "entry "}, {3600, "entry entry entry "}};  // seconds
+    for (const auto& [seconds, delivered] : limits) {
+        engine.processQueue(Timespan(seconds, 0));
+        EXPECT_EQ(delivered, take());
+    }
+}
+
 TEST_F(LogEngineTest, ABorrowedQueueKeepsWhatWasNotDelivered) {
     LogQueue queue;
     {
