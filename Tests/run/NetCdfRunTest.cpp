@@ -46,18 +46,24 @@ TEST_F(NetCdfRunTest, OctaveReadsBoth) {
     }
 }
 
-// Each cycle start forces out what is pending.
+// A cycle start after a point of one series forces out what is pending of the others.
 TEST_F(NetCdfRunTest, ThinnedSeries) {
-    write("dive", DiveLog::Of(4));
-    run({"-n", "-N", "dive", "Nav.speed", "0.01", "Depth.depth", "0.01"});
+    DiveLog dive;
+    dive.begin();
+    DataAccess* const step = dive.log_.declare("Nav.step");
+    dive.declare(step);
+    for (int i = 0; i < 8; ++i) {
+        dive.cycles(i, 1);
+        dive.add(dive.log_.data(step, i + 0.25, i < 4 ? 0 : 5));
+    }
+    write("dive", dive.bytes());
+    run({"-n", "-N", "dive", "Nav.step", "0.01", "Depth.depth", "0.01"});
     const NetCdfFile table(path("dive.nc"));
     const NetCdfFile series(path("dive.nc4"));
-    EXPECT_EQ((std::vector<double>{0, 0, 1.5, 1.5}), series.numbers("Depth/Depth.depth"));
-    EXPECT_EQ((std::vector<double>{1.5, 1.5, 1.5, 1.5}), series.numbers("Nav/Nav.speed"));
-    EXPECT_EQ((std::vector<double>{0, 0.125, 1.5, 1.5, 1.5}), table.numbers("Depth.depth"));
-    std::vector<double> seconds = table.numbers("Time");
-    for (double& second : seconds) second -= SmallLog::START;
-    EXPECT_EQ((std::vector<double>{0.25, 0.5, 3.25, 3.5, 3.5}), seconds);
+    EXPECT_EQ((std::vector<double>{0, 0, 2, 3.5, 3.5}), series.numbers("Depth/Depth.depth"));
+    EXPECT_EQ((std::vector<double>{0, 0, 0, 5, 5, 5}), series.numbers("Nav/Nav.step"));
+    EXPECT_EQ((std::vector<double>{0, 1.5, 2, 3.5, 3.5}), table.numbers("Depth.depth"));
+    EXPECT_EQ((std::vector<double>{0, 0, 5, 5, 5}), table.numbers("Nav.step"));
 }
 
 TEST_F(NetCdfRunTest, TheExamplePlots) {
