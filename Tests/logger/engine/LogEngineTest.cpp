@@ -38,16 +38,6 @@ protected:
 
 }  // namespace
 
-TEST_F(LogEngineTest, EntriesAreOfferedInOrderWhereTheRuleHolds) {
-    LogEngine engine;
-    engine.addAssociation(writer("a:"), nullptr);
-    engine.addAssociation(writer("b:"), only(LogEntry::SYSLOG_LOG_ENTRY));
-    engine.processEntry(&cycle_);
-    EXPECT_EQ("a:entry ", take());
-    engine.processEntry(&message_);
-    EXPECT_EQ("a:entry b:entry ", take());
-}
-
 TEST_F(LogEngineTest, ACycleStartEndsTheCycleOfThoseThatGotSomething) {
     LogEngine engine;
     engine.addAssociation(writer("a:"), only(LogEntry::SYSLOG_LOG_ENTRY));

@@ -157,14 +157,6 @@ TEST_F(DataEntryTest, LargeCodesTakeTheThreeByteHeaderAndLargerOnesAreNotWritten
     EXPECT_TRUE(write(*entryOf(8192, Units::METER.dataValue(1.5, FLOAT3))).isEmpty());
 }
 
-TEST_F(DataEntryTest, AnOldLogAlwaysCarriesTheValue) {
-    read(FromHex(WORKED_DATA));
-    const auto unchanged = read<DataEntry>(FromHex(WORKED_UNCHANGED));
-    unchanged->setTimestamp(timeBase_);
-    DirectoryEntry::CurrentLogVersion_ = 3;
-    EXPECT_STREQ(write(*unchanged).asHex().cStr(), "0C0000C03F");
-}
-
 // Also where it has none yet, and as a double where the class of its value has nothing for it.
 TEST_F(DataEntryTest, ANumberSetIsTheEntrysOwn) {
     const auto entry = read<DataEntry>(FromHex(WORKED_DATA));

@@ -70,6 +70,7 @@ TEST_F(KmlLogWriterTest, ATrackInThreeDimensions) {
     write(log_.syslog(5, "two\nlines", Syslog::CRITICAL, "Nav"));
     EXPECT_EQ("", take());
     fix(6, 36.6, -122);
+    write(log_.bestData(depth_, 7, NAN));
     kml_->writeFooter();
     const std::string end = take();
     EXPECT_EQ(1u, CountOf(end,
