@@ -86,6 +86,27 @@ TEST_F(DataElementTest, AUniversalFollowsTheBestOfItsSources) {
     EXPECT_EQ(12, reader->asDouble(Units::METER));
 }
 
+TEST_F(DataElementTest, EveryStrategyHasItsBestSource) {
+    const struct {
+        const char* name_;
+        float power_, error_, latency_, frequency_;
+    } sources[] = {{"A.unknown", NAN, NAN, NAN, NAN}, {"A.thrifty", 1, 9, 9, 2}, {"A.exact", 9, 1, 9, 1},
+                   {"A.quick", 9, 9, 1, 2},           {"A.busy", 9, 9, 9, 3},    {"A.late", 1, 1, 1, 3}};
+    for (const auto& source : sources) {
+        DataWriter* const writer = Slate::NewUniversalWriter(&sensor_, Named(source.name_), UniversalURI::DEPTH);
+        writer->getElement()->setCosts(source.power_, source.latency_, source.frequency_);
+        writer->getElement()->setAccuracy(Units::METER, source.error_);
+        writer->write(Units::METER, 10.0, T);
+    }
+    const UniversalDataElement* const depth = Slate::GetElement(Named("A.exact"))->getUniversal();
+    const std::pair<DataAccessor::RequestStrategy, const char*> best[] = {{DataAccessor::MIN_POWER, "A.thrifty"},
+                                                                          {DataAccessor::MIN_ERROR, "A.exact"},
+                                                                          {DataAccessor::MIN_LATENCY, "A.quick"},
+                                                                          {DataAccessor::MAX_FREQUENCY, "A.busy"},
+                                                                          {DataAccessor::ALL_DEVICES, "A.unknown"}};
+    for (const auto& [strategy, name] : best) EXPECT_STREQ(name, depth->getBest(strategy)->getUri().cStr());
+}
+
 TEST_F(DataElementTest, AccuraciesConvertAsDifferences) {
     DataElement element(Named("x"), Units::CELSIUS.dataValue(DOUBLE8), DataElement::NO_ACCURACY);
     EXPECT_TRUE(std::isnan(element.getWrittenAccuracy(Units::CELSIUS)));

@@ -12,6 +12,15 @@
 #include "support/Command.h"
 #include "support/TempDir.h"
 
+static long long PretendedSize = 0;  // bytes, of files named "huge"
+
+// Takes the place of the system's: a file of the size that needs the large form would take minutes to pack.
+extern "C" int stat64(const char* path, struct stat64* status) noexcept {
+    const int result = fstatat64(AT_FDCWD, path, status, 0);
+    if (std::filesystem::path(path).filename() == "huge") status->st_size = PretendedSize;
+    return result;
+}
+
 class ZipEncoderTest : public testing::Test {
 protected:
     // The names in an archive, a line each, and the bytes of all that it holds.
@@ -43,6 +52,19 @@ TEST_F(ZipEncoderTest, PacksTheFileUnderItsOwnName) {
         EXPECT_TRUE(ZipEncoder(".kmz").encode(file.c_str(), nullptr, nullptr));
         EXPECT_EQ(file + "\n", names("track.kmz"));
         EXPECT_EQ(bytes, contents("track.kmz"));
+    }
+}
+
+// It may grow a little by being packed.
+TEST_F(ZipEncoderTest, AFileNearFourGigabytesTakesTheLargeForm) {
+    const std::string file = dir_.write("huge", "x");
+    const std::pair<long long, char> cases[] = {
+        {1, 20}, {0xFFFFFFFF - 65537LL, 20}, {0xFFFFFFFF - 65536LL, 45}, {1LL << 40, 45}};  // version that reads it
+    for (const auto& [size, version] : cases) {
+        PretendedSize = size;
+        EXPECT_TRUE(ZipEncoder(nullptr).encode(file.c_str(), nullptr, nullptr));
+        EXPECT_EQ(version, dir_.read("huge.zip").at(4)) << size;
+        EXPECT_EQ("x", contents("huge.zip"));
     }
 }
 

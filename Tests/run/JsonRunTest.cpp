@@ -37,9 +37,34 @@ TEST_F(JsonRunTest, NamesUnitsAndErrorsLimitTheDocument) {
     EXPECT_EQ("[0,50,100]\n", jq(".Depth.depth.value[:3]", "dive.js"));
     EXPECT_EQ("[1338553800250,1338553801250]\n", jq(".Depth.depth.time[:2]", "dive.js"));
     EXPECT_EQ("[\"Depth\"]\n", jq("keys", "dive.js"));
-    run({"-j", "dive", "Depth.depth", "0.01", "Nav.speed", "0.01"});
+    run({"-j", "dive", "Nav.speed", "0.01", "Depth.depth", "0.01"});
     EXPECT_EQ("[0,9.5]\n", jq(".Depth.depth.value", "dive.js")) << "a straight line is its ends";
     EXPECT_EQ("[1.5,1.5]\n", jq(".Nav.speed.value", "dive.js"));
+}
+
+// Each input has a directory of its own, with other codes. Settings are those of the first. What the second says of its
+// version at its very end does not hold for the first, whose side file says nothing of it.
+TEST_F(JsonRunTest, SeveralInputsMakeOneDocument) {
+    for (const std::string input : {"a", "b"}) {
+        DiveLog dive;
+        DataAccess* const own[] = {dive.log_.declare((input + ".own").c_str()),
+                                   dive.log_.declareSetting((input + ".gain").c_str())};
+        if (input == "b") dive.begin();
+        for (DataAccess* const access : own) dive.declare(access);
+        if (input == "a") {
+            write("a.dir", dive.bytes());
+            dive.begin();
+        }
+        for (DataAccess* const access : own) dive.add(dive.log_.data(access, 0, input[0]));
+        dive.cycles(0, 2);
+        if (input == "b") dive.add(dive.log_.version(3));
+        write(input, dive.bytes());
+    }
+    runInSilence({"-j", "-o", "out", "a;b"});
+    EXPECT_EQ(R"({"a":{"own":[97],"gain":[97]},"b":{"own":[98]},"Nav":{"speed":[1.5,1.5,1.5,1.5]},)"
+              R"("Depth":{"depth":[0,0.5,0,0.5]}})"
+              "\n",
+              jq("map_values(map_values(.value))", "out"));
 }
 
 TEST_F(JsonRunTest, WithoutAnyOfTheNamesThereIsNoDocument) {

@@ -35,6 +35,16 @@ TEST_F(MatlabRunTest, AnotherLibraryReadsStructs) {
         shown());
 }
 
+// A straight line is its ends.
+TEST_F(MatlabRunTest, ThinnedSeries) {
+    write("dive", DiveLog::Of(4));
+    runInSilence({"-m", "-H", "dive", "Nav.speed", "0.01", "Depth.depth", "0.01"});
+    EXPECT_NE(std::string::npos, shown().find("Depth.depth.value double 2x1: 0 1.5\n")) << shown();
+    EXPECT_NE(std::string::npos, shown().find("Nav.speed.value double 2x1: 1.5 1.5\n")) << shown();
+    const std::string plain = OutputOf("h5dump -y -d /Depth/depth/value " + path("dive.h5") + " | tr -s ' \\n' ' '");
+    EXPECT_NE(std::string::npos, plain.find("DATA { 0, 1.5 }")) << plain;
+}
+
 TEST_F(MatlabRunTest, AnotherLibraryReadsArraysAndCells) {
     DiveLog dive;
     DataAccess* const plane = dive.log_.declareBlob("A.plane", Units::METER, BLOB_UINT8, 2, 3);

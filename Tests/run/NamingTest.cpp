@@ -35,6 +35,12 @@ TEST_F(NamingTest, DatesAndLinks) {
     }
 }
 
+TEST_F(NamingTest, TheDatesSpanAllInputs) {
+    write("later", DiveLog::Of(65, 600));
+    program_.run({"-qao", "out.txt", "dive;later"});
+    EXPECT_TRUE(program_.files().has("out_201206011230_201206011241.txt")) << program_.list();
+}
+
 TEST_F(NamingTest, EarlierResultsGoOnlyWhereTheDirectoryIsNamed) {
     const TempDir& files = program_.files();
     write("dive_201206011230_201206011230.asc", "earlier");

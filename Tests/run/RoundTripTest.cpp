@@ -85,6 +85,7 @@ TEST_F(RoundTripTest, SelectedVariablesReadBackWithTheLogsDirectory) {
     runInSilence({"-d", "dive"});
     std::filesystem::rename(path("dive.dir"), path("dive.bin.dir"));
     EXPECT_EQ(text, textOf("dive.bin", names));
+    EXPECT_EQ(text, textOf("dive.bin"));
 }
 
 TEST_F(RoundTripTest, AThinnedLogReadsBackAsTheThinnedSeries) {

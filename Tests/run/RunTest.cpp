@@ -43,6 +43,7 @@ TEST_F(RunTest, TheDirectoryMakesALogReadableThatHasNone) {
     write("bare", dive.bytes().substr(directoryLength));
     for (const std::vector<std::string>& options :
          {std::vector<std::string>{"-d", "dive"}, {"-ad", "dive"}, {"-adr", "Dive", "dive"}}) {
+        write("dive.dir", "*v 0008\n*e code=0000 elementURI=\"Other.x\" type=02\n");  // left behind by another log
         run(options);
         std::filesystem::rename(program_.files().path("dive.dir"), program_.files().path("bare.dir"));
         runInSilence({"-a", "bare", "Depth.depth", "Nav.speed"});
@@ -151,14 +152,23 @@ TEST_F(RunTest, AWrongFixHidesNoName) {
     }
 }
 
-// What a later part says of the version does not hold for the first one.
+// What a later part says of the version does not hold for the first one, also beside a side file that is not read, but
+// what one input says holds for the next.
 TEST_F(RunTest, AVersionHoldsFromWhereItStands) {
     DiveLog older;
     older.add(older.log_.version(3));
     write("parts0000", DiveLog::Of(3));
     write("parts0001", older.bytes());
-    runInSilence({"-a", "parts"});
-    EXPECT_EQ(3u, CountOf(read("parts.asc"), "Depth.depth="));
+    for (const char* options : {"-a", "-ad", "-ad"}) {
+        runInSilence({options, "parts"});
+        EXPECT_EQ(3u, CountOf(read("parts.asc"), "Depth.depth=")) << options;
+    }
+    write("older", older.bytes());
+    DirectoryEntry::CurrentLogVersion_ = 3;
+    write("without", DiveLog::Of(3).substr(strlen("*v 0008\n")));
+    DirectoryEntry::CurrentLogVersion_ = 8;
+    runInSilence({"-ao", "out", "older;without"});
+    EXPECT_EQ(3u, CountOf(read("out"), "Depth.depth="));
 }
 
 // A log may give one name two codes, and both lead to it; it says no more than once what is wrong with a name.
@@ -199,4 +209,20 @@ TEST_F(RunTest, InputsOfEveryKind) {
         run(arguments);
         EXPECT_EQ(messages, CountOf(read(output), "\n")) << ::testing::PrintToString(arguments);
     }
+}
+
+// On a terminal and only there, unless it is to be quiet. What is written is not taken for a while in the midst of the
+// third input.
+TEST_F(RunTest, ProgressCountsEveryInput) {
+    synthesize("--minutes 1");
+    runInSilence({"-a", "dive"});
+    const std::string before = std::to_string(read("dive.asc").size() * 23 / 10);
+    const auto shown = [&](const std::string& options) {
+        return OutputOf("cd " + path("") + " && script -qec \"" UNSERIALIZE_PROGRAM " " + options +
+                        " stdout 'dive;dive;dive' | (head -c " + before + "; sleep 0.3; cat) >/dev/null\" /dev/null");
+    };
+    const std::string lines = shown("-aOo");
+    EXPECT_LT(67, atoi(lines.substr(lines.rfind('\r', lines.rfind('%')) + 4).c_str())) << lines;
+    EXPECT_EQ(" left\r\033[K", lines.substr(lines.size() - 9));
+    EXPECT_EQ("", shown("-aqOo") + shown("2>said -aOo") + read("said"));
 }

@@ -25,8 +25,6 @@ public:
     bool isReadable() override { return true; }
     bool eof() override { return ended_; }
 
-    size_t bytesLeft() const { return bytes_.length() - at_; }
-
 private:
     const Str& bytes_;  // borrowed
     size_t at_ = 0;     // next byte

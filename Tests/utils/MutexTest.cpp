@@ -7,20 +7,14 @@
 
 #include "utils/Timespan.h"
 
-static bool AnotherThreadGets(Mutex& mutex) {
-    bool got = false;
-    std::thread([&] { got = mutex.tryLock() && mutex.unlock() == 0; }).join();
-    return got;
-}
-
 TEST(MutexTest, IsRecursive) {
     Mutex mutex;
     EXPECT_EQ(0, mutex.lock());
     EXPECT_TRUE(mutex.tryLock());
     EXPECT_EQ(0, mutex.unlock());
-    EXPECT_FALSE(AnotherThreadGets(mutex));
+    std::thread([&] { EXPECT_FALSE(mutex.tryLock()); }).join();
     EXPECT_EQ(0, mutex.unlock());
-    EXPECT_TRUE(AnotherThreadGets(mutex));
+    std::thread([&] { EXPECT_TRUE(mutex.tryLock() && mutex.unlock() == 0); }).join();
 }
 
 TEST(MutexTest, AnUnlockByAStrangerIsReported) {

@@ -38,16 +38,6 @@ protected:
 
 }  // namespace
 
-TEST_F(LogEngineTest, EntriesAreOfferedInOrderWhereTheRuleHolds) {
-    LogEngine engine;
-    engine.addAssociation(writer("a:"), nullptr);
-    engine.addAssociation(writer("b:"), only(LogEntry::SYSLOG_LOG_ENTRY));
-    engine.processEntry(&cycle_);
-    EXPECT_EQ("a:entry ", take());
-    engine.processEntry(&message_);
-    EXPECT_EQ("a:entry b:entry ", take());
-}
-
 TEST_F(LogEngineTest, ACycleStartEndsTheCycleOfThoseThatGotSomething) {
     LogEngine engine;
     engine.addAssociation(writer("a:"), only(LogEntry::SYSLOG_LOG_ENTRY));
@@ -106,11 +96,14 @@ TEST_F(LogEngineTest, MessagesWaitInTheQueueAndThoseOfTheWritersFollow) {
     EXPECT_EQ("entry entry ", take());
 }
 
-TEST_F(LogEngineTest, ABorrowedQueueKeepsWhatWasNotDelivered) {
+TEST_F(LogEngineTest, ALimitLeavesTheRestToTheNextEngineOfTheQueue) {
     LogQueue queue;
-    {
+    for (int i = 0; i < 4; ++i) queue.push(new SyslogEntry(message_));
+    const std::pair<int, const char*> limits[] = {{-1, "entry "}, {3600, "footer deleted entry entry entry "}};
+    for (const auto& [seconds, calls] : limits) {
         LogEngine engine(queue);
-        engine.queueEntry(new SyslogEntry(message_));
+        engine.addAssociation(writer(""), nullptr);
+        engine.processQueue(Timespan(seconds, 0));
+        EXPECT_EQ(calls, take());
     }
-    EXPECT_NE(queue.peek(), nullptr);
 }

@@ -5,6 +5,7 @@
 
 #include "EntryFixture.h"
 #include "data/BlobValue.h"
+#include "data/StrValue.h"
 #include "units/Units.h"
 
 class DataEntryTest : public WorkedFixture {
@@ -88,23 +89,31 @@ TEST_F(DataEntryTest, TheShownUnitIsTheOneAskedForElseTheAccessesElseTheValues) 
     EXPECT_TRUE(write(*none).isEmpty());
 }
 
+// The search begins again whenever there is more to be found.
 TEST_F(DataEntryTest, AnUntypedAccessTakesTheTypeOfARelatedOne) {
+    static const char* const UNTYPED = "\"none\" type=FF size=0000 fl=00";
     readRecord("e code=0001 elementURI=\"Depth.late\" type=02\n");
     readRecord("e code=0002 elementURI=\"depth\" type=04\n");
-    readAccess(1, 0, "3FFF", "\"none\" type=FF size=0000 fl=00");  // an earlier sibling: access 0
-    readAccess(2, 1, "3FFF", "\"none\" type=FF size=0000 fl=00");  // a later one: access 3
+    readAccess(1, 0, "3FFF", UNTYPED);  // between two siblings, 0 and 7: the later one
+    readAccess(2, 1, "3FFF", UNTYPED);  // before access 3
+    EXPECT_EQ(read(FromHex("24 2A 05 00")), nullptr);
     readAccess(3, 1, "0002", "\"second\" type=05 size=0002 fl=01");
-    readAccess(4, 2, "FFFF", "\"none\" type=FF size=0000 fl=00");  // the universal that access 3 serves
-    readAccess(5, 1, "0002", "\"none\" type=FF size=0000 fl=00");  // one that serves a universal inherits nothing
-    EXPECT_NE(read(FromHex("14 0B 71 02 00 C0 3F")), nullptr);
+    readAccess(4, 2, "FFFF", UNTYPED);  // the universal that access 3 serves
+    readAccess(5, 1, "0002", UNTYPED);  // one that serves a universal inherits nothing
+    readAccess(6, 2, "3FFF", UNTYPED);  // after access 4, once that has its type
+    readAccess(7, 0, "3FFF", "\"meter\" type=0F size=0004 fl=01");
+    EXPECT_NE(read(FromHex("14 2A 00 00 C0 3F")), nullptr);
     EXPECT_STREQ(accessAt(1).getUnit()->getName(), "meter");
     EXPECT_NE(read(FromHex("24 2A 05 00")), nullptr);
     EXPECT_EQ(accessAt(2).getBinaryType(), SHORT2);
+    EXPECT_EQ(read(FromHex("64 2A 05 00")), nullptr);
     EXPECT_NE(read(FromHex("44 2A 05 00")), nullptr);
     EXPECT_EQ(accessAt(4).getTypeSize(), 2);
+    EXPECT_NE(read(FromHex("64 2A 05 00")), nullptr);
     EXPECT_EQ(read(FromHex("54 2A 05 00")), nullptr);
     EXPECT_TRUE(error_);
-    EXPECT_EQ(log_.take(), Lines{"ERROR No type known for data access 0x5"});
+    EXPECT_EQ(log_.take(), (Lines{"ERROR No type known for data access 0x2", "ERROR No type known for data access 0x6",
+                                  "ERROR No type known for data access 0x5"}));
 }
 
 TEST_F(DataEntryTest, WhatCannotBeReadIsDroppedWithItsMessage) {
@@ -169,28 +178,23 @@ TEST_F(DataEntryTest, LargeCodesTakeTheThreeByteHeaderAndLargerOnesAreNotWritten
     EXPECT_TRUE(write(*entryOf(8192, Units::METER.dataValue(1.5, FLOAT3))).isEmpty());
 }
 
-TEST_F(DataEntryTest, AnOldLogAlwaysCarriesTheValue) {
-    read(FromHex(WORKED_DATA));
-    const auto unchanged = read<DataEntry>(FromHex(WORKED_UNCHANGED));
-    unchanged->setTimestamp(timeBase_);
-    DirectoryEntry::CurrentLogVersion_ = 3;
-    EXPECT_STREQ(write(*unchanged).asHex().cStr(), "0C0000C03F");
-}
-
 // Also where it has none yet, and as a double where the class of its value has nothing for it.
 TEST_F(DataEntryTest, ANumberSetIsTheEntrysOwn) {
     const auto entry = read<DataEntry>(FromHex(WORKED_DATA));
     entry->setNumber(Units::KILOMETER, 0.004);
     EXPECT_NEAR(entry->getNumber(Units::METER), 4, 1e-3);
     EXPECT_EQ(read<DataEntry>(FromHex(WORKED_UNCHANGED))->getNumber(Units::METER), 1.5);
-    const std::tuple<DataValue*, double, BinaryDataType, const char*> cases[] = {
-        {Units::METER.dataValue(7, INT4), 9, INT4, "9"},
-        {Units::METER.dataValue(7, INT4), NAN, DOUBLE8, "nan"},
-        {nullptr, 1500, DOUBLE8, "1500.000000"}};
-    for (const auto& [before, number, type, text] : cases) {
+    const std::tuple<DataValue*, double, BinaryDataType, const Unit&, const char*> cases[] = {
+        {Units::METER.dataValue(7, INT4), 9, INT4, Units::METER, "9000"},
+        {Units::METER.dataValue(7, INT4), NAN, DOUBLE8, Units::METER, "nan"},
+        {Units::METER.dataValue(7, FLOAT4), NAN, FLOAT4, Units::METER, "nan"},
+        {new StrValue("7"), 9, DOUBLE8, Units::NONE, "9000.000000"},
+        {nullptr, 1.5, DOUBLE8, Units::KILOMETER, "1500.000000"}};
+    for (const auto& [before, number, type, unit, text] : cases) {
         const auto made = entryOf(0, before);
-        made->setNumber(Units::METER, number);
+        made->setNumber(Units::KILOMETER, number);
         EXPECT_EQ(made->getDataValue()->getBinaryType(), type) << text;
+        EXPECT_EQ(made->getDataValue()->getUnit(), &unit) << text;
         EXPECT_STREQ(made->getDataValueString(&Units::METER, true).cStr(), text);
     }
 }

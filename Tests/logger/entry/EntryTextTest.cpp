@@ -20,16 +20,13 @@ static void ExpectAsPrinted(const Timestamp& t) {
     }
 }
 
-TEST(EntryTextTest, SecondsAreThoseOfTheDoubleAlsoAtTiesAndCarries) {
+TEST(EntryTextTest, SecondsAreThoseOfTheDouble) {
     for (const long seconds : {-2L, -1L, 0L, 1L, 1338553800L, 2147483647L, 4294967295L, 4294967296L, 17179869184L}) {
         for (const long micros :
              {0L, 1L, 499L, 500L, 501L, 1500L, 2500L, 410000L, 999499L, 999500L, 999501L, 999999L}) {
             ExpectAsPrinted(Timestamp(timeval{seconds, micros}));
         }
     }
-}
-
-TEST(EntryTextTest, SecondsOfRandomInstantsAreThoseOfTheDouble) {
     std::mt19937 random(1);
     for (int i = 0; i < 20000; ++i) {
         ExpectAsPrinted(Timestamp(timeval{static_cast<long>(random()), static_cast<long>(random() % 1000000)}));

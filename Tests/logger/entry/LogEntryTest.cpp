@@ -23,28 +23,6 @@ protected:
     }
 };
 
-TEST_F(LogEntryTest, EveryKindReadsPrintsAndWritesBackTheSameBytes) {
-    timeBase_ = Timestamp::NOT_SET_TIME;
-    for (const WorkedEntry& worked : WORKED_LOG) {
-        const auto entry = read(worked.toBytes());
-        ASSERT_NE(entry, nullptr) << worked.line_;
-        EXPECT_FALSE(error_);
-        EXPECT_STREQ(entry->toString(nullptr).cStr(), worked.line_);
-        EXPECT_STREQ(write(*entry).asHex().cStr(), worked.toBytes().asHex().cStr()) << worked.line_;
-    }
-}
-
-TEST_F(LogEntryTest, EveryShorterFormIsDroppedWithAMessage) {
-    readDirectory();
-    for (const WorkedEntry& worked : WORKED_LOG) {
-        const Str full = worked.toBytes();
-        for (size_t length = 0; length < full.length(); ++length) {
-            EXPECT_EQ(read(full.substr(0, length)), nullptr) << worked.line_ << " cut at " << length;
-            EXPECT_EQ(log_.take().empty(), length == 0) << worked.line_ << " cut at " << length;
-        }
-    }
-}
-
 // 10 ms after the time base, in both packed forms and as old logs have it.
 TEST_F(LogEntryTest, TimesAreWrittenAndReadByPrecisionAndVersion) {
     struct Case {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -27,33 +28,25 @@ class CompositeRulesTest : public testing::Test {
 protected:
     Rule* yes(char name) { return new Told(name, true, journal_); }
     Rule* no(char name) { return new Told(name, false, journal_); }
-    std::string take() { return std::exchange(journal_, ""); }
 
     std::string journal_;
 };
 }  // namespace
 
-TEST_F(CompositeRulesTest, OrAsksInOrderUntilOneAdmits) {
-    EXPECT_TRUE(OrRule(no('a'), no('b'), nullptr, yes('d'), yes('e')).check(nullptr));
-    EXPECT_EQ("abd~~~~", take());
-    EXPECT_FALSE(OrRule(no('a'), no('b')).check(nullptr));
-    EXPECT_EQ("ab~~", journal_);
-}
-
-TEST_F(CompositeRulesTest, AndAsksInOrderUntilOneRefuses) {
-    EXPECT_FALSE(AndRule(yes('a'), yes('b'), nullptr, nullptr, no('e'), nullptr, yes('g')).check(nullptr));
-    EXPECT_EQ("abe~~~~", take());
-    EXPECT_TRUE(AndRule(yes('a'), yes('b')).check(nullptr));
-    EXPECT_EQ("ab~~", journal_);
-}
-
-TEST_F(CompositeRulesTest, NotAdmitsWhatItsChildRefuses) {
-    EXPECT_TRUE(NotRule(no('a')).check(nullptr));
-    EXPECT_FALSE(NotRule(yes('b')).check(nullptr));
-    EXPECT_EQ("a~b~", journal_);
-}
-
-TEST_F(CompositeRulesTest, TextsShowTheTree) {
-    EXPECT_STREQ("(a) OR (b) OR (e)", OrRule(no('a'), no('b'), nullptr, nullptr, no('e')).toString().cStr());
-    EXPECT_STREQ("(a) AND (NOT(b))", AndRule(no('a'), new NotRule(no('b'))).toString().cStr());
+// One kind until one admits, the other until one refuses. The children go with their parent.
+TEST_F(CompositeRulesTest, AskInOrderNoMoreThanTheyNeed) {
+    const std::tuple<Rule*, bool, const char*, const char*> cases[] = {
+        // with the journal and the text
+        {new OrRule(no('a'), no('b'), nullptr, yes('d'), yes('e')), true, "abd~~~~", "(a) OR (b) OR (d) OR (e)"},
+        {new OrRule(no('a'), no('b')), false, "ab~~", "(a) OR (b)"},
+        {new AndRule(yes('a'), yes('b'), nullptr, nullptr, no('e'), nullptr, yes('g')), false, "abe~~~~",
+         "(a) AND (b) AND (e) AND (g)"},
+        {new AndRule(yes('a'), new NotRule(no('b'))), true, "ab~~", "(a) AND (NOT(b))"},
+        {new NotRule(yes('a')), false, "a~", "NOT(a)"}};
+    for (const auto& [rule, admits, journal, text] : cases) {
+        EXPECT_STREQ(text, rule->toString().cStr());
+        EXPECT_EQ(admits, rule->check(nullptr)) << text;
+        delete rule;
+        EXPECT_EQ(journal, std::exchange(journal_, ""));
+    }
 }

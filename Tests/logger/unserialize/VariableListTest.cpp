@@ -50,24 +50,27 @@ TEST_F(VariableListTest, ParentsSelectVariablesButNeverUniversals) {
 
 TEST_F(VariableListTest, SettingsAreListedApart) {
     log_.declareSetting("Nav.gain");
+    log_.declare("Nav.mode", Units::NONE, DOUBLE8, ElementURI::CONFIG_ELEMENT);
     log_.declare("Config/Nav.limit");
     log_.declareSetting("Nav.keyText");
     log_.declare("Nav.x");
     EXPECT_EQ("Nav.x none", add({}, false));
     EXPECT_EQ("", settings());  // which the first input alone gives
     EXPECT_EQ("Nav.x none", add());
-    EXPECT_EQ("Nav.gain Config/Nav.limit ", settings());
+    EXPECT_EQ("Nav.gain Nav.mode Config/Nav.limit ", settings());
     add();
-    EXPECT_EQ("Nav.gain Config/Nav.limit ", settings());  // once each
+    EXPECT_EQ("Nav.gain Nav.mode Config/Nav.limit ", settings());  // once each
 }
 
 TEST_F(VariableListTest, AReadingThatIsRepeatedCountsAsASetting) {
     DataAccess* const depth = log_.declare("Depth.depth", Units::METER);
+    DataAccess* const speed = log_.declare("Nav.speed");
+    for (DataAccess* const access : {speed, depth}) log_.declareReader("Nav", access);
     log_.declareReader("Control", depth);
-    EXPECT_EQ("Depth.depth meter", add());
-    EXPECT_EQ("", settings());  // one reading of what another component wrote is none
+    EXPECT_EQ("Depth.depth meter, Nav.speed none", add());
+    EXPECT_EQ("", settings());  // another component's, another element's, or one after a writing
     log_.declareReader("Control", depth);
-    EXPECT_EQ("Depth.depth meter", add());
+    EXPECT_EQ("Depth.depth meter, Nav.speed none", add());
     EXPECT_EQ("Depth.depth ", settings());
 }
 

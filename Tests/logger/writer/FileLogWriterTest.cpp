@@ -115,3 +115,14 @@ TEST_F(FileLogWriterTest, FailuresAreNamedWithTheReason) {
     }
     EXPECT_TRUE(std::filesystem::exists("/dev/full"));  // a device is written to, not replaced
 }
+
+TEST_F(FileLogWriterTest, AFailureOfEachFileIsToldAsSoonAsItIsKnown) {
+    FileLogWriter writer("", inner(), false, nullptr);
+    for (const auto flushFreq : {FileLogWriter::FLUSH_PER_WRITE, FileLogWriter::FLUSH_PER_CYCLE}) {
+        writer.open("/dev/full", false);
+        writer.setFlushFreq(flushFreq);
+        writer.write(log_.cycle(0), nullptr);
+        writer.endCycle();
+        EXPECT_EQ(1U, messages_.take().size());
+    }
+}

@@ -102,14 +102,3 @@ TEST_F(FilterLogWriterTest, PassesCycleStartsFromTheSecondOn) {
     EXPECT_EQ("", writer.matches(log_.running("Depth", 1, 3)));
     EXPECT_EQ("cycle ", writer.matches(log_.cycle(2)));
 }
-
-TEST_F(FilterLogWriterTest, ASecondInputMayGiveOtherCodes) {
-    MatchWriter writer(names_, units_, false, none_);
-    writer.matches(log_.data(depth_, 1, 2.5));
-    Slate::ClearDirectory();
-    writer.resetInputs();
-    DataAccess* other = log_.declare("Other.value");
-    DataAccess* depth = log_.declare("Depth.depth", Units::METER);
-    EXPECT_EQ("", writer.matches(log_.data(other, 1, 1)));
-    EXPECT_EQ("data0:cm ", writer.matches(log_.data(depth, 1, 2.5)));
-}

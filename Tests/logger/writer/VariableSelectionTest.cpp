@@ -76,13 +76,3 @@ TEST_F(VariableSelectionTest, StandardNames) {
         EXPECT_STREQ(expected, name == nullptr ? "none" : name->cStr()) << index << ' ' << code;
     }
 }
-
-TEST_F(VariableSelectionTest, ReadingTheDirectoryClosesTheSearch) {
-    NameList names{"Depth.depth", "depth"};  // the latter is a universal that this log does not use
-    VariableSelection selection(names.count(), names.list(), nullptr);
-    EXPECT_FALSE(selection.resolve());
-    log_.endDirectory();
-    EXPECT_TRUE(selection.resolve());
-    EXPECT_FALSE(selection.isFound(1));
-    EXPECT_EQ(nullptr, selection.shownUnit(1));
-}

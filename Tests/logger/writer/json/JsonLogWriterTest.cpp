@@ -14,9 +14,6 @@ protected:
         log_.endDirectory();
         NameList nameList(names), unitList(units);
         JsonLogWriter writer(formatted, nameList.count(), nameList.list(), unitList.listOrNull(), 0, nullptr);
-        return written(writer, entries);
-    }
-    std::string written(JsonLogWriter& writer, const std::vector<const LogEntry*>& entries) {
         MemoryOutStream out;
         writer.setOutStream(out);
         EXPECT_EQ(0U, writer.writeHeader());
@@ -142,20 +139,4 @@ TEST_F(JsonLogWriterTest, NamesThatTheLogDoesNotKnow) {
     EXPECT_EQ("{\"a\":{" + known + "}}\n", document({"a.x", "a.lost"}, {entry}));
     EXPECT_EQ("{\"a\":{" + known + ",\"lost\":{\"value\":[],\"units\":\"m\",\"time\":[]}}}\n",
               document({"a.x", "a.lost", "a.open", "a.lost"}, {entry}, {nullptr, nullptr, "meter", "meter"}));
-}
-
-TEST_F(JsonLogWriterTest, TheNextInputAddsToTheSamePlaces) {
-    NameList names({"a.x", "a.y"});
-    JsonLogWriter writer(false, names.count(), names.list(), nullptr, 0, nullptr);
-    log_.endDirectory();
-    writer.write(log_.data(log_.declare("a.x"), 0, 1), nullptr);
-    writer.resetInputs();
-    SmallLog next;
-    DataAccess* y = next.declare("a.y");
-    DataAccess* x = next.declare("a.x");
-    next.endDirectory();
-    EXPECT_EQ(
-        "{\"a\":{\"x\":{\"value\":[1,3],\"units\":\"n/a\",\"time\":[1338553800000,1338553802000]},"
-        "\"y\":{\"value\":[2],\"units\":\"n/a\",\"time\":[1338553801000]}}}\n",
-        written(writer, {next.data(y, 1, 2), next.data(x, 2, 3)}));
 }

@@ -52,8 +52,14 @@ TEST_F(KmlLogWriterTest, ATrackInThreeDimensions) {
     EXPECT_EQ("", take());  // no depth yet
     point(1, 36.5, -122, 10);
     EXPECT_EQ(2u, CountOf(take(), "\n-122.000000,36.500000,-10.000000\n"));  // the start and the line
+    fix(2, 36.5000009, -122);                                                // 1.6e-8 rad: less than counts
+    write(log_.data(latitude_, 2, 0));
     write(log_.cycle(2));
     EXPECT_EQ("", take());
+    fix(2.5, 36.5000011, -122);
+    write(log_.cycle(2.5));
+    EXPECT_EQ("-122.000000,36.500001,-10.000000\n", take());
+    fix(3, 36.5, -122);
     write(log_.bestData(depth_, 3, 0));
     write(log_.cycle(3));
     write(log_.cycle(4));
@@ -63,10 +69,14 @@ TEST_F(KmlLogWriterTest, ATrackInThreeDimensions) {
     EXPECT_EQ("-122.000000,36.500000,-0.000000\n-122.000000,36.600000,-0.000000\n", take());
     write(log_.syslog(5, "two\nlines", Syslog::CRITICAL, "Nav"));
     EXPECT_EQ("", take());
+    fix(6, 36.6, -122);
+    write(log_.bestData(depth_, 7, NAN));
     kml_->writeFooter();
-    EXPECT_EQ(1u, CountOf(take(),
+    const std::string end = take();
+    EXPECT_EQ(1u, CountOf(end,
                           "     <description><![CDATA[20120601T123005 [Nav]:two#lines     ]]></description>\n"
                           "     <TimeStamp><when>2012-06-01T12:30:04Z</when></TimeStamp>\n"));
+    EXPECT_EQ(1u, CountOf(end, "<when>2012-06-01T12:30:06Z</when></TimeStamp>\n      <styleUrl>#end<"));
     kml_->writeFooter();
     EXPECT_EQ("", take());
 }
@@ -91,14 +101,29 @@ TEST_F(KmlLogWriterTest, ATrackInTwoDimensions) {
     const std::string start = take();
     EXPECT_EQ(1u, CountOf(start, "      <name>start</name>\n      <styleUrl>#start</styleUrl>\n"));
     EXPECT_EQ(2u, CountOf(start, "\n-122.0000,36.5000\n"));
-    fix(1, 36.5001, -122);  // 1.7e-6 rad: less than counts
+    fix(1, 36.50019, -122);  // 3.3e-6 rad: less than counts
     write(log_.cycle(1));
     EXPECT_EQ("", take());
-    fix(2, 36.5003, -122);
+    fix(2, 36.50021, -122);
     write(log_.cycle(2));
-    EXPECT_EQ("-122.0000,36.5003\n", take());
+    EXPECT_EQ("-122.0000,36.5002\n", take());
     kml_->writeFooter();
-    EXPECT_EQ(1u, CountOf(take(), "\n-122.000000,36.500300,0.000000\n"));
+    EXPECT_EQ(1u, CountOf(take(), "\n-122.000000,36.500210,0.000000\n"));
+    fix(3, 36.50021, -122);
+    write(log_.cycle(3));
+    EXPECT_EQ(2u, CountOf(take(), "\n-122.0000,36.5002\n"));  // the next document starts there
+}
+
+TEST_F(KmlLogWriterTest, ATrackBeginsAHundredMetresFromZero) {
+    for (const double metres : {99, -101}) {
+        const double degrees = Units::DEGREE.getScaled(metres * Location::EARTH_RADIUS_INVERTED);
+        for (const bool isNorth : {true, false}) {
+            open(false, false);
+            fix(0, isNorth ? degrees : 0, isNorth ? 0 : degrees);
+            write(log_.cycle(0));
+            EXPECT_EQ(metres == 99, take().empty()) << metres << isNorth;
+        }
+    }
 }
 
 TEST_F(KmlLogWriterTest, NoLineHasMoreThanTenThousandPoints) {
