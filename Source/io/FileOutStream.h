@@ -28,7 +28,7 @@ public:
     void flush();
     bool seek(unsigned int offset);
     int tell();  // 0 with no file; the greatest int past it
-    const char* getName() { return filename_.cStr(); }
+    const char* getName() override { return filename_.cStr(); }
     // The system's error number of the first open, write, flush or close that failed since the last open, else 0.
     int firstError() const { return firstError_; }
 

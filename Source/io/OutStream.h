@@ -15,6 +15,7 @@ public:
     virtual OutStream& write(const char* buf, size_t n) = 0;  // buf is not kept
     virtual OutStream& writeHex(const char* buf, size_t n);
     virtual bool isWritable() = 0;
+    virtual const char* getName() { return "unknown"; }  // of the file
     virtual OutStream& write(const char* s);
     virtual OutStream& writeHex(const char* s);
 
