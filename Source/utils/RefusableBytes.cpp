@@ -15,3 +15,9 @@ bool RefusableBytes::grow(size_t more) {
     room_ = room;
     return true;
 }
+
+void RefusableBytes::clear() {
+    free(bytes_);
+    bytes_ = nullptr;
+    length_ = room_ = 0;
+}

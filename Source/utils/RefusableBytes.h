@@ -13,12 +13,17 @@ public:
     RefusableBytes& operator=(const RefusableBytes&) = delete;
     ~RefusableBytes() { free(bytes_); }
 
-    void append(const void* bytes, size_t length) {
-        if (length > room_ - length_ && !grow(length)) return;
-        memcpy(bytes_ + length_, bytes, length);
+    // Room for so many bytes more, to be filled before the next call; null when it is refused.
+    void* extend(size_t length) {
+        if (length > room_ - length_ && !grow(length)) return nullptr;
         length_ += length;
+        return bytes_ + length_ - length;
+    }
+    void append(const void* bytes, size_t length) {
+        if (void* const room = extend(length)) memcpy(room, bytes, length);
     }
     void cutTo(size_t length) { length_ = length; }  // at most the length so far
+    void clear();                                    // gives the memory back
 
     char* data() { return bytes_; }  // until the next append; null before the first
     size_t length() const { return length_; }

@@ -7,6 +7,7 @@
 #include "logger/writer/MatlabCells.h"
 #include "logger/writer/MatlabLeaf.h"
 #include "logger/writer/MatlabTree.h"
+#include "logger/writer/PaddingLimit.h"
 #include "logger/writer/SlateWatch.h"
 #include "utils/hdf5/Hdf5Writer.h"
 
@@ -52,4 +53,5 @@ private:
     const std::unique_ptr<MatlabLeaf*[]> leafOf_;  // per request, of leaves_; null: none
     const std::unique_ptr<int[]> shortestFirst_;   // the requests by the length of their names
     SlateWatch watch_;                             // of the last try to place them
+    PaddingLimit padding_;
 };

@@ -293,6 +293,7 @@ bool NetCdfWriter::writeRecord(const Timestamp& t) {
         NetCdfVar& var = *varArray_.at(i);
         if (!var.isRecord_) continue;
         var.block_->addNumber(&var == timeVar_ ? t.asDouble() : var.number());
+        if (var.block_->isRefused()) return refuseRecord();
         ++var.numRecs_;
         isFull = isFull || var.block_->isFull();
     }
@@ -311,8 +312,19 @@ bool NetCdfWriter::writeVarRecord(NetCdfVar* var, const ElementURI* uri) {
     } else {
         var->block_->addText(var->isMissing() ? Str() : var->dataValue()->toString());
     }
+    if (var->block_->isRefused()) return refuseRecord();
     ++var->numRecs_;
     return !var->block_->isFull() || flushVarRecords(*var);
+}
+
+bool NetCdfWriter::refuseRecord() {
+    check(NC_ENOMEM);
+    report("write");
+    return false;
+}
+
+size_t NetCdfWriter::NewRoom(const NetCdfVar& var) {
+    return var.numRecs_ % CHUNK_RECORDS == 0 ? CHUNK_RECORDS * var.block_->recordBytes() : 0;
 }
 
 // Row by row, as the blob lies. Elements that it does not have are NaN.

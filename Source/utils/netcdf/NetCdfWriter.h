@@ -62,6 +62,9 @@ public:
     // The current value makes the next record of the variable, which may be one of a group; others than record
     // variables are left alone. An array's shape is that of the element name, which may be null.
     bool writeVarRecord(NetCdfVar* var, const ElementURI* uri);
+    // Bytes that the variable's next record adds to a NetCDF-4 file before they are compressed: a chunk when it begins
+    // one, else none.
+    static size_t NewRoom(const NetCdfVar& var);
     // Between the two, after initialize, attributes can be set again to values of any length.
     bool beginAttChanges();
     bool endAttChanges();
@@ -86,6 +89,7 @@ private:
     void spreadBlocks();
 
     static void GatherArray(const NetCdfVar& var, const BlobValue& blob, const ElementURI& uri);
+    bool refuseRecord();
     bool flushRecords();
     bool flushVarRecords(NetCdfVar& var);
     bool flushAll();
