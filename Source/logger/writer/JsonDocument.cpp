@@ -104,6 +104,15 @@ void JsonDocument::forgetElements() {
     for (unsigned int i = 0; i < places_.size(); ++i) places_.getIndexed(i)->leaf_.forget();
 }
 
+size_t JsonDocument::heldBytes() const {
+    size_t bytes = 0;
+    for (unsigned int i = 0; i < places_.size(); ++i) {
+        const JsonLeaf& leaf = places_.getIndexed(i)->leaf_;
+        bytes += leaf.values_.length() + leaf.times_.length();
+    }
+    return bytes;
+}
+
 // The document with a mark for each array; empty without memory.
 Str JsonDocument::printNames() {
     static const size_t MARK_ROOM = 16;

@@ -60,6 +60,7 @@ public:
     JsonLeaf* addLeaf(const Str& name, const char* units);
     bool isEmpty() const { return places_.size() == 0; }
     bool isRefused() const { return refused_; }  // there was no memory for an object
+    size_t heldBytes() const;                    // of the samples
 
     // The whole document. False, with nothing written, when there is no memory for its names.
     bool write(OutStream& out);

@@ -157,7 +157,6 @@ void JsonLogWriter::writeDocument() {
     json_.reset();
 }
 
-// The document gives its memory back: other outputs go on.
 void JsonLogWriter::endEarly() {
     tellRefused();
     writeDocument();

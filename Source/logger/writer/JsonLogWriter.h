@@ -24,6 +24,8 @@ public:
     unsigned int writeData(const DataEntry* entry, int varIndex, const Unit* unit) override;
     unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) override;
     void resetInputs() override;
+    size_t heldBytes() override { return json_ == nullptr ? 0 : json_->heldBytes(); }
+    void endEarly() override;  // writes the document
 
 private:
     // The place of a request: null while it has none, or when another request of an equal name has it.
@@ -50,7 +52,6 @@ private:
     void addVar(int index, const Unit& unit);
 
     bool addValue(JsonLeaf& leaf, const DataEntry& entry, int index);
-    void endEarly();
     void writeDocument();
     void tellRefused() const;
     const char* fileName() const { return logStream_ == nullptr ? "" : logStream_->getName(); }

@@ -94,6 +94,7 @@ void PendingRows::dropFront() {
         delete sample;
     }
     rows_.dropFirst();
+    --rowCount_;
     if (ready_ == row) ready_ = nullptr;
     delete row;
 }
@@ -112,6 +113,7 @@ PendingRows::Row* PendingRows::rowAt(const Timestamp& time) {
     row->time_ = time;
     row->serial_ = nextSerial_++;
     rows_.insertAfter(previous, row);
+    ++rowCount_;
     return row;
 }
 

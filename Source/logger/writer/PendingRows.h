@@ -28,6 +28,7 @@ public:
     void add(const SyslogEntry& entry, const Timestamp& earliest);  // one per row; a later one replaces it
 
     bool isEmpty() const { return rows_.isEmpty(); }
+    size_t heldBytes() const { return rowCount_ * ROW_BYTES; }  // about
     // The oldest row can no longer change. Judged by the last add alone: call it after each.
     bool hasReadyRow() const { return ready_ != nullptr && rows_.first() != ready_; }
 
@@ -97,7 +98,10 @@ private:
 
     const int columnCount_;
     std::unique_ptr<Column[]> columns_;
-    TimeOrder<Row> rows_;   // owned
+    static const size_t ROW_BYTES = 300;  // with its samples, in a table of few columns
+
+    TimeOrder<Row> rows_;  // owned
+    size_t rowCount_ = 0;
     Row* ready_ = nullptr;  // the rows before it can leave
     unsigned long nextSerial_ = 0;
     Cell madeCell_;                   // the interpolated cell handed out last

@@ -46,6 +46,7 @@ Hdf5Column::Hdf5Column(Hdf5File& file, Hdf5Id group, const char* name, Hdf5Id fi
 // The library keeps no chunk in memory: whole ones come and go. Bytes of like weight side by side compress faster and
 // further.
 void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
+    const MemoryReserve::Loan memory;
     const int last = shape_.rank_ - 1;
     hsize_t limits[Hdf5Shape::MAX_RANK];
     hsize_t chunk[Hdf5Shape::MAX_RANK];
@@ -85,6 +86,7 @@ void* Hdf5Column::addBytes(size_t bytes) {
 void Hdf5Column::flush() {
     const size_t records = count_;
     if (records == 0) return;
+    const MemoryReserve::Loan memory;
     count_ = 0;
     room_ = static_cast<size_t>(chunkRecords_ - (written_ + records) % chunkRecords_);
     const int last = shape_.rank_ - 1;

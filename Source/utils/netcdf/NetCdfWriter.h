@@ -1,5 +1,6 @@
 #pragma once
 
+#include "utils/MemoryReserve.h"
 #include "utils/Timestamp.h"
 #include "utils/netcdf/NetCdf.h"
 #include "utils/netcdf/NetCdfAttValue.h"
@@ -75,16 +76,22 @@ public:
 private:
     static const int GLOBAL_ID = -1;  // stands for the file where a variable's id is asked for
     static const size_t CHUNK_RECORDS = 256;
+    static const size_t WORKING_CHUNKS = 4;            // that the library may need beside each other to compress one
     static const size_t CHUNK_CACHE_ROOM = 134217728;  // bytes, for all chunks of a file that are in work
     static const size_t ROW_ROOM = 524288;             // bytes of a classic file over which a block is spread
 
     bool create();
+    bool close();
     bool check(int status);  // notes the status of a call of the library
+    // Makes the call, when there are so many bytes of memory at least, and notes its status.
+    template <typename Call>
+    bool call(const Call& call, size_t bytes = 0);
     void report(const char* failedTo);
     void defineTrajectory();
     NetCdfVar* defineVar(const Str& name, NetCdfType type, int nDims, const int* dimIds);
     void chunk(const NetCdfVar& var, const size_t* recordShape);
     NetCdfAtt* addAtt(NetCdfAtts& atts, int varId, const Str& name, const NetCdfAttValue& value);
+    size_t layoutBytes() const;
     bool initializeGroups();
     void spreadBlocks();
 
