@@ -30,7 +30,7 @@ public:
     void flush();                    // hands what is gathered to the system
     bool seek(unsigned int offset);  // bytes from the start; false with no file or on failure
     int tell();  // bytes from the start; 0 with no file, the greatest int past it, -1 where there are no positions
-    const char* getName() { return filename_.cStr(); }  // the path; until the next open
+    const char* getName() override { return filename_.cStr(); }  // the path; until the next open
     // The system's error number of the first open, write, flush or close that failed since the last open, else 0.
     // ENXIO: nobody reads the pipe, which is not waited for.
     int firstError() const { return firstError_; }

@@ -16,6 +16,7 @@ public:
     virtual OutStream& write(const char* buf, size_t n) = 0;  // buf is not kept
     virtual OutStream& writeHex(const char* buf, size_t n);   // two upper-case digits a byte
     virtual bool isWritable() = 0;                            // it has a target; says nothing of room left there
+    virtual const char* getName() { return "unknown"; }       // of the file
     virtual OutStream& write(const char* s);                  // up to its NUL, which is not written
     virtual OutStream& writeHex(const char* s);               // likewise, two digits a byte
 

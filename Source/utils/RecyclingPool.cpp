@@ -3,11 +3,13 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "utils/MemoryReserve.h"
+
 void* RecyclingPool::takeBlock() {
     if (mallocRing_ == nullptr && !drained_) mallocRing_ = new RingBufferVoid(true);
     void* const recycled = mallocRing_ == nullptr ? nullptr : mallocRing_->pop();
-    void* const block = recycled != nullptr ? recycled : malloc(blockSize_);
-    if (block == nullptr) abort();  // an operator new must not return null
+    void* block = recycled != nullptr ? recycled : malloc(blockSize_);
+    for (; block == nullptr; block = malloc(blockSize_)) MemoryReserve::Take();  // operator new must not return null
     return block;
 }
 

@@ -37,6 +37,18 @@ void LogEngine::resetInputs() {
     for (unsigned int i = 0; i < associations_.count(); ++i) associations_.at(i)->resetInputs();
 }
 
+bool LogEngine::freeMemory() {
+    static const size_t LITTLE = 1048576;  // bytes
+    LogWriter* largest = nullptr;
+    for (unsigned int i = 0; i < associations_.count(); ++i) {
+        LogWriter* const writer = associations_.at(i)->getWriter();
+        if (writer == nullptr || writer->heldBytes() <= LITTLE) continue;
+        if (largest == nullptr || writer->heldBytes() > largest->heldBytes()) largest = writer;
+    }
+    if (largest != nullptr) largest->endEarly();
+    return largest != nullptr;
+}
+
 void LogEngine::uninitialize() {
     for (unsigned int i = 0; i < associations_.count(); ++i) associations_.at(i)->writeFooter();
     while (associations_.count() > 0) delete associations_.pop(0);

@@ -41,6 +41,9 @@ public:
     virtual unsigned int writeFooter() { return 0; }
     virtual void config(Logger&) {}
     virtual void resetInputs() {}  // forget what one input was about
+    // When memory is refused, a writer that holds much may have to end its output with what it has, and a message.
+    virtual size_t heldBytes() { return 0; }  // that endEarly gives back, about
+    virtual void endEarly() {}
     virtual void activate() { active_ = true; }
     virtual void deactivate() { active_ = false; }
     virtual bool isActive() { return active_; }

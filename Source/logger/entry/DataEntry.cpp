@@ -40,6 +40,14 @@ DataEntry::DataEntry(const DataEntry& other)
       changed_(other.changed_),
       ownsValue_(true) {}
 
+DataEntry::DataEntry(const DataEntry& other, DataValue* value)
+    : LogEntry(other),
+      dataAccess_(other.dataAccess_),
+      dataValue_(value),
+      best_(other.best_),
+      changed_(other.changed_),
+      ownsValue_(false) {}
+
 DataEntry::~DataEntry() {
     if (ownsValue_) delete dataValue_;
 }

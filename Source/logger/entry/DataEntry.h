@@ -21,7 +21,8 @@ public:
     DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed);
     // Borrows the element's value. NOT_SET_TIME stands for now.
     DataEntry(DataAccessor* accessor, bool best, bool changed, const Timestamp& t = Timestamp::NOT_SET_TIME);
-    DataEntry(const DataEntry& other);  // with a copy of the value, which it owns
+    DataEntry(const DataEntry& other);                    // with a copy of the value, which it owns
+    DataEntry(const DataEntry& other, DataValue* value);  // with another value, which is borrowed
     DataEntry& operator=(const DataEntry&) = delete;
     ~DataEntry() override;
 

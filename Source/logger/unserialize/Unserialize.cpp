@@ -15,15 +15,15 @@
 #include "logger/unserialize/Progress.h"
 #include "logger/writer/binary/DirectoryLogWriter.h"
 #include "logger/writer/text/TextLogWriter.h"
+#include "utils/MemoryReserve.h"
 
 int Unserialize::Run(int argc, char** argv) {
     RunSettings settings;
     const CommandLine::Result result = CommandLine(argc, argv).parse(settings);
-    if (result == CommandLine::RUN) Unserialize(settings).convert();
-    return result;
+    return result == CommandLine::RUN ? Unserialize(settings).convert() : result;
 }
 
-void Unserialize::convert() {
+int Unserialize::convert() {
     reportComplaints();
     listVariables();
     outputs_.assemble();
@@ -34,6 +34,7 @@ void Unserialize::convert() {
     reportComplaints();
     nameOutputs();
     sayDone();
+    return isMemoryUsedUp_ ? MEMORY_USED_UP : CommandLine::RUN;
 }
 
 // A failed write is an error to report, not a signal to die of: a file that grows too large, and a reader of a pipe or
@@ -95,7 +96,7 @@ void Unserialize::listVariables() {
 void Unserialize::readInputs() {
     if (inputs_.count() == 0) logger_.syslog("No slate file is given", Syslog::ERROR);
     Progress progress(!settings_.quiet_, settings_.isDirectoryOnly() ? 0 : inputs_.totalBytes());
-    for (unsigned int i = 0; i < inputs_.count(); ++i) {
+    for (unsigned int i = 0; i < inputs_.count() && !isMemoryUsedUp_; ++i) {
         readInput(inputs_.at(i), progress);
         if (inputs_.count() == 1) continue;
         engine_.resetInputs();
@@ -126,13 +127,15 @@ void Unserialize::checkDirectory(const Str& input) {
 
 void Unserialize::readEntries(const Str& input, Progress& progress) {
     logger_.syslog("Reading data from " + input, Syslog::INFO);
+    MemoryReserve::SetTask(input);
     BinaryLogReader* const entries = new BinaryLogReader(logger_, settings_.startTime_, settings_.endTime_,
                                                          settings_.missionName_, &engine_, &consoleEngine_);
     entries->setTimeAdjust(timeCorrection_);
     FileLogReader file(input, entries);  // owns the entry reader
     for (int zeros = 0; zeros < FileLogReader::MAX_ZERO_READS; ++zeros) {
-        while (!writesInVain() && file.read() > 0) {
+        while (!isMemoryUsedUp_ && !writesInVain() && file.read() > 0) {
             zeros = 0;
+            isMemoryUsedUp_ = MemoryReserve::WasTaken() && !regainMemory();
             if (progress.isDue()) progress.show(bytesBefore_ + file.getBytesPassed());
         }
     }
@@ -150,6 +153,17 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
 // Nobody reads what the run writes any more.
 bool Unserialize::writesInVain() const {
     return settings_.toStandardOutput_ && outputs_.files().size() == 0 && ferror_unlocked(stdout) != 0;
+}
+
+// What gives memory back is an output that keeps much of it: that one ends, the others go on. When there is none the
+// rest of the inputs is left out.
+bool Unserialize::regainMemory() {
+    while (!MemoryReserve::Hold()) {
+        if (engine_.freeMemory()) continue;
+        logger_.syslog("No memory is left: what follows in the log is not converted", Syslog::ERROR);
+        return false;
+    }
+    return true;
 }
 
 void Unserialize::reportNoEntry(const Str& input, const Str& reason) {

@@ -15,20 +15,24 @@ class Progress;
 // One conversion: every entry of every input goes to the outputs that the command line asks for.
 class Unserialize {
 public:
-    // The exit status of the program: 0 after a run, whatever failed in it; the statuses of CommandLine otherwise.
+    // The exit status of the program: 0 after a run, whatever failed in it; 1 when the memory did not suffice to read
+    // the inputs to their end; the statuses of CommandLine otherwise.
     static int Run(int argc, char** argv);
 
 private:
     explicit Unserialize(RunSettings& settings);
     ~Unserialize();
 
-    void convert();
+    static const int MEMORY_USED_UP = 1;
+
+    int convert();
     void reportComplaints();
     void listVariables();
     void readInputs();
     void readInput(const Str& input, Progress& progress);
     void checkDirectory(const Str& input);
     void readEntries(const Str& input, Progress& progress);
+    bool regainMemory();
     void reportNoEntry(const Str& input, const Str& reason);
     void nameOutputs();
     bool writesInVain() const;
@@ -49,6 +53,7 @@ private:
     Timespan timeCorrection_;                        // GPS against vehicle clock, carried from input to input
     Timestamp firstTime_ = Timestamp::NOT_SET_TIME;  // of the entries that were passed on
     Timestamp lastTime_ = Timestamp::NOT_SET_TIME;
-    long long bytesBefore_ = 0;              // of the inputs that are done
+    long long bytesBefore_ = 0;  // of the inputs that are done
+    bool isMemoryUsedUp_ = false;
     const unsigned short newestLogVersion_;  // in force before the run
 };

@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include "logger/unserialize/Unserialize.h"
+#include "utils/MemoryReserve.h"
 
 // A file opened in the place of a standard file that was closed would take what is printed. Writing there fails still.
 static void HoldStandardFiles() {
@@ -12,5 +13,6 @@ static void HoldStandardFiles() {
 
 int main(int argc, char** argv) {
     HoldStandardFiles();
+    MemoryReserve::Hold();
     return Unserialize::Run(argc, argv);
 }

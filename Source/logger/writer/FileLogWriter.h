@@ -24,6 +24,8 @@ public:
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
     void endCycle() override;  // the format writer gets no endCycle
     void resetInputs() override;
+    size_t heldBytes() override { return logWriter_->heldBytes(); }
+    void endEarly() override { logWriter_->endEarly(); }
 
     virtual bool valid();                                    // a file is open
     const Str& getFilename() override { return filename_; }  // empty when closed

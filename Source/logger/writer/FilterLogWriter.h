@@ -23,6 +23,10 @@ public:
     unsigned int writeFooter() override;
     void config(Logger& logger) override;
     void resetInputs() override;
+    size_t heldBytes() override { return outputTo_ == nullptr ? 0 : outputTo_->heldBytes(); }
+    void endEarly() override {
+        if (outputTo_ != nullptr) outputTo_->endEarly();
+    }
 
     // Each returns the number of bytes written.
     virtual unsigned int writeCycleStart(const EventEntry* entry);

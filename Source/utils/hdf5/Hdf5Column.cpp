@@ -1,6 +1,9 @@
 #include "utils/hdf5/Hdf5Column.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <memory>
 
 #include "utils/hdf5/Hdf5Handle.h"
 
@@ -20,19 +23,30 @@ static Hdf5Shape ShapeOfColumn(const Hdf5Shape& recordShape) {
     return shape;
 }
 
+static unsigned long long ChunkRecords(size_t recordBytes) {
+    const unsigned long long fitting = Hdf5Column::CHUNK_ROOM / std::max<size_t>(1, recordBytes);
+    return std::max(1ULL, std::min(fitting, +Hdf5Column::CHUNK_RECORDS));
+}
+
+size_t Hdf5Column::ChunkBytes(size_t recordBytes) {
+    return static_cast<size_t>(ChunkRecords(recordBytes)) * recordBytes;
+}
+
 Hdf5Column::Hdf5Column(Hdf5File& file, Hdf5Id group, const char* name, Hdf5Id fileType, const Hdf5Shape& recordShape,
                        size_t elementSize)
     : Hdf5Item(file, -1),
       elements_(recordShape.elements()),
+      elementSize_(elementSize),
       shape_(ShapeOfColumn(recordShape)),
-      chunkRecords_(CHUNK_ROOM / std::max<size_t>(1, elements_ * elementSize)) {
-    room_ = chunkRecords_ = std::max(1ULL, std::min(chunkRecords_, +CHUNK_RECORDS));
+      chunkRecords_(ChunkRecords(elements_ * elementSize)),
+      room_(static_cast<size_t>(chunkRecords_)) {
     create(group, name, fileType);
 }
 
 // The library keeps no chunk in memory: whole ones come and go. Bytes of like weight side by side compress faster and
 // further.
 void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
+    const MemoryReserve::Loan memory;
     const int last = shape_.rank_ - 1;
     hsize_t limits[Hdf5Shape::MAX_RANK];
     hsize_t chunk[Hdf5Shape::MAX_RANK];
@@ -51,15 +65,28 @@ void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
     id_ = file_.call([&] { return H5Dcreate2(group, name, fileType, space, H5P_DEFAULT, creation, access); });
 }
 
-size_t Hdf5Column::beginRecord(size_t bytes) {
+size_t Hdf5Column::newRoom() const {
+    const bool beginsChunk = (written_ + count_) % chunkRecords_ == 0;
+    return beginsChunk ? ChunkBytes(elements_ * elementSize_) : 0;
+}
+
+void* Hdf5Column::addBytes(size_t bytes) {
     file_.countGathered(bytes);
     if (count_ == room_) flush();
-    return count_++;
+    void* const room = block_.extend(bytes);
+    if (room == nullptr) {
+        errno = ENOMEM;
+        file_.fail();
+    } else {
+        ++count_;
+    }
+    return room;
 }
 
 void Hdf5Column::flush() {
     const size_t records = count_;
     if (records == 0) return;
+    const MemoryReserve::Loan memory;
     count_ = 0;
     room_ = static_cast<size_t>(chunkRecords_ - (written_ + records) % chunkRecords_);
     const int last = shape_.rank_ - 1;
@@ -76,7 +103,7 @@ void Hdf5Column::flush() {
     const Hdf5Handle memorySpace(file_.call([&] { return H5Screate_simple(shape_.rank_, counts, nullptr); }),
                                  &H5Sclose);
     put(records, memorySpace, fileSpace);
-    dropBlock();
+    block_.clear();
 }
 
 // Numbers.
@@ -84,22 +111,21 @@ void Hdf5Column::flush() {
 Hdf5NumberColumn::Hdf5NumberColumn(Hdf5File& file, Hdf5Id group, const char* name, const Hdf5Shape& recordShape)
     : Hdf5Column(file, group, name, H5T_IEEE_F64LE, recordShape, sizeof(double)) {}
 
-double* Hdf5NumberColumn::addRecord() {
-    const size_t index = beginRecord(elements_ * sizeof(double));
-    if (block_ == nullptr) block_.reset(new double[blockRecords() * elements_]);
-    return &block_[index * elements_];
+void Hdf5NumberColumn::add(double number) {
+    if (double* const record = addRecord()) *record = number;
 }
 
 // The records lie one after another, in the file side by side.
 void Hdf5NumberColumn::put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) {
+    const double* const block = reinterpret_cast<const double*>(block_.data());
     std::unique_ptr<double[]> turned;
     if (elements_ > 1) {
         turned.reset(new double[records * elements_]);
         for (size_t record = 0; record < records; ++record) {
-            for (size_t i = 0; i < elements_; ++i) turned[i * records + record] = block_[record * elements_ + i];
+            for (size_t i = 0; i < elements_; ++i) turned[i * records + record] = block[record * elements_ + i];
         }
     }
-    const double* const numbers = elements_ > 1 ? turned.get() : block_.get();
+    const double* const numbers = elements_ > 1 ? turned.get() : block;
     file_.call([&] { return H5Dwrite(id_, H5T_NATIVE_DOUBLE, memorySpace, fileSpace, H5P_DEFAULT, numbers); });
 }
 
@@ -116,14 +142,14 @@ Hdf5TextColumn::Hdf5TextColumn(Hdf5File& file, Hdf5Id group, const char* name)
     : Hdf5Column(file, group, name, Hdf5Handle(NewTextType(), &H5Tclose), Hdf5Shape(), sizeof(const char*)) {}
 
 void Hdf5TextColumn::add(const Str& text) {
-    const size_t index = beginRecord(sizeof(Str) + text.length());
-    if (block_ == nullptr) block_.reset(new Str[blockRecords()]);
-    block_[index] = text;
+    const size_t bytes = strlen(text.cStr()) + 1;
+    if (void* const room = addBytes(bytes)) memcpy(room, text.cStr(), bytes);
 }
 
 void Hdf5TextColumn::put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) {
     const char* texts[CHUNK_RECORDS];
-    for (size_t i = 0; i < records; ++i) texts[i] = block_[i].cStr();
+    const char* text = block_.data();
+    for (size_t i = 0; i < records; ++i, text += strlen(text) + 1) texts[i] = text;
     const Hdf5Handle type(NewTextType(), &H5Tclose);
     file_.call([&] { return H5Dwrite(id_, type, memorySpace, fileSpace, H5P_DEFAULT, texts); });
 }
@@ -134,11 +160,9 @@ Hdf5ReferenceColumn::Hdf5ReferenceColumn(Hdf5File& file, Hdf5Id group, const cha
     : Hdf5Column(file, group, name, H5T_STD_REF_OBJ, Hdf5Shape(), sizeof(hobj_ref_t)) {}
 
 void Hdf5ReferenceColumn::add(uint64_t reference) {
-    const size_t index = beginRecord(sizeof reference);
-    if (block_ == nullptr) block_.reset(new uint64_t[blockRecords()]);
-    block_[index] = reference;
+    if (void* const room = addBytes(sizeof reference)) memcpy(room, &reference, sizeof reference);
 }
 
 void Hdf5ReferenceColumn::put(size_t, Hdf5Id memorySpace, Hdf5Id fileSpace) {
-    file_.call([&] { return H5Dwrite(id_, H5T_STD_REF_OBJ, memorySpace, fileSpace, H5P_DEFAULT, block_.get()); });
+    file_.call([&] { return H5Dwrite(id_, H5T_STD_REF_OBJ, memorySpace, fileSpace, H5P_DEFAULT, block_.data()); });
 }

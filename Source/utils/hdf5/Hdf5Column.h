@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "utils/RefusableBytes.h"
 #include "utils/hdf5/Hdf5Item.h"
 
 // The extent of what a data set holds, slowest dimension first. A scalar has no dimensions.
@@ -23,26 +24,30 @@ public:
     static const size_t CHUNK_ROOM = 1048576;              // bytes
 
     void flush();  // writes what is gathered, be it no whole block; what is never flushed is lost
+    // Bytes of a chunk, before they are compressed; and those that the next record adds to the file: a chunk's when it
+    // begins one, else none.
+    static size_t ChunkBytes(size_t recordBytes);
+    size_t newRoom() const;
 
 protected:
     Hdf5Column(Hdf5File& file, Hdf5Id group, const char* name, Hdf5Id fileType, const Hdf5Shape& recordShape,
                size_t elementSize);
 
-    // Makes room for one more record; the result is its place in the block, counted from 0.
-    size_t beginRecord(size_t bytes);
-    size_t blockRecords() const { return static_cast<size_t>(chunkRecords_); }
+    // Room for one more record in the block; null, and the file has failed, when there is none.
+    void* addBytes(size_t bytes);
 
     const size_t elements_;  // of a record
+    RefusableBytes block_;   // record after record
 
 private:
     // Writes so many records from the block's beginning into the selected part of the file.
     virtual void put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) = 0;
-    virtual void dropBlock() = 0;
 
     void create(Hdf5Id group, const char* name, Hdf5Id fileType);
 
-    Hdf5Shape shape_;  // a record's, then the records
-    unsigned long long chunkRecords_;
+    const size_t elementSize_;  // bytes
+    Hdf5Shape shape_;           // a record's, then the records
+    const unsigned long long chunkRecords_;
     unsigned long long written_ = 0;  // records
     size_t count_ = 0;                // records gathered
     size_t room_;                     // records that complete the chunk
@@ -53,15 +58,13 @@ class Hdf5NumberColumn final : public Hdf5Column {
 public:
     Hdf5NumberColumn(Hdf5File& file, Hdf5Id group, const char* name, const Hdf5Shape& recordShape);
 
-    // The next record's elements, slowest dimension first, to be set by the caller before the next call.
-    double* addRecord();
-    void add(double number) { *addRecord() = number; }  // where a record is one number
+    // The next record's elements, slowest dimension first, to be set by the caller before the next call; null without
+    // memory for them.
+    double* addRecord() { return static_cast<double*>(addBytes(elements_ * sizeof(double))); }
+    void add(double number);  // where a record is one number
 
 private:
     void put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) override;
-    void dropBlock() override { block_.reset(); }
-
-    std::unique_ptr<double[]> block_;  // record after record; null when nothing is gathered
 };
 
 // Texts of any length in UTF-8, {1, N}.
@@ -72,9 +75,6 @@ public:
 
 private:
     void put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) override;
-    void dropBlock() override { block_.reset(); }
-
-    std::unique_ptr<Str[]> block_;
 };
 
 // References to items of the file, {1, N}.
@@ -85,7 +85,4 @@ public:
 
 private:
     void put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) override;
-    void dropBlock() override { block_.reset(); }
-
-    std::unique_ptr<uint64_t[]> block_;
 };

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "utils/FlexArray.h"
+#include "utils/MemoryReserve.h"
 #include "utils/Str.h"
 
 class Hdf5Column;
@@ -27,8 +28,9 @@ public:
     template <typename Call>
     Hdf5Id call(const Call& call) {
         if (!ok_) return -1;
-        errno = 0;
-        const Hdf5Id result = call();
+        const MemoryReserve::Loan memory;
+        errno = memory.hasRoom() ? 0 : ENOMEM;
+        const Hdf5Id result = memory.hasRoom() ? call() : -1;
         if (result < 0) fail();
         return result;
     }

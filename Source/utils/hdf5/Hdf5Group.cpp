@@ -11,6 +11,7 @@ static Hdf5Id NewCreationList(Hdf5File& file, Hdf5Id kind) {
 
 Hdf5Group& Hdf5Group::addGroup(const Str& name) {
     if (Hdf5Group* const known = groups_.get(name)) return *known;
+    const MemoryReserve::Loan memory;
     const Hdf5Handle creation(NewCreationList(file_, H5P_GROUP_CREATE), &H5Pclose);
     const Hdf5Id id = file_.call([&] { return H5Gcreate2(id_, name.cStr(), H5P_DEFAULT, creation, H5P_DEFAULT); });
     Hdf5Group* const group = new Hdf5Group(file_, id);
@@ -45,6 +46,7 @@ static const size_t COMPACT_ROOM = 1024;  // bytes
 
 Hdf5Item Hdf5Group::addArray(const Str& name, const Hdf5Shape& shape, Hdf5Id fileType, Hdf5Id memoryType,
                              size_t elementSize, const void* values) {
+    const MemoryReserve::Loan memory;
     const Hdf5Handle space(file_.call([&] { return H5Screate_simple(shape.rank_, shape.dims_, nullptr); }), &H5Sclose);
     const Hdf5Handle creation(NewCreationList(file_, H5P_DATASET_CREATE), &H5Pclose);
     if (shape.elements() * elementSize <= COMPACT_ROOM) {

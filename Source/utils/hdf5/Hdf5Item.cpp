@@ -7,7 +7,8 @@
 #include "utils/hdf5/Hdf5Handle.h"
 
 Hdf5Item::~Hdf5Item() {
-    if (id_ >= 0) H5Oclose(id_);
+    const MemoryReserve::Loan memory;
+    if (id_ >= 0 && memory.hasRoom()) H5Oclose(id_);
 }
 
 bool Hdf5Item::hasAtt(const char* name) {
@@ -31,6 +32,7 @@ static bool IsAscii(const Str& text) {
 }
 
 void Hdf5Item::addAtt(const char* name, const Str& text) {
+    const MemoryReserve::Loan memory;
     const Str valid = Utf8::Sanitized(text);
     const Hdf5Handle type(file_.call([] { return H5Tcopy(H5T_C_S1); }), &H5Tclose);
     file_.call([&] { return H5Tset_size(type, std::max<size_t>(1, valid.length())); });

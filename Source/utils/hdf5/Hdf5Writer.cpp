@@ -22,6 +22,7 @@ Hdf5Writer::~Hdf5Writer() {
 
 // Closing the file closes what is in it too, also after a failure.
 void Hdf5Writer::create(const char* path) {
+    const MemoryReserve::Loan memory;
     const Hdf5Handle creation(file_.call([] { return H5Pcreate(H5P_FILE_CREATE); }), &H5Pclose);
     const Hdf5Handle access(file_.call([] { return H5Pcreate(H5P_FILE_ACCESS); }), &H5Pclose);
     file_.call([&] { return H5Pset_userblock(creation, userBlockSize_); });
@@ -47,10 +48,11 @@ void Hdf5Writer::writeUserBlock() {
 
 bool Hdf5Writer::finalize() {
     file_.flush();
+    const MemoryReserve::Loan memory;
     file_.forget();
     root_.reset();
-    errno = 0;
-    if (id_ >= 0 && H5Fclose(id_) < 0) file_.fail();
+    errno = memory.hasRoom() ? 0 : ENOMEM;
+    if (id_ >= 0 && (!memory.hasRoom() || H5Fclose(id_) < 0)) file_.fail();
     id_ = -1;
     if (userBlockFile_ >= 0) writeUserBlock();
     return isOk();

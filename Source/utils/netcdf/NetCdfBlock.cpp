@@ -101,37 +101,37 @@ void NetCdfBlock::limitTo(size_t maxRecords) {
     capacity_ = std::max<size_t>(1, std::min(capacity_, maxRecords));
 }
 
-void NetCdfBlock::makeRoom() {
-    bytes_.reset(new char[capacity_ * recordBytes()]);
-    if (holdsTexts_) texts_.reset(new Str[capacity_ * elements_]);
-}
-
 void NetCdfBlock::addNumber(double value) {
     if (elements_ != 1) {
         addUnwritten();
         setElement(0, value);
         return;
     }
-    if (bytes_ == nullptr) makeRoom();
-    kind_.put_(&bytes_[count_++ * kind_.size_], lastValue_ = value);
+    void* const at = bytes_.extend(kind_.size_);
+    if (at == nullptr) return;
+    ++count_;
+    kind_.put_(static_cast<char*>(at), lastValue_ = value);
 }
 
 void NetCdfBlock::addUnwritten() {
-    if (bytes_ == nullptr) makeRoom();
-    char* at = &bytes_[count_++ * recordBytes()];
+    char* at = static_cast<char*>(bytes_.extend(recordBytes()));
+    if (at == nullptr) return;
+    ++count_;
     for (size_t i = 0; i < elements_; ++i, at += kind_.size_) kind_.putFill_(at);
 }
 
 void NetCdfBlock::addText(const Str& text) {
     addUnwritten();
-    if (!holdsTexts_ || elements_ == 0) return;
-    texts_[(count_ - 1) * elements_] = text;
-    textBytes_ += text.length();
+    if (!holdsTexts_ || elements_ == 0 || isRefused()) return;
+    const size_t start = texts_.length() + 1;
+    texts_.append(text.cStr(), strlen(text.cStr()) + 1);
+    memcpy(bytes_.data() + bytes_.length() - recordBytes(), &start, sizeof start);
 }
 
 void NetCdfBlock::setElement(size_t index, double value) {
     lastValue_ = value;
-    if (index < elements_) kind_.put_(&bytes_[((count_ - 1) * elements_ + index) * kind_.size_], value);
+    if (index >= elements_ || isRefused()) return;
+    kind_.put_(bytes_.data() + bytes_.length() - recordBytes() + index * kind_.size_, value);
 }
 
 int NetCdfBlock::flush(const NetCdf::NetCdfVar& var) {
@@ -139,16 +139,19 @@ int NetCdfBlock::flush(const NetCdf::NetCdfVar& var) {
     const size_t start[NetCdf::MAX_DIMS] = {var.numRecs_ - count_};
     counts_[0] = count_;
     if (holdsTexts_) pointToTexts();
-    const int status = nc_put_vara(var.ncId_, var.varId_, start, counts_, bytes_.get());
-    if (holdsTexts_) std::fill_n(texts_.get(), count_ * elements_, Str());
+    const int status = nc_put_vara(var.ncId_, var.varId_, start, counts_, bytes_.data());
+    bytes_.cutTo(0);
+    texts_.cutTo(0);
     count_ = 0;
-    textBytes_ = 0;
     return status;
 }
 
 void NetCdfBlock::pointToTexts() {
+    static_assert(sizeof(size_t) == sizeof(const char*), "a place turns into a pointer where it stands");
     for (size_t i = 0; i < count_ * elements_; ++i) {
-        const char* const text = texts_[i].cStr();
-        memcpy(&bytes_[i * sizeof text], &text, sizeof text);
+        size_t start = 0;
+        memcpy(&start, bytes_.data() + i * sizeof start, sizeof start);
+        const char* const text = start == 0 ? "" : texts_.data() + start - 1;
+        memcpy(bytes_.data() + i * sizeof text, &text, sizeof text);
     }
 }

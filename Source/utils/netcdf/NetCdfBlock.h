@@ -4,6 +4,7 @@
 #include <limits>
 #include <memory>
 
+#include "utils/RefusableBytes.h"
 #include "utils/Str.h"
 #include "utils/netcdf/NetCdf.h"
 
@@ -29,8 +30,10 @@ public:
 
     // With fewer records to a block, at least one; before the first one.
     void limitTo(size_t maxRecords);
-    size_t recordBytes() const { return elements_ * kind_.size_; }             // in memory; a text counts as a pointer
-    bool isFull() const { return count_ >= capacity_ || textBytes_ >= ROOM; }  // flush before the next record
+    size_t elements() const { return elements_; }  // of a record
+    size_t recordBytes() const { return elements_ * kind_.size_; }
+    bool isFull() const { return count_ >= capacity_ || texts_.length() >= ROOM; }
+    bool isRefused() const { return bytes_.isRefused() || texts_.isRefused(); }  // there was no memory for a record
 
     // Each adds a record; the block is not full. Elements that get no value are as if no call had written them.
     void addNumber(double value);                    // as its first element
@@ -46,7 +49,6 @@ public:
 private:
     static const size_t ROOM = 65536;  // bytes
 
-    void makeRoom();
     void pointToTexts();
 
     const NetCdfElementKind& kind_;
@@ -55,8 +57,7 @@ private:
     size_t elements_ = 1;              // of a record
     size_t capacity_;                  // records
     size_t count_ = 0;                 // records gathered
-    size_t textBytes_ = 0;             // gathered
     double lastValue_ = std::numeric_limits<double>::quiet_NaN();
-    std::unique_ptr<char[]> bytes_;  // the numbers, or pointers into texts_; made with the first record
-    std::unique_ptr<Str[]> texts_;   // of a variable of texts
+    RefusableBytes bytes_;  // the numbers; of texts, their places in texts_ counted from 1, 0 for none
+    RefusableBytes texts_;  // each with its NUL
 };

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 #include "data/BlobValue.h"
 #include "data/ElementURI.h"
@@ -17,6 +18,12 @@
 
 const char* const NetCdfWriter::TIME_NAME = "Time";
 const char* const NetCdfWriter::TRAJECTORY_ID = "trajectory_id";
+
+template <typename Call>
+bool NetCdfWriter::call(const Call& call, size_t bytes) {
+    const MemoryReserve::Loan memory(bytes);
+    return check(memory.hasRoom() ? call() : NC_ENOMEM);
+}
 
 // Creation.
 
@@ -49,7 +56,8 @@ bool NetCdfWriter::create() {
     errno = 0;
     if (IsWrittenThrough(filename_.cStr())) return check(ENOTSUP);
     size_t bufferSize = 2 * ROW_ROOM;  // what is written back and forth in the records of a block stays inside
-    const bool isCreated = check(nc__create(filename_.cStr(), version4_ ? NC_NETCDF4 : 0, 0, &bufferSize, &ncId_));
+    const bool isCreated =
+        call([&] { return nc__create(filename_.cStr(), version4_ ? NC_NETCDF4 : 0, 0, &bufferSize, &ncId_); });
     identity_ = std::make_unique<FileIdentity>(filename_);
     return isCreated;
 }
@@ -96,7 +104,7 @@ NetCdfWriter::NetCdfWriter(const char* name, int parentId)
       version4_(true),
       root_(this),
       blockRecords_(NetCdfBlock::DEFAULT_RECORDS) {
-    if (check(nc_def_grp(parentId, name, &ncId_))) return;
+    if (call([&] { return nc_def_grp(parentId, name, &ncId_); })) return;
     ncId_ = -1;
     PrintGroupError(name, status_);
 }
@@ -107,9 +115,11 @@ NetCdfWriter::~NetCdfWriter() {
     close();
 }
 
-void NetCdfWriter::close() {
-    if (ncId_ >= 0) nc_close(ncId_);
-    ncId_ = -1;
+// What is still in define mode is laid out first.
+bool NetCdfWriter::close() {
+    if (ncId_ < 0) return true;
+    const int id = std::exchange(ncId_, -1);
+    return call([&] { return nc_close(id); }, initialized_ ? 0 : layoutBytes());
 }
 
 void NetCdfWriter::discard() {
@@ -168,7 +178,8 @@ NetCdf::NetCdfDim* NetCdfWriter::addDim(const Str& name, unsigned int size) {
     if (!ok_) return nullptr;
     if (NetCdfDim* const known = findDim(name)) return known;
     int dimId = 0;
-    if (!check(isFree(name) ? nc_def_dim(ncId_, name.cStr(), size, &dimId) : NC_ENAMEINUSE)) return nullptr;
+    const bool isNew = isFree(name);
+    if (!call([&] { return isNew ? nc_def_dim(ncId_, name.cStr(), size, &dimId) : NC_ENAMEINUSE; })) return nullptr;
     NetCdfDim* const dim = new NetCdfDim{dimId, size};
     dimArray_.push(dim);
     dims_.put(name, dim, false);
@@ -204,7 +215,7 @@ NetCdf::NetCdfVar* NetCdfWriter::addStaticVar(const Str& name, NetCdfType type, 
 
 NetCdf::NetCdfVar* NetCdfWriter::defineVar(const Str& name, NetCdfType type, int nDims, const int* dimIds) {
     int varId = 0;
-    if (!check(nc_def_var(ncId_, name.cStr(), type, nDims, dimIds, &varId))) return nullptr;
+    if (!call([&] { return nc_def_var(ncId_, name.cStr(), type, nDims, dimIds, &varId); })) return nullptr;
     NetCdfVar* const var = new NetCdfVar(varId, nDims, dimIds, type, ncId_);
     var->varIndex_ = static_cast<unsigned int>(varArray_.getMaxIndex() + 1);
     vars_.put(name, var, false);
@@ -219,6 +230,8 @@ void NetCdfWriter::chunk(const NetCdfVar& var, const size_t* recordShape) {
     static const size_t TEXT_BYTES = 16;  // of a reference to a text in the file, the largest single element
     size_t sizes[MAX_DIMS] = {CHUNK_RECORDS};
     std::copy_n(recordShape, var.nDims_ - 1, sizes + 1);
+    const MemoryReserve::Loan memory;
+    if (!memory.hasRoom()) return;
     status_ &= nc_def_var_chunking(ncId_, var.varId_, NC_CHUNKED, sizes);
     status_ &= nc_def_var_deflate(ncId_, var.varId_, 0, 1, 1);
     const size_t bytes = CHUNK_RECORDS * std::max(var.block_->recordBytes(), TEXT_BYTES);
@@ -233,14 +246,14 @@ NetCdf::NetCdfAtt* NetCdfWriter::addAtt(NetCdfAtts& atts, int varId, const Str& 
     if (NetCdfAtt* const known = atts.get(name)) return known;
     const bool isUnsignable = !version4_ && value.type() == NC_UBYTE_TYPE;
     const NetCdfType type = isUnsignable ? NC_BYTE_TYPE : value.type();
-    if (!check(value.put(ncId_, varId, name, type))) return nullptr;
+    if (!call([&] { return value.put(ncId_, varId, name, type); })) return nullptr;
     NetCdfAtt* const att = new NetCdfAtt{static_cast<int>(atts.size()), varId, name, type, value.nelems()};
     atts.put(name, att, true);
     return att;
 }
 
 bool NetCdfWriter::setAttValue(NetCdfAtt& att, const NetCdfAttValue& value) {
-    if (!ok_ || !check(value.put(ncId_, att.varId_, att.name_, att.netCdfType_))) return false;
+    if (!ok_ || !call([&] { return value.put(ncId_, att.varId_, att.name_, att.netCdfType_); })) return false;
     att.nelems_ = value.nelems();
     return true;
 }
@@ -251,9 +264,10 @@ bool NetCdfWriter::initialize() {
     if (initialized_) return ok_;
     errno = 0;
     // The library ends define mode once for the whole file.
-    ok_ = ok_ && initializeGroups() && (isGroup_ || check(nc__enddef(ncId_, headerRoom_, 4, 0, 4)));
+    ok_ = ok_ && initializeGroups() &&
+          (isGroup_ || call([&] { return nc__enddef(ncId_, headerRoom_, 4, 0, 4); }, layoutBytes()));
     if (ok_ && trajectoryVar_ != nullptr) {
-        check(nc_put_var_text(ncId_, trajectoryVar_->varId_, trajectoryName_));
+        call([&] { return nc_put_var_text(ncId_, trajectoryVar_->varId_, trajectoryName_); });
     }
     initialized_ = ok_;
     if (ok_) {
@@ -262,6 +276,14 @@ bool NetCdfWriter::initialize() {
         report("write");
     }
     return ok_;
+}
+
+// What the library needs to lay the file out, about: in NetCDF-4 every variable is opened.
+size_t NetCdfWriter::layoutBytes() const {
+    static const size_t PER_VARIABLE = 131072;
+    size_t bytes = version4_ ? PER_VARIABLE * varArray_.size() : 0;
+    for (unsigned int i = 0; i < groups_.size(); ++i) bytes += groups_.getIndexed(i)->layoutBytes();
+    return bytes;
 }
 
 bool NetCdfWriter::initializeGroups() {
@@ -289,12 +311,12 @@ void NetCdfWriter::spreadBlocks() {
 }
 
 bool NetCdfWriter::beginAttChanges() {
-    return initialized_ && ok_ && flushAll() && check(nc_redef(ncId_));
+    return initialized_ && ok_ && flushAll() && call([&] { return nc_redef(ncId_); });
 }
 
 bool NetCdfWriter::endAttChanges() {
     errno = 0;
-    if (ok_ && !check(nc_enddef(ncId_))) report("write");
+    if (ok_ && !call([&] { return nc_enddef(ncId_); })) report("write");
     return ok_;
 }
 
@@ -307,6 +329,7 @@ bool NetCdfWriter::writeRecord(const Timestamp& t) {
         NetCdfVar& var = *varArray_.at(i);
         if (!var.isRecord_) continue;
         var.block_->addNumber(&var == timeVar_ ? t.asDouble() : var.number());
+        if (var.block_->isRefused()) return refuseRecord();
         ++var.numRecs_;
         isFull = isFull || var.block_->isFull();
     }
@@ -325,8 +348,19 @@ bool NetCdfWriter::writeVarRecord(NetCdfVar* var, const ElementURI* uri) {
     } else {
         var->block_->addText(var->isMissing() ? Str() : var->dataValue()->toString());
     }
+    if (var->block_->isRefused()) return refuseRecord();
     ++var->numRecs_;
     return !var->block_->isFull() || flushVarRecords(*var);
+}
+
+bool NetCdfWriter::refuseRecord() {
+    check(NC_ENOMEM);
+    report("write");
+    return false;
+}
+
+size_t NetCdfWriter::NewRoom(const NetCdfVar& var) {
+    return var.numRecs_ % CHUNK_RECORDS == 0 ? CHUNK_RECORDS * var.block_->recordBytes() : 0;
 }
 
 // Row by row, as the blob lies. Elements that it does not have are NaN.
@@ -350,7 +384,7 @@ bool NetCdfWriter::flushRecords() {
     for (unsigned int i = 0; i < varArray_.size(); ++i) {
         NetCdfVar& var = *varArray_.at(i);
         errno = 0;
-        if (!var.isRecord_ || check(var.block_->flush(var))) continue;
+        if (!var.isRecord_ || call([&] { return var.block_->flush(var); })) continue;
         printf("writeRecord #%d, var#%d (name=\"%s\", value=%s), write %g error: %s\n", static_cast<int>(numRecs_) - 1,
                i, vars_.findKey(&var, "unknown").cStr(), TextOf(var.dataValue()).cStr(), var.block_->lastValue(),
                status());
@@ -362,7 +396,9 @@ bool NetCdfWriter::flushRecords() {
 
 bool NetCdfWriter::flushVarRecords(NetCdfVar& var) {
     errno = 0;
-    if (check(var.block_->flush(var))) return true;
+    if (call([&] { return var.block_->flush(var); }, WORKING_CHUNKS * CHUNK_RECORDS * var.block_->recordBytes())) {
+        return true;
+    }
     printf("writeVarRecord #%zd, var#%d (value=%s, netCdfType=%d), write %g error: %s\n", var.numRecs_ - 1, var.varId_,
            TextOf(var.dataValue()).cStr(), var.netCdfType_, var.block_->lastValue(), status());
     report("write");
@@ -388,9 +424,8 @@ bool NetCdfWriter::finalize() {
     if (!ok_) report("write");
     if (!ok_ || finalized_ || !flushAll()) return false;
     errno = 0;
-    if (initialized_ && !check(nc_sync(ncId_))) report("write");
-    const bool isClosed = check(nc_close(ncId_));
-    ncId_ = -1;
+    if (initialized_ && !call([&] { return nc_sync(ncId_); })) report("write");
+    const bool isClosed = close();
     if (!isClosed) report("close");
     return finalized_ = isClosed;
 }

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "io/FileIdentity.h"
+#include "utils/MemoryReserve.h"
 #include "utils/Timestamp.h"
 #include "utils/netcdf/NetCdf.h"
 #include "utils/netcdf/NetCdfAttValue.h"
@@ -68,6 +69,9 @@ public:
     // The current value makes the next record of the variable, which may be one of a group; null and others than record
     // variables are left alone, with false. An array's shape is that of the element name, which may be null.
     bool writeVarRecord(NetCdfVar* var, const ElementURI* uri);
+    // Bytes that the variable's next record adds to a NetCDF-4 file before they are compressed: a chunk when it begins
+    // one, else none.
+    static size_t NewRoom(const NetCdfVar& var);
     // Between the two, after initialize, attributes can be set again to values of any length.
     bool beginAttChanges();  // false before initialize too
     bool endAttChanges();
@@ -79,21 +83,27 @@ public:
 private:
     static const int GLOBAL_ID = -1;  // stands for the file where a variable's id is asked for
     static const size_t CHUNK_RECORDS = 256;
+    static const size_t WORKING_CHUNKS = 4;            // that the library may need beside each other to compress one
     static const size_t CHUNK_CACHE_ROOM = 134217728;  // bytes, for all chunks of a file that are in work
     static const size_t ROW_ROOM = 524288;             // bytes of a classic file over which a block is spread
 
     bool create();
-    void close();
+    bool close();
     bool check(int status);  // notes the status of a call of the library
+    // Makes the call, when there are so many bytes of memory at least, and notes its status.
+    template <typename Call>
+    bool call(const Call& call, size_t bytes = 0);
     void report(const char* failedTo);
     void defineTrajectory();
     NetCdfVar* defineVar(const Str& name, NetCdfType type, int nDims, const int* dimIds);
     void chunk(const NetCdfVar& var, const size_t* recordShape);
     NetCdfAtt* addAtt(NetCdfAtts& atts, int varId, const Str& name, const NetCdfAttValue& value);
+    size_t layoutBytes() const;
     bool initializeGroups();
     void spreadBlocks();
 
     static void GatherArray(const NetCdfVar& var, const BlobValue& blob, const ElementURI& uri);
+    bool refuseRecord();
     bool flushRecords();
     bool flushVarRecords(NetCdfVar& var);
     bool flushAll();

@@ -1,14 +1,47 @@
 #include "logger/writer/json/JsonDocument.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
+#include "data/StrValue.h"
 #include "io/OutStream.h"
 #include "utils/Utf8.h"
 
 static const char* const VALUE = "value";
 static const char* const UNITS = "units";
 static const char* const TIME = "time";
+
+// Stands in the text of the names, with a number behind it, for an array; the library writes no such character itself.
+static const char MARK = '\x01';
+
+JsonLeaf::Latest* JsonLeaf::latestOf(unsigned short elementCode) {
+    for (unsigned int i = 0; i < latest_.size(); ++i) {
+        if (latest_.at(i)->elementCode_ == elementCode) return latest_.at(i);
+    }
+    return nullptr;
+}
+
+// Short ones are kept as soon as they are compared.
+void JsonLeaf::remember(unsigned short elementCode, const StrValue& value, size_t place) {
+    static const size_t SHORT_LENGTH = 32;
+    Latest* latest = latestOf(elementCode);
+    const size_t length = values_.length() - place;
+    if (latest == nullptr && length <= SHORT_LENGTH) return;
+    if (latest == nullptr) latest_.push(latest = new Latest{elementCode, Str(), nullptr, 0, 0});
+    latest->bytes_ = value.getValue();
+    latest->unit_ = value.getUnit();
+    latest->place_ = place;
+    latest->length_ = length;
+}
+
+bool JsonLeaf::addAgain(unsigned short elementCode, const StrValue& value) {
+    const Latest* const latest = latestOf(elementCode);
+    if (latest == nullptr || latest->unit_ != value.getUnit() || latest->bytes_ != value.getValue()) return false;
+    values_.addAgain(latest->place_, latest->length_, 1);
+    return true;
+}
 
 JsonDocument::JsonDocument(bool formatted) : formatted_(formatted), root_(cJSON_CreateObject()) {}
 
@@ -34,11 +67,14 @@ static cJSON* FindOrAdd(cJSON* parent, const Str& name, bool (*fits)(const cJSON
     }
 }
 
-// A member whose text is borrowed, and not known yet.
+// A member that is written as it stands, which is not known yet; null without memory.
 static cJSON* AddArray(cJSON* object, const char* name) {
-    cJSON* const item = cJSON_CreateStringReference("[]");
+    cJSON* const item = cJSON_CreateStringReference("");
+    if (item == nullptr || !cJSON_AddItemToObject(object, name, item)) {
+        cJSON_Delete(item);
+        return nullptr;
+    }
     item->type = cJSON_Raw | cJSON_IsReference;
-    cJSON_AddItemToObject(object, name, item);
     return item;
 }
 
@@ -55,21 +91,58 @@ JsonLeaf* JsonDocument::addLeaf(const Str& name, const char* units) {
     }
     object = FindOrAdd(object, path.substr(begin), CanBecomeLeaf);
     cJSON* const values = AddArray(object, VALUE);
-    cJSON_AddStringToObject(object, UNITS, units);
-    Place* const place = new Place{JsonLeaf(formatted_), values, AddArray(object, TIME)};
+    const bool hasUnits = cJSON_AddStringToObject(object, UNITS, units) != nullptr;
+    cJSON* const times = AddArray(object, TIME);
+    refused_ = refused_ || values == nullptr || !hasUnits || times == nullptr;
+    if (refused_) return nullptr;
+    Place* const place = new Place{JsonLeaf(formatted_), values, times};
     places_.put(path, place, true);
     return &place->leaf_;
 }
 
-bool JsonDocument::write(OutStream& out) {
+void JsonDocument::forgetElements() {
+    for (unsigned int i = 0; i < places_.size(); ++i) places_.getIndexed(i)->leaf_.forget();
+}
+
+size_t JsonDocument::heldBytes() const {
+    size_t bytes = 0;
     for (unsigned int i = 0; i < places_.size(); ++i) {
-        Place& place = *places_.getIndexed(i);
-        place.values_->valuestring = const_cast<char*>(place.leaf_.values_.finish());
-        place.times_->valuestring = const_cast<char*>(place.leaf_.times_.finish());
+        const JsonLeaf& leaf = places_.getIndexed(i)->leaf_;
+        bytes += leaf.values_.length() + leaf.times_.length();
+    }
+    return bytes;
+}
+
+// The document with a mark for each array; empty without memory.
+Str JsonDocument::printNames() {
+    static const size_t MARK_ROOM = 16;
+    const std::unique_ptr<char[]> marks(new char[2 * MARK_ROOM * places_.size()]);
+    char* mark = marks.get();
+    for (unsigned int i = 0; i < 2 * places_.size(); ++i, mark += MARK_ROOM) {
+        const Place& place = *places_.getIndexed(i / 2);
+        snprintf(mark, MARK_ROOM, "%c%u", MARK, i);
+        (i % 2 == 0 ? place.values_ : place.times_)->valuestring = mark;
     }
     const std::unique_ptr<char, void (*)(void*)> text(
         formatted_ ? cJSON_Print(root_.get()) : cJSON_PrintUnformatted(root_.get()), cJSON_free);
-    if (text == nullptr) return false;
-    out << text.get() << '\n';
+    return Str(text.get());
+}
+
+void JsonDocument::writeArray(unsigned int number, OutStream& out) {
+    JsonLeaf& leaf = places_.getIndexed(number / 2)->leaf_;
+    (number % 2 == 0 ? leaf.values_ : leaf.times_).write(out);
+}
+
+bool JsonDocument::write(OutStream& out) {
+    const Str names = printNames();
+    if (names.isEmpty()) return false;
+    const char* at = names.cStr();
+    while (const char* const mark = strchr(at, MARK)) {
+        out.write(at, static_cast<size_t>(mark - at));
+        char* end = nullptr;
+        writeArray(static_cast<unsigned int>(strtoul(mark + 1, &end, 10)), out);
+        at = end;
+    }
+    out << at << '\n';
     return true;
 }

@@ -1,6 +1,7 @@
 #include "logger/writer/json/JsonLogWriter.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -10,14 +11,10 @@
 #include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 
-static const char* const TOO_LARGE =
-    "No JSON is written: the document would take more than 2 GB or all memory; choose fewer variables, a shorter time "
-    "or another output";
-
 JsonLogWriter::JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount,
                              char** attList)
     : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
-      json_(formatted),
+      json_(new JsonDocument(formatted)),
       nodes_(new Node[requestCount()]),
       shortestFirst_(new int[requestCount()]) {
     std::iota(&shortestFirst_[0], &shortestFirst_[requestCount()], 0);
@@ -28,6 +25,7 @@ JsonLogWriter::JsonLogWriter(bool formatted, int varCount, char** varList, char*
 unsigned int JsonLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
     if (!initializeFilterLogWriter()) return 0;
+    if (json_ == nullptr) return 0;
     if (watch_.hasChanged()) initializeJsonLogWriter();
     return jsonLogWriterInitialized_ ? FilterLogWriter::write(entry, unit) : 0;
 }
@@ -37,7 +35,8 @@ void JsonLogWriter::initializeJsonLogWriter() {
     watch_.look();
     bool isComplete = true;
     for (int i = 0; i < requestCount(); ++i) isComplete = place(shortestFirst_[i]) && isComplete;
-    if (isComplete && !json_.isEmpty()) jsonLogWriterInitialized_ = true;
+    if (isComplete && !json_->isEmpty()) jsonLogWriterInitialized_ = true;
+    if (json_->isRefused()) endEarly();
 }
 
 // Requests of one name share what the first of them has; a setting that is also a variable is written as that.
@@ -58,15 +57,21 @@ bool JsonLogWriter::placeFirst(int index) {
 }
 
 void JsonLogWriter::addVar(int index, const Unit& unit) {
-    nodes_[index].leaf_ = json_.addLeaf(nameOf(index), unit.getAbbreviation());
+    nodes_[index].leaf_ = json_->addLeaf(nameOf(index), unit.getAbbreviation());
     nodes_[index].unit_ = &unit;
 }
 
 unsigned int JsonLogWriter::writeData(const DataEntry* entry, int varIndex, const Unit*) {
-    JsonLeaf* const leaf = nodes_[varIndex].leaf_;
-    if (entry == nullptr || leaf == nullptr) return 0;
-    leaf->times_.addNumber(std::round(entry->getTimestamp().asDouble() * 1000));
-    addValue(leaf->values_, *entry, varIndex);
+    if (entry == nullptr || json_ == nullptr || nodes_[varIndex].leaf_ == nullptr) return 0;
+    JsonLeaf& leaf = *nodes_[varIndex].leaf_;
+    const size_t valuesBefore = leaf.values_.length();
+    const size_t timesBefore = leaf.times_.length();
+    if (!addValue(leaf, *entry, varIndex)) return 0;
+    leaf.times_.addNumber(std::round(entry->getTimestamp().asDouble() * 1000));
+    if (!leaf.isRefused()) return 0;
+    leaf.values_.cutTo(valuesBefore);
+    leaf.times_.cutTo(timesBefore);
+    endEarly();
     return 0;
 }
 
@@ -78,8 +83,11 @@ unsigned int JsonLogWriter::writeAtt(const DataEntry* entry, int attIndex, const
 // element that is next.
 static size_t AddBlob(JsonArray& values, const BlobValue& blob, const Unit& unit, const size_t* lengths, int rank,
                       size_t next) {
+    const size_t count = blob.getCount();
     values.beginArray();
     for (size_t i = 0; i < *lengths; ++i) {
+        const bool isPastEnd = next >= count;
+        const size_t place = values.nextPlace();
         if (rank > 1) {
             next = AddBlob(values, blob, unit, lengths + 1, rank - 1, next);
         } else {
@@ -87,22 +95,37 @@ static size_t AddBlob(JsonArray& values, const BlobValue& blob, const Unit& unit
             blob.get(next++, unit, number);
             values.addNumber(number);
         }
+        if (!isPastEnd) continue;
+        values.addAgain(place, *lengths - i - 1);
+        break;
     }
     values.endArray();
     return next;
 }
 
-void JsonLogWriter::addValue(JsonArray& values, const DataEntry& entry, int index) {
+// False for a sample that is left out.
+bool JsonLogWriter::addValue(JsonLeaf& leaf, const DataEntry& entry, int index) {
+    static const size_t NULL_TEXT = 5;  // bytes of an element that is missing
     const Unit& unit = *nodes_[index].unit_;
     const DataValue* const value = entry.getDataValue();
     if (value == nullptr || value->getBinaryType() != STRVALUE) {
-        values.addNumber(entry.getNumber(unit));
-    } else if (const BlobValue* const blob = dynamic_cast<const BlobValue*>(value)) {
-        const Shape shape(Slate::GetElementURI(selectionOf(index).code(positionOf(index))), blob->getCount());
-        AddBlob(values, *blob, unit, shape.lengths_, shape.rank_, 0);
-    } else {
-        values.addString(value->toString());
+        leaf.values_.addNumber(entry.getNumber(unit));
+        return true;
     }
+    const BlobValue* const blob = dynamic_cast<const BlobValue*>(value);
+    if (blob == nullptr) {
+        const StrValue& text = static_cast<const StrValue&>(*value);
+        leaf.addOnce(entry.getElementCode(), text, [&] { leaf.values_.addString(text.getValue()); });
+    } else {
+        const Shape shape(Slate::GetElementURI(selectionOf(index).code(positionOf(index))), blob->getCount());
+        if (!padding_.admits(entry, shape.elements() * NULL_TEXT, shape.elements())) {
+            padding_.report(fileName(), nameOf(index));
+            return false;
+        }
+        leaf.addOnce(entry.getElementCode(), *blob,
+                     [&] { AddBlob(leaf.values_, *blob, unit, shape.lengths_, shape.rank_, 0); });
+    }
+    return true;
 }
 
 // The outermost length may be open: then the array has as many parts as its elements fill.
@@ -113,9 +136,7 @@ JsonLogWriter::Shape::Shape(const ElementURI* name, size_t elementCount) {
         lengths_[2] = name->getDimension3();
     }
     rank_ = lengths_[2] != 0 ? 3 : lengths_[1] != 0 ? 2 : 1;
-    if (lengths_[0] != 0) return;
-    const size_t part = (rank_ > 1 ? lengths_[1] : 1) * (rank_ > 2 ? lengths_[2] : 1);
-    if (part > 0) lengths_[0] = (elementCount + part - 1) / part;
+    if (lengths_[0] == 0 && part() > 0) lengths_[0] = (elementCount + part() - 1) / part();
 }
 
 unsigned int JsonLogWriter::writeFooter() {
@@ -124,13 +145,28 @@ unsigned int JsonLogWriter::writeFooter() {
     if (!jsonLogWriterInitialized_) {
         puts("No Json file written");
         variables_.printMissing([this](int index) { return nodes_[index].leaf_ != nullptr; });
-    } else if (isValid() && !json_.write(*logStream_)) {
-        Slate::GetLogger().syslog(TOO_LARGE, Syslog::ERROR);
+    } else {
+        writeDocument();
     }
     return 0;
 }
 
+void JsonLogWriter::writeDocument() {
+    if (json_ != nullptr && isValid() && !json_->write(*logStream_)) tellRefused();
+    json_.reset();
+}
+
+void JsonLogWriter::endEarly() {
+    tellRefused();
+    writeDocument();
+}
+
+void JsonLogWriter::tellRefused() const {
+    Slate::GetLogger().syslog(Str("Failed to write ") + fileName() + ": " + strerror(ENOMEM), Syslog::ERROR);
+}
+
 void JsonLogWriter::resetInputs() {
     FilterLogWriter::resetInputs();
+    if (json_ != nullptr) json_->forgetElements();
     watch_.reset();
 }

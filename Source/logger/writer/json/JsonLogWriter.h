@@ -3,14 +3,14 @@
 #include <memory>
 
 #include "logger/writer/FilterLogWriter.h"
+#include "logger/writer/PaddingLimit.h"
 #include "logger/writer/SlateWatch.h"
 #include "logger/writer/json/JsonDocument.h"
 
-class BlobValue;
-
 // The samples of the selected variables and settings as one JSON document: an object for each part of a name, and in
 // the last one the arrays of values and times (milliseconds since the epoch). Arrays of the log are nested arrays.
-// All samples stay in memory, as text, until the footer writes the document.
+// All samples stay in memory, as text, until the footer writes the document. When they are refused memory the document
+// is written with what is there by then, and an ERROR tells.
 class JsonLogWriter final : public FilterLogWriter {
 public:
     // The lists are borrowed. formatted: over many lines, indented.
@@ -24,6 +24,8 @@ public:
     unsigned int writeData(const DataEntry* entry, int varIndex, const Unit* unit) override;
     unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) override;
     void resetInputs() override;
+    size_t heldBytes() override { return json_ == nullptr ? 0 : json_->heldBytes(); }
+    void endEarly() override;  // writes the document
 
 private:
     // The place of a request: null while it has none, or when another request of an equal name has it.
@@ -35,6 +37,9 @@ private:
     // How the elements of an array are nested, the outermost length first.
     struct Shape {
         Shape(const ElementURI* name, size_t elementCount);
+        size_t part() const { return (rank_ > 1 ? lengths_[1] : 1) * (rank_ > 2 ? lengths_[2] : 1); }
+        size_t elements() const { return lengths_[0] * part(); }
+
         size_t lengths_[3] = {};
         int rank_;
     };
@@ -46,11 +51,15 @@ private:
     bool placeFirst(int index);
     void addVar(int index, const Unit& unit);
 
-    void addValue(JsonArray& values, const DataEntry& entry, int index);
+    bool addValue(JsonLeaf& leaf, const DataEntry& entry, int index);
+    void writeDocument();
+    void tellRefused() const;
+    const char* fileName() const { return logStream_ == nullptr ? "" : logStream_->getName(); }
 
-    JsonDocument json_;
+    std::unique_ptr<JsonDocument> json_;     // null once it is written
     bool jsonLogWriterInitialized_ = false;  // some input's requests were all placed; samples are kept from then on
     const std::unique_ptr<Node[]> nodes_;
     const std::unique_ptr<int[]> shortestFirst_;  // the requests by the length of their names
     SlateWatch watch_;                            // of the last try to initialize
+    PaddingLimit padding_;
 };

@@ -105,7 +105,7 @@ unsigned int HDF5LogWriter::addSample(const DataEntry* entry, int request) {
     MatlabLeaf* const leaf = leafOf_[request];
     if (entry == nullptr || leaf == nullptr) return 0;
     if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entry->getTimestamp();
-    leaf->add(*entry);
+    if (!leaf->add(*entry, padding_)) padding_.report(filename_.cStr(), nameOf(request));
     checkFile("write");
     return 1;
 }

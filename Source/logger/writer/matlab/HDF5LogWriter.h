@@ -4,6 +4,7 @@
 
 #include "logger/writer/FilterLogWriter.h"
 #include "logger/writer/HasFilename.h"
+#include "logger/writer/PaddingLimit.h"
 #include "logger/writer/SlateWatch.h"
 #include "logger/writer/matlab/MatlabCells.h"
 #include "logger/writer/matlab/MatlabLeaf.h"
@@ -51,4 +52,5 @@ private:
     const std::unique_ptr<MatlabLeaf*[]> leafOf_;  // per request, of leaves_; null: none
     const std::unique_ptr<int[]> shortestFirst_;   // the requests by the length of their names
     SlateWatch watch_;                             // of the last try to place them
+    PaddingLimit padding_;
 };

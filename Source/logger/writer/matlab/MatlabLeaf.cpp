@@ -5,6 +5,7 @@
 
 #include "data/BlobValue.h"
 #include "logger/entry/DataEntry.h"
+#include "logger/writer/PaddingLimit.h"
 #include "logger/writer/matlab/MatlabCells.h"
 #include "logger/writer/matlab/MatlabForm.h"
 #include "logger/writer/matlab/MatlabTree.h"
@@ -19,17 +20,35 @@ MatlabLeaf::MatlabLeaf(Hdf5Group& group, MatlabCells& cells, const Str& name, co
     MatlabForm::AddText(group_, MatlabTree::UNITS, description_.unit_->getAbbreviation());
 }
 
-void MatlabLeaf::add(const DataEntry& entry) {
+bool MatlabLeaf::add(const DataEntry& entry, PaddingLimit& padding) {
+    if (!admits(entry, padding)) return false;
     if (times_ == nullptr) begin();
     times_->add(description_.timeUnit_->getScaled(entry.getTimestamp().asDouble()));
     switch (description_.content_) {
         case NUMBERS:
-            return fillRecord(entry, numbers_->addRecord());
+            fillRecord(entry, numbers_->addRecord());
+            break;
         case TEXTS:
-            return texts_->add(Utf8::Sanitized(entry.getDataValueString(nullptr, true), Utf8::REPLACE_NUL));
+            texts_->add(Utf8::Sanitized(entry.getDataValueString(nullptr, true), Utf8::REPLACE_NUL));
+            break;
         case CELLS:
-            return references_->add(addCell(entry));
+            references_->add(addCell(entry));
     }
+    return true;
+}
+
+bool MatlabLeaf::admits(const DataEntry& entry, PaddingLimit& padding) const {
+    if (description_.content_ != NUMBERS || description_.rank_ == 0) return true;
+    const size_t elements = shape().elements();
+    const size_t room =
+        numbers_ == nullptr ? Hdf5NumberColumn::ChunkBytes(elements * sizeof(double)) : numbers_->newRoom();
+    return padding.admits(entry, room, elements);
+}
+
+Hdf5Shape MatlabLeaf::shape() const {
+    Hdf5Shape shape;
+    for (int i = description_.rank_; i > 0; --i) shape.dims_[shape.rank_++] = description_.dims_[i - 1];
+    return shape;
 }
 
 // The columns, once there is something for them.
@@ -38,9 +57,7 @@ void MatlabLeaf::begin() {
     MatlabForm::MarkClass(*times_, MatlabForm::DOUBLE_CLASS);
     describeTime(*times_);
     if (description_.content_ == NUMBERS) {
-        Hdf5Shape shape;
-        for (int i = description_.rank_; i > 0; --i) shape.dims_[shape.rank_++] = description_.dims_[i - 1];
-        numbers_ = &group_.addNumberColumn(MatlabTree::VALUE, shape);
+        numbers_ = &group_.addNumberColumn(MatlabTree::VALUE, shape());
         MatlabForm::MarkClass(*numbers_, MatlabForm::DOUBLE_CLASS);
         describe(*numbers_);
     } else if (description_.content_ == TEXTS) {
@@ -63,6 +80,7 @@ void MatlabLeaf::describeTime(Hdf5Item& time) const {
 }
 
 void MatlabLeaf::fillRecord(const DataEntry& entry, double* record) const {
+    if (record == nullptr) return;
     if (description_.rank_ == 0) {
         *record = entry.getNumber(*description_.unit_);
     } else {

@@ -6,6 +6,7 @@
 class BlobValue;
 class DataEntry;
 class MatlabCells;
+class PaddingLimit;
 
 // One variable in a file of Matlab's layout: the data sets "value", "units" and "time" in its group. The
 // values and times begin with the first sample, since without any they have another form.
@@ -24,10 +25,12 @@ public:
     // Describes the variable of that name in its group. The group and the cells are borrowed.
     MatlabLeaf(Hdf5Group& group, MatlabCells& cells, const Str& name, const Description& description);
 
-    void add(const DataEntry& entry);
+    bool add(const DataEntry& entry, PaddingLimit& padding);  // false for a sample that the limit leaves out
     void finish();  // gives what no sample came for the form of an empty value
 
 private:
+    bool admits(const DataEntry& entry, PaddingLimit& padding) const;
+    Hdf5Shape shape() const;  // of a sample's numbers
     void begin();
     void describe(Hdf5Item& value) const;
     void describeTime(Hdf5Item& time) const;

@@ -9,6 +9,7 @@
 #include "logger/entry/DataEntry.h"
 #include "logger/writer/netcdf/NetCdfConventions.h"
 #include "logger/writer/netcdf/NetCdfNames.h"
+#include "utils/netcdf/NetCdfBlock.h"
 
 static const char* const COORDINATES = "time depth latitude longitude";
 static const char* const TIME_UNITS = "seconds since 1970-01-01 00:00:00Z";
@@ -179,9 +180,17 @@ void NetCdfLogWriter::give(NetCdf::NetCdfVar& var, DataValue* holder) {
     holders_.push(holder);
 }
 
+bool NetCdfLogWriter::admits(const DataEntry& entry, int index) {
+    if (varUris_[index] == nullptr) return true;
+    const NetCdf::NetCdfVar& var = *vars_[index];
+    if (padding_.admits(entry, NetCdfWriter::NewRoom(var), var.block_->elements())) return true;
+    padding_.report(filename_.cStr(), nameOf(index));
+    return false;
+}
+
 unsigned int NetCdfLogWriter::writeData(const DataEntry* entry, int varIndex, const Unit*) {
     NetCdf::NetCdfVar* const var = vars_[varIndex];
-    if (entry == nullptr || var == nullptr) return 0;
+    if (entry == nullptr || var == nullptr || !admits(*entry, varIndex)) return 0;
     NetCdf::NetCdfVar* const timeVar = timeVars_[varIndex];
     var->hold(entry->getDataValue());
     timeVar->hold(entry->getTimestamp().asDouble());

@@ -4,6 +4,7 @@
 
 #include "logger/writer/FilterLogWriter.h"
 #include "logger/writer/HasFilename.h"
+#include "logger/writer/PaddingLimit.h"
 #include "logger/writer/SlateWatch.h"
 #include "utils/netcdf/NetCdfWriter.h"
 
@@ -40,6 +41,7 @@ private:
                                       NetCdf::NetCdfType type);
     NetCdf::NetCdfVar* defineTime(NetCdfGroup& group, const Str& timeName);
     void give(NetCdf::NetCdfVar& var, DataValue* holder);
+    bool admits(const DataEntry& entry, int index);
 
     const Str filename_;
     const std::unique_ptr<NetCdfWriter> netCdfWriter_;  // null: the file could not be created
@@ -51,4 +53,5 @@ private:
     const std::unique_ptr<NetCdf::NetCdfVar*[]> timeVars_;
     FlexArray<DataValue*> holders_;  // owned; the values that the variables point to
     SlateWatch watch_;               // of the last try to initialize
+    PaddingLimit padding_;
 };

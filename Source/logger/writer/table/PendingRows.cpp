@@ -16,14 +16,13 @@ const Unit& UnitOf(const DataEntry& entry) {
     return value == nullptr || value->getUnit() == nullptr ? Units::NONE : *value->getUnit();
 }
 
-std::unique_ptr<DataEntry> Copy(const DataEntry& entry, const Timestamp& t) {
-    std::unique_ptr<DataEntry> copy(new DataEntry(entry));
-    copy->setTimestamp(t);
-    return copy;
+std::unique_ptr<DataEntry> At(const Timestamp& t, DataEntry* entry) {
+    entry->setTimestamp(t);
+    return std::unique_ptr<DataEntry>(entry);
 }
 
 std::unique_ptr<DataEntry> CopyWithNumber(const DataEntry& entry, double number, const Timestamp& t) {
-    std::unique_ptr<DataEntry> copy = Copy(entry, t);
+    std::unique_ptr<DataEntry> copy = At(t, new DataEntry(entry, entry.getDataValue()));
     copy->setNumber(UnitOf(entry), number);
     return copy;
 }
@@ -44,18 +43,16 @@ PendingRows::~PendingRows() {
 
 void PendingRows::add(const DataEntry& entry, int column, const Timestamp& earliest) {
     ready_ = nullptr;
-    Row* row = rowAt(entry.getTimestamp() < earliest ? earliest : entry.getTimestamp());
-    Sample* sample = sampleAtOrAfter(columns_[column], *row);
-    if (sample != nullptr) {
-        settleSpan(sample);
-        sample = sampleAtOrAfter(columns_[column], *row);  // settling may have put a cell into the row
-    }
-    std::unique_ptr<DataEntry> copy = Copy(entry, row->time_);
+    Row* const row = rowAt(entry.getTimestamp() < earliest ? earliest : entry.getTimestamp());
+    TimeOrder<Sample>& samples = columns_[column].samples_;
+    if (Sample* const following = SampleAtOrAfter(samples, row->time())) settleSpan(following);
+    Sample* sample = samples.lastUpTo(row->time());  // settling may have put a cell into the row
+    Cell cell = keep(entry, row->time());
     if (sample != nullptr && sample->row_ == row) {
         if (sample->next_ != nullptr) settleSpan(sample->next_);
-        sample->entry_ = std::move(copy);
+        sample->cell_ = std::move(cell);
     } else {
-        sample = insertSample(row, column, sample, std::move(copy));
+        sample = insertSample(row, column, sample, std::move(cell));
     }
     fillBack(sample);
     judgeReadiness(row);
@@ -69,106 +66,102 @@ void PendingRows::add(const SyslogEntry& entry, const Timestamp& earliest) {
 }
 
 const Timestamp& PendingRows::frontTime() const {
-    return front_->time_;
+    return rows_.first()->time();
 }
 
 const DataEntry* PendingRows::frontCell(int column) {
-    const Sample* sample = columns_[column].first_;
+    const Row* const front = rows_.first();
+    const Sample* sample = columns_[column].samples_.first();
     if (sample == nullptr) return nullptr;
-    if (sample->row_ == front_) return sample->entry_.get();
-    const DataEntry* before = entryBefore(*sample);
-    if (sample->fill_ == NOTHING || before == nullptr || front_->serial_ >= sample->filledBefore_) return nullptr;
-    madeCell_ = Between(front_->time_, *before, *sample);
-    return madeCell_.get();
+    if (sample->row_ == front) return sample->cell_.entry_.get();
+    const Cell& before = cellBefore(*sample);
+    if (sample->fill_ == NOTHING || before.entry_ == nullptr || front->serial_ >= sample->filledBefore_) return nullptr;
+    madeCell_ = Between(front->time(), before, *sample);
+    return madeCell_.entry_.get();
 }
 
 const SyslogEntry* PendingRows::frontSyslog() const {
-    return front_->syslog_.get();
+    return rows_.first()->syslog_.get();
 }
 
 void PendingRows::dropFront() {
-    Row* row = front_;
+    Row* const row = rows_.first();
     while (Sample* sample = row->samples_) {
         Column& column = columns_[sample->column_];
         row->samples_ = sample->nextInRow_;
-        column.left_ = std::move(sample->entry_);
-        column.first_ = sample->next_;
-        if (column.first_ == nullptr) {
-            column.last_ = nullptr;
-        } else {
-            column.first_->previous_ = nullptr;
-        }
+        column.left_ = std::move(sample->cell_);
+        column.samples_.dropFirst();
         delete sample;
     }
-    front_ = row->next_;
-    if (front_ == nullptr) {
-        back_ = nullptr;
-    } else {
-        front_->previous_ = nullptr;
-    }
-    if (anchor_ == row) anchor_ = nullptr;
+    rows_.dropFirst();
+    --rowCount_;
     if (ready_ == row) ready_ = nullptr;
     delete row;
 }
 
 void PendingRows::forgetSamples() {
-    for (int i = 0; i < columnCount_; ++i) columns_[i].left_.reset();
+    for (int i = 0; i < columnCount_; ++i) columns_[i].left_ = Cell();
+    madeCell_ = Cell();
+    latest_.reset();
 }
 
-// The row of that time, made when there is none. Entries come nearly in order, so the search begins at the newest.
+// The row of that time, made when there is none.
 PendingRows::Row* PendingRows::rowAt(const Timestamp& time) {
-    Row* row = back_;
-    while (row != nullptr && time < row->time_) row = row->previous_;
-    return row != nullptr && row->time_ == time ? row : insertRowAfter(row, time);
-}
-
-PendingRows::Row* PendingRows::insertRowAfter(Row* previous, const Timestamp& time) {
-    Row* row = new Row;
+    Row* const previous = rows_.lastUpTo(time);
+    if (previous != nullptr && previous->time() == time) return previous;
+    Row* const row = new Row;
     row->time_ = time;
     row->serial_ = nextSerial_++;
-    row->previous_ = previous;
-    row->next_ = previous == nullptr ? front_ : previous->next_;
-    (row->previous_ == nullptr ? front_ : row->previous_->next_) = row;
-    (row->next_ == nullptr ? back_ : row->next_->previous_) = row;
+    rows_.insertAfter(previous, row);
+    ++rowCount_;
     return row;
 }
 
-// The column's first sample that is not before the row; null when the row comes after all of them.
-PendingRows::Sample* PendingRows::sampleAtOrAfter(const Column& column, const Row& row) const {
-    Sample* found = nullptr;
-    for (Sample* sample = column.last_; sample != nullptr && row.time_ <= sample->row_->time_;
-         sample = sample->previous_) {
-        found = sample;
-    }
-    return found;
+// The first of a column's samples that is not before the time; null when the time comes after all of them.
+PendingRows::Sample* PendingRows::SampleAtOrAfter(TimeOrder<Sample>& samples, const Timestamp& time) {
+    Sample* const last = samples.lastUpTo(time);
+    if (last == nullptr) return samples.first();
+    return last->time() == time ? last : last->next_;
 }
 
-PendingRows::Sample* PendingRows::insertSample(Row* row, int column, Sample* successor,
-                                               std::unique_ptr<DataEntry> entry) {
-    Column& itsColumn = columns_[column];
+PendingRows::Sample* PendingRows::insertSample(Row* row, int column, Sample* previous, Cell cell) {
     Sample* sample = new Sample;
-    sample->entry_ = std::move(entry);
+    sample->cell_ = std::move(cell);
     sample->column_ = column;
     sample->row_ = row;
     sample->nextInRow_ = row->samples_;
     row->samples_ = sample;
-    sample->next_ = successor;
-    sample->previous_ = successor == nullptr ? itsColumn.last_ : successor->previous_;
-    (sample->previous_ == nullptr ? itsColumn.first_ : sample->previous_->next_) = sample;
-    (sample->next_ == nullptr ? itsColumn.last_ : sample->next_->previous_) = sample;
+    columns_[column].samples_.insertAfter(previous, sample);
     ++row->filledCells_;
     return sample;
+}
+
+PendingRows::Cell PendingRows::keep(const DataEntry& entry, const Timestamp& t) {
+    if (entry.getDataValue() == nullptr || entry.isNumber()) return {nullptr, At(t, new DataEntry(entry))};
+    const Text& text = textOf(entry);
+    return {text, At(t, new DataEntry(entry, text.get()))};
+}
+
+// The latest text or array of the element, as far as it still is that.
+const PendingRows::Text& PendingRows::textOf(const DataEntry& entry) {
+    if (latest_ == nullptr) latest_.reset(new Text[ElementURI::NUM_CODES]);
+    Text& latest = latest_[entry.getElementCode()];
+    const DataValue& value = *entry.getDataValue();
+    const bool isLatest = latest != nullptr && latest->getUnit() == value.getUnit() && latest->equals(value);
+    if (!isLatest) latest.reset(value.copy());
+    return latest;
 }
 
 // Makes the cells between the sample and the one before it real, since what follows may change either end.
 void PendingRows::settleSpan(Sample* sample) {
     const Fill fill = sample->fill_;
-    const DataEntry* before = entryBefore(*sample);
+    const Cell& before = cellBefore(*sample);
     const Row* end = sample->previous_ == nullptr ? nullptr : sample->previous_->row_;
-    Sample* successor = sample;
-    for (Row* row = sample->row_->previous_; fill != NOTHING && before != nullptr && row != end; row = row->previous_) {
+    Sample* const previous = sample->previous_;
+    for (Row* row = sample->row_->previous_; fill != NOTHING && before.entry_ != nullptr && row != end;
+         row = row->previous_) {
         if (row->serial_ >= sample->filledBefore_) continue;
-        successor = insertSample(row, sample->column_, successor, Between(row->time_, *before, *sample));
+        insertSample(row, sample->column_, previous, Between(row->time(), before, *sample));
         --row->filledCells_;  // counted when the span was filled
     }
     sample->fill_ = NOTHING;
@@ -178,7 +171,7 @@ void PendingRows::settleSpan(Sample* sample) {
 void PendingRows::fillBack(Sample* sample) {
     noteComplete(sample->row_);
     if (sample->previous_ == nullptr || sample->previous_->row_ == sample->row_->previous_) return;
-    const Fill fill = fillFor(*sample->previous_->entry_, *sample->entry_);
+    const Fill fill = fillFor(*sample->previous_->cell_.entry_, *sample->cell_.entry_);
     if (fill == NOTHING || fill == NOT_A_NUMBER) columns_[sample->column_].isReader_ = true;
     if (fill == NOTHING) return;
     sample->fill_ = fill;
@@ -196,32 +189,53 @@ PendingRows::Fill PendingRows::fillFor(const DataEntry& before, const DataEntry&
     return isText ? NOTHING : INTERPOLATED;
 }
 
+void PendingRows::Row::summarize() {
+    hasComplete_ =
+        isComplete_ || (earlier_ != nullptr && earlier_->hasComplete_) || (later_ != nullptr && later_->hasComplete_);
+}
+
 void PendingRows::noteComplete(Row* row) {
-    if (row->filledCells_ < columnCount_) return;
-    if (anchor_ == nullptr || anchor_->time_ < row->time_) anchor_ = row;
+    if (row->isComplete_ || row->filledCells_ < columnCount_) return;
+    row->isComplete_ = true;
+    rows_.raise(row);
+}
+
+// The last complete row at or before the row; null when there is none.
+PendingRows::Row* PendingRows::lastCompleteUpTo(Row* row) {
+    rows_.raise(row);
+    if (row->isComplete_) return row;
+    Row* found = row->earlier_;
+    if (found == nullptr || !found->hasComplete_) return nullptr;
+    for (bool isHere = false; !isHere;) {
+        const bool isLater = found->later_ != nullptr && found->later_->hasComplete_;
+        isHere = !isLater && found->isComplete_;
+        if (!isHere) found = isLater ? found->later_ : found->earlier_;
+    }
+    rows_.raise(found);
+    return found;
 }
 
 // Rows can leave up to the last complete one that is neither the first pending row nor later than the one just used.
 void PendingRows::judgeReadiness(Row* used) {
     noteComplete(used);
-    if (anchor_ == nullptr) return;
-    Row* row = anchor_->time_ < used->time_ ? anchor_ : used;
-    while (row != front_ && row->filledCells_ < columnCount_) row = row->previous_;
-    if (row != front_) ready_ = row;
+    Row* const complete = lastCompleteUpTo(used);
+    if (complete != rows_.first()) ready_ = complete;
 }
 
-const DataEntry* PendingRows::entryBefore(const Sample& sample) const {
-    return sample.previous_ == nullptr ? columns_[sample.column_].left_.get() : sample.previous_->entry_.get();
+const PendingRows::Cell& PendingRows::cellBefore(const Sample& sample) const {
+    return sample.previous_ == nullptr ? columns_[sample.column_].left_ : sample.previous_->cell_;
 }
 
-std::unique_ptr<DataEntry> PendingRows::Between(const Timestamp& t, const DataEntry& before, const Sample& after) {
+PendingRows::Cell PendingRows::Between(const Timestamp& t, const Cell& before, const Sample& after) {
+    const DataEntry& first = *before.entry_;
+    const DataEntry& last = *after.cell_.entry_;
     switch (after.fill_) {
         case HELD:
-            if (!before.isNumber()) return Copy(before, t);
-            return CopyWithNumber(*after.entry_, before.getNumber(UnitOf(*after.entry_)), t);
+            if (!first.isNumber()) return {before.text_, At(t, new DataEntry(first, before.text_.get()))};
+            return {nullptr, CopyWithNumber(last, first.getNumber(UnitOf(last)), t)};
         case NOT_A_NUMBER:
-            return CopyWithNumber(*after.entry_, NOT_NUMBER, t);
+            return {nullptr, CopyWithNumber(last, NOT_NUMBER, t)};
         default:
-            return CopyWithNumber(*after.entry_, Interpolated(t, before, *after.entry_), t);
+            return {nullptr, CopyWithNumber(last, Interpolated(t, first, last), t)};
     }
 }

@@ -4,7 +4,7 @@
 
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/SyslogEntry.h"
-#include "utils/Timestamp.h"
+#include "logger/writer/table/TimeOrder.h"
 
 // The rows of an interpolated table that may still change: one per distinct time, in ascending order.
 //
@@ -12,8 +12,10 @@
 // lie on the line between the two. A row is ready to leave once a later row, at or before the newest sample's, has no
 // empty cell; that complete row stays as the anchor of later interpolation.
 //
-// What a sample costs does not grow with the number of rows: a row holds its own samples and the number of its filled
-// cells, and the cells in between are remembered as the span between two samples and made when their row leaves.
+// What a sample costs does not grow with the number of rows, in whatever order the times come, but for its logarithm
+// where they jump: a row holds its own samples and the number of its filled cells, and the cells in between are
+// remembered as the span between two samples and made when their row leaves. A text or array that comes again is kept
+// once, since a few bytes of a log can repeat one of any length.
 class PendingRows {
 public:
     explicit PendingRows(int columnCount);
@@ -25,9 +27,10 @@ public:
     void add(const DataEntry& entry, int column, const Timestamp& earliest);
     void add(const SyslogEntry& entry, const Timestamp& earliest);  // one per row; a later one replaces it
 
-    bool isEmpty() const { return front_ == nullptr; }
+    bool isEmpty() const { return rows_.isEmpty(); }
+    size_t heldBytes() const { return rowCount_ * ROW_BYTES; }  // about
     // The oldest row can no longer change. Judged by the last add alone: call it after each.
-    bool hasReadyRow() const { return ready_ != nullptr && front_ != ready_; }
+    bool hasReadyRow() const { return ready_ != nullptr && rows_.first() != ready_; }
 
     // The oldest row; what the accessors give is borrowed until dropFront (an interpolated cell: until the next call).
     const Timestamp& frontTime() const;
@@ -45,50 +48,62 @@ private:
     // What stands in the cells between a sample and the one before it in its column.
     enum Fill { NOTHING, INTERPOLATED, NOT_A_NUMBER, HELD };
 
-    struct Sample {
+    typedef std::shared_ptr<DataValue> Text;  // or array
+    struct Cell {
+        Text text_;  // that the entry borrows; null for one with a number of its own
         std::unique_ptr<DataEntry> entry_;
+    };
+    // In its column; previous_ is null also when that one has left.
+    struct Sample : TimeOrdered<Sample> {
+        const Timestamp& time() const { return row_->time(); }
+
+        Cell cell_;
         int column_ = 0;
         Row* row_ = nullptr;
         Sample* nextInRow_ = nullptr;
-        Sample* previous_ = nullptr;  // in the column, by time; null also when that one has left
-        Sample* next_ = nullptr;
         Fill fill_ = NOTHING;             // of the rows back to previous_ ...
         unsigned long filledBefore_ = 0;  // ... that were made before this serial number
     };
-    struct Row {
+    struct Row : TimeOrdered<Row> {
+        const Timestamp& time() const { return time_; }
+        void summarize();
+
         Timestamp time_;
         unsigned long serial_ = 0;  // rows are numbered as they are made
         int filledCells_ = 0;
+        bool isComplete_ = false;
+        bool hasComplete_ = false;   // a row of its tree is complete
         Sample* samples_ = nullptr;  // owned, linked by nextInRow_
         std::unique_ptr<SyslogEntry> syslog_;
-        Row* previous_ = nullptr;
-        Row* next_ = nullptr;
     };
     struct Column {
-        Sample* first_ = nullptr;  // among the pending rows
-        Sample* last_ = nullptr;
-        std::unique_ptr<DataEntry> left_;  // the last sample whose row has left; spans may begin there
+        TimeOrder<Sample> samples_;  // of the pending rows
+        Cell left_;                  // the last sample whose row has left; spans may begin there
         bool isReader_ = false;
     };
 
     Row* rowAt(const Timestamp& time);
-    Row* insertRowAfter(Row* previous, const Timestamp& time);
-    Sample* sampleAtOrAfter(const Column& column, const Row& row) const;
-    Sample* insertSample(Row* row, int column, Sample* successor, std::unique_ptr<DataEntry> entry);
+    static Sample* SampleAtOrAfter(TimeOrder<Sample>& samples, const Timestamp& time);
+    Sample* insertSample(Row* row, int column, Sample* previous, Cell cell);
+    Cell keep(const DataEntry& entry, const Timestamp& t);
+    const Text& textOf(const DataEntry& entry);
     void settleSpan(Sample* sample);
     void fillBack(Sample* sample);
     Fill fillFor(const DataEntry& before, const DataEntry& after) const;
     void noteComplete(Row* row);
+    Row* lastCompleteUpTo(Row* row);
     void judgeReadiness(Row* used);
-    const DataEntry* entryBefore(const Sample& sample) const;
-    static std::unique_ptr<DataEntry> Between(const Timestamp& t, const DataEntry& before, const Sample& after);
+    const Cell& cellBefore(const Sample& sample) const;
+    static Cell Between(const Timestamp& t, const Cell& before, const Sample& after);
 
     const int columnCount_;
     std::unique_ptr<Column[]> columns_;
-    Row* front_ = nullptr;  // owned rows, linked by next_
-    Row* back_ = nullptr;
-    Row* anchor_ = nullptr;  // the newest complete row
-    Row* ready_ = nullptr;   // the rows before it can leave
+    static const size_t ROW_BYTES = 300;  // with its samples, in a table of few columns
+
+    TimeOrder<Row> rows_;  // owned
+    size_t rowCount_ = 0;
+    Row* ready_ = nullptr;  // the rows before it can leave
     unsigned long nextSerial_ = 0;
-    std::unique_ptr<DataEntry> madeCell_;  // the interpolated cell handed out last
+    Cell madeCell_;                   // the interpolated cell handed out last
+    std::unique_ptr<Text[]> latest_;  // by element code; null before the first text
 };

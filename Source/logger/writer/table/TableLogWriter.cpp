@@ -1,9 +1,14 @@
 #include "logger/writer/table/TableLogWriter.h"
 
+#include <cerrno>
+#include <cstring>
+
 #include "data/DataAccess.h"
+#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/SyslogEntry.h"
+#include "logger/writer/HasFilename.h"
 #include "logger/writer/table/PendingRows.h"
 
 TableLogWriter::TableLogWriter(int varCount, char** varList, char** unitList, bool interpolate)
@@ -28,7 +33,7 @@ unsigned int TableLogWriter::writeHeader() {
 
 unsigned int TableLogWriter::write(const LogEntry* entry, const Unit*) {
     const MutexLocker lock(writeMutex_);
-    if (entry == nullptr) return 0;
+    if (entry == nullptr || endedEarly_) return 0;
     initializeTableLogWriter();
     switch (entry->getType()) {
         case LogEntry::DATA_LOG_ENTRY:
@@ -116,6 +121,26 @@ void TableLogWriter::resetInputs() {
     writeAllInterpolated();
     if (outputTo_ != nullptr) outputTo_->resetInputs();
     columns_.reset();
+}
+
+size_t TableLogWriter::heldBytes() {
+    const size_t own = interpolate_ ? pendingRows_->heldBytes() : 0;
+    return outputTo_ == nullptr ? own : own + outputTo_->heldBytes();
+}
+
+void TableLogWriter::endEarly() {
+    if (interpolate_) {
+        Slate::GetLogger().syslog("Failed to write " + outputName() + ": " + strerror(ENOMEM), Syslog::ERROR);
+        writeAllInterpolated();
+        endedEarly_ = true;
+    }
+    if (outputTo_ != nullptr) outputTo_->endEarly();
+}
+
+Str TableLogWriter::outputName() {
+    LogWriter* const last = outputTo_ == nullptr ? this : outputTo_;
+    HasFilename* const file = dynamic_cast<HasFilename*>(last);
+    return file != nullptr ? file->getFilename() : logStream_ != nullptr ? Str(logStream_->getName()) : Str();
 }
 
 unsigned int TableLogWriter::writeRow() {

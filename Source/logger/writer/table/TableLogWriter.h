@@ -27,6 +27,8 @@ public:
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
     unsigned int writeFooter() override;
     void resetInputs() override;
+    size_t heldBytes() override;
+    void endEarly() override;  // writes the pending rows, the table's last
 
     // Each returns the number of bytes written.
     virtual unsigned int writeAllInterpolated();                 // emits every pending row
@@ -53,6 +55,8 @@ private:
     unsigned int writeMessage(const SyslogEntry& entry);
     unsigned int writeReadyRows();
     unsigned int writeFrontRow();
+    Str outputName();
 
     std::unique_ptr<PendingRows> pendingRows_;  // with interpolation only
+    bool endedEarly_ = false;
 };

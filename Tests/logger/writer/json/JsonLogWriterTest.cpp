@@ -90,6 +90,8 @@ TEST_F(JsonLogWriterTest, BlobsAreNestedByTheirDimensions) {
                  {"a.long", {1}, {1, 2}, "[1]"},
                  {"a.matrix", {2, 3}, {1, 2, 3, 4, 5, 6}, "[[1,2,3],[4,5,6]]"},
                  {"a.cube", {2, 1, 2}, {1, 2, 3, 4}, "[[[1,2]],[[3,4]]]"},
+                 {"a.half", {3, 2}, {1}, "[[1,null],[null,null],[null,null]]"},
+                 {"a.none", {2, 1, 2}, {}, "[[[null,null]],[[null,null]]]"},
                  {"a.rows", {0, 2}, {1, 2, 3}, "[[1,2],[3,null]]"},
                  {"a.planes", {0, 2, 1}, {1, 2, 3, 4}, "[[[1],[2]],[[3],[4]]]"}};
     for (const auto& c : cases) {
@@ -101,6 +103,32 @@ TEST_F(JsonLogWriterTest, BlobsAreNestedByTheirDimensions) {
     DataAccess* speeds = log_.declareBlob("a.speeds", Units::METER_PER_SECOND, BLOB_FLOAT32LE, 2);
     const LogEntry* entry = log_.blob<float>(speeds, 0, {1.5F, NAN});
     EXPECT_EQ("[[150,null]]", values(document({"a.speeds"}, {entry}, {"centimeter_per_second"})));
+}
+
+// What comes again is kept once, and written as often as it comes.
+TEST_F(JsonLogWriterTest, ArraysThatAlternateInAUniversalStayApart) {
+    const std::vector<short> numbers = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+    const std::string sixteen = "[1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16]";
+    DataAccess* accesses[2];
+    for (int i = 0; i < 2; ++i) {
+        const char* const name = i == 0 ? "A.x" : "B.x";
+        log_.declareBlob(name, Units::NONE, BLOB_INT16LE, 16);
+        accesses[i] = log_.declareServing("depth", name, Units::NONE, STRVALUE);
+    }
+    const std::string other = "[0" + sixteen.substr(2);
+    const std::pair<int, std::string> samples[] = {{0, sixteen}, {1, other}, {0, sixteen}, {0, sixteen},
+                                                   {1, other},   {0, other}, {0, sixteen}, {1, sixteen}};
+    std::vector<const LogEntry*> entries;
+    std::string expected;
+    for (const auto& [source, text] : samples) {
+        std::vector<short> elements = numbers;
+        elements[0] = text == other ? 0 : 1;
+        DataEntry* const entry = log_.blob(accesses[source], 0, elements);
+        entry->setBest(true);
+        entries.push_back(entry);
+        expected += (expected.empty() ? "" : ",") + text;
+    }
+    EXPECT_EQ("[" + expected + "]", values(document({"depth"}, entries)));
 }
 
 // Where the samples of each name stand: E in the text expected is its empty leaf.

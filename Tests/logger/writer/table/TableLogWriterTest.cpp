@@ -194,7 +194,9 @@ TEST(TableLogWriterTest, RandomSeriesFollowTheRuleStepByStep) {
         double now = 0;
         for (int i = 0; i < 120; ++i) {
             now += upTo(3) * 0.25;
-            const double t = upTo(6) == 0 ? now - upTo(12) * 0.25 : now;  // now and then out of order
+            const double nearNow = upTo(6) == 0 ? now - upTo(12) * 0.25 : now;  // now and then out of order
+            const double orders[] = {nearNow, nearNow, 60 - nearNow, upTo(240) * 0.25};
+            const double t = orders[seed / 8 % 4];  // for most forwards, then backwards, or anywhere
             const int column = upTo(3);
             const double value = upTo(100);
             table.write(log.bestData(accesses[column], t + 10, value), nullptr);

@@ -1,0 +1,23 @@
+#include "utils/RefusableBytes.h"
+
+#include <algorithm>
+
+static const size_t FIRST_ROOM = 256;
+
+// Not by operator new, which does not return without memory. A large block grows in its place.
+bool RefusableBytes::grow(size_t more) {
+    if (isRefused_) return false;
+    const size_t room = std::max({FIRST_ROOM, room_ + room_ / 2, length_ + more});
+    char* const bytes = static_cast<char*>(realloc(bytes_, room));
+    isRefused_ = bytes == nullptr;
+    if (isRefused_) return false;
+    bytes_ = bytes;
+    room_ = room;
+    return true;
+}
+
+void RefusableBytes::clear() {
+    free(bytes_);
+    bytes_ = nullptr;
+    length_ = room_ = 0;
+}

@@ -1,0 +1,64 @@
+#include "RunFixture.h"
+
+// Runs that are refused memory end with a message, and what they have written stays.
+
+#if defined(__SANITIZE_ADDRESS__)
+static const bool CAN_LIMIT = false;  // the sanitizer takes all addresses for itself
+#else
+static const bool CAN_LIMIT = true;
+#endif
+
+class MemoryTest : public RunFixture {
+protected:
+    struct Limited {
+        int status_;
+        std::string out_;
+    };
+    void SetUp() override {
+        if (!CAN_LIMIT) GTEST_SKIP();
+    }
+    Limited runWithin(int megabytes, const std::string& arguments) const {
+        const std::string out = OutputOf("cd " + path("") + " && ulimit -v " + std::to_string(megabytes * 1024) +
+                                         "; " UNSERIALIZE_PROGRAM " " + arguments + " 2>&1; echo status $?");
+        const size_t status = out.rfind("status ");
+        return {atoi(out.c_str() + status + 7), out.substr(0, status)};
+    }
+    // The least address space in which the program says how it is used.
+    int leastMegabytes() const {
+        int megabytes = 20;
+        while (runWithin(megabytes, "").status_ != 255 && megabytes < 1000) megabytes += 2;
+        return megabytes;
+    }
+};
+
+TEST_F(MemoryTest, NoRunEndsByASignalAndNoneInSilence) {
+    synthesize("--minutes 0.5");
+    const int least = leastMegabytes();
+    int refusals = 0;
+    for (const std::string output : {"-ac", "-ci", "-kn", "-jN", "-mH"}) {
+        for (int megabytes = least; megabytes < least + 60; megabytes += 6) {
+            const Limited run = runWithin(megabytes, "-qO " + output + " -o out dive");
+            const bool isTold = run.out_.find("ERROR") != std::string::npos || run.out_.find("No memory") == 0;
+            EXPECT_TRUE(run.status_ == 0 || (run.status_ == 1 && isTold))
+                << output << " in " << megabytes << " MB: " << run.status_ << " " << run.out_;
+            if (isTold) ++refusals;
+        }
+    }
+    EXPECT_LT(3, refusals);
+}
+
+TEST_F(MemoryTest, ADocumentThatIsRefusedMemoryEndsAndTheOthersAreWhole) {
+    synthesize("--minutes 20");
+    run({"-aj", "dive"});
+    const std::string whole = read("dive.asc");
+    int documentsCut = 0;
+    for (int megabytes = leastMegabytes() + 18; documentsCut == 0 && megabytes < 400; megabytes += 2) {
+        const Limited run = runWithin(megabytes, "-qO -aj dive");
+        if (run.out_.find("Failed to write dive.js: Cannot allocate memory") == std::string::npos) continue;
+        ++documentsCut;
+        EXPECT_EQ(0, run.status_) << run.out_;
+        EXPECT_TRUE(whole == read("dive.asc")) << megabytes << " MB";
+        EXPECT_EQ("", OutputOf("python3 -m json.tool " + path("dive.js") + " 2>&1 >/dev/null"));
+    }
+    EXPECT_EQ(1, documentsCut);
+}
