@@ -32,6 +32,8 @@ TEST_F(DataElementTest, ReadsWhatWasWrittenWhileItsSupplierIsActive) {
     EXPECT_FALSE(writer->write(Units::METER, 500, T)) << "the same value again";
     EXPECT_EQ(500, reader->asDouble(Units::METER));
     EXPECT_FALSE(reader->read(Units::SECOND, depth));
+    EXPECT_EQ(reader, writer->getElement()->findReader(&pilot_));
+    EXPECT_EQ(writer, writer->getElement()->findWriter(&sensor_));
     EXPECT_EQ(T, reader->getElement()->getTimestamp());
     EXPECT_TRUE(log_.take().empty());
 
@@ -84,6 +86,13 @@ TEST_F(DataElementTest, AUniversalFollowsTheBestOfItsSources) {
 
     pilot_.setActive(false);
     EXPECT_EQ(12, reader->asDouble(Units::METER));
+    const DataElement* const depth = Slate::GetElement(UniversalURI::DEPTH);
+    EXPECT_EQ(2u, depth->readerCount());
+    for (Component* const component : {&pilot_, &sensor_}) {
+        EXPECT_TRUE(depth->isActivatable());
+        component->setFailed(true);
+    }
+    EXPECT_FALSE(depth->isActivatable());
 }
 
 TEST_F(DataElementTest, EveryStrategyHasItsBestSource) {

@@ -224,5 +224,6 @@ TEST_F(RunTest, ProgressCountsEveryInput) {
     const std::string lines = shown("-aOo");
     EXPECT_LT(67, atoi(lines.substr(lines.rfind('\r', lines.rfind('%')) + 4).c_str())) << lines;
     EXPECT_EQ(" left\r\033[K", lines.substr(lines.size() - 9));
-    EXPECT_EQ("", shown("-aqOo") + shown("2>said -aOo") + read("said"));
+    EXPECT_EQ("", shown("-aqOo") + shown("2>said -aOo"));
+    EXPECT_EQ("", read("said"));
 }

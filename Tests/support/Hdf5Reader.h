@@ -33,7 +33,7 @@ public:
         H5Dclose(id);
         return text;
     }
-    // The text of an attribute of a group or data set; "none" without one.
+    // The text of an attribute of a group or data set, with " (UTF-8)" where it declares that; "none" without one.
     std::string att(const std::string& path, const char* name) const {
         const hid_t id = H5Oopen(file_, path.c_str(), H5P_DEFAULT);
         const std::string text = id < 0 ? "none" : attOf(id, name);
@@ -58,6 +58,7 @@ private:
         const hid_t type = H5Aget_type(att);
         std::string text(H5Tget_size(type), '\0');
         H5Aread(att, type, text.data());
+        if (H5Tget_cset(type) == H5T_CSET_UTF8) text += " (UTF-8)";
         H5Tclose(type);
         H5Aclose(att);
         return text.c_str();

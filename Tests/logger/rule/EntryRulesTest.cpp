@@ -21,8 +21,6 @@ protected:
 
 TEST_F(EntryRulesTest, EachAdmitsItsOwnKindAloneAndSaysSo) {
     TypeRule data(LogEntry::DATA_LOG_ENTRY);
-    TypeRule directory(LogEntry::DIRECTORY_LOG_ENTRY);
-    TypeRule syslog(LogEntry::SYSLOG_LOG_ENTRY);
     EventTypeRule cycleStart(EventEntry::START_CYCLE);
     EventTypeRule action(EventEntry::COMPONENT_ACTION);
     DataWriteRule writes(true);
@@ -33,8 +31,6 @@ TEST_F(EntryRulesTest, EachAdmitsItsOwnKindAloneAndSaysSo) {
         const char* text_;
     } cases[] = {
         {data, {written_, read_}, "type=DATA"},
-        {directory, {version_}, "type=DIRECTORY"},
-        {syslog, {message_}, "type=SYSLOG"},
         {cycleStart, {cycle_}, "eventType=START_CYCLE"},
         {action, {running_}, "eventType=COMPONENT_ACTION"},
         {writes, {written_}, "dataWrite=true"},

@@ -29,7 +29,6 @@ TEST(SyslogSeverityRuleTest, CriticalAndFaultStandApartFromTheOrder) {
     }
     EXPECT_FALSE(SyslogSeverityRule(Syslog::DEBUG, true).check(log.cycle(0)));
     EXPECT_STREQ("severity=FAULT", SyslogSeverityRule(Syslog::FAULT, true).toString().cStr());
-    EXPECT_STREQ("severity=", SyslogSeverityRule(Syslog::NONE, true).toString().cStr());
 }
 
 TEST(SyslogStartRuleTest, ComparesBytesFromTheBeginning) {
