@@ -27,18 +27,18 @@ class UniversalDataWriter;
 // Threads: names, coded names and accesses have a lock each; an operation takes only its own.
 class Slate {
 public:
-    // The versions that a log or side file tells.
+    // The versions in force after each one that a log or side file tells: one that is not known changes nothing.
     struct LogVersions {
-        unsigned int told_ = 0;            // a bit each; no version is as high as 32
-        unsigned short firstInForce_ = 0;  // after the first of them
+        unsigned int inForce_ = 0;  // a bit each; no known version is as high as 32
+        unsigned short first_ = 0;
 
-        void add(short told, unsigned short inForce) {
-            if (!areTold()) firstInForce_ = inForce;
-            told_ |= 1u << (told & 31);
+        void add(unsigned short version) {
+            if (!areTold()) first_ = version;
+            inForce_ |= 1u << (version & 31);
         }
-        bool areTold() const { return told_ != 0; }
-        bool agreeWith(const LogVersions& other) const {  // one is told by both, or one tells none
-            return !areTold() || !other.areTold() || (told_ & other.told_) != 0;
+        bool areTold() const { return inForce_ != 0; }
+        bool agreeWith(const LogVersions& other) const {  // they share one, or one tells none
+            return !areTold() || !other.areTold() || (inForce_ & other.inForce_) != 0;
         }
     };
 

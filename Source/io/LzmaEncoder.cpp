@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "io/OldFile.h"
+#include "io/StagedFile.h"
 #include "utils/Str.h"
 
 extern "C" {
@@ -88,15 +88,12 @@ SRes Encode(FILE* from, FILE* to) {
 bool LzmaEncoder::encode(const char* filename, const char* newName, const char* backupName) {
     const File from(fopen(filename, "rb"));
     if (from == nullptr) return false;
-    const Str outputName = newName != nullptr ? Str(newName) : Str(filename) + ".lzma";
-    File to(fopen(outputName.cStr(), "wb"));
+    StagedFile output(newName != nullptr ? Str(newName) : Str(filename) + ".lzma");
+    File to(fopen(output.name().cStr(), "wb"));
     if (to == nullptr) return false;
     const bool encoded = Encode(from.get(), to.get()) == SZ_OK;
     const bool closed = fclose(to.release()) == 0;
-    if (!encoded || !closed) {
-        RemoveOldFile(outputName.cStr());
-        return true;
-    }
+    if (!encoded || !closed || !output.putInPlace()) return true;
     rename(filename, backupName != nullptr ? backupName : (Str(filename) + ".bak").cStr());
     return false;
 }

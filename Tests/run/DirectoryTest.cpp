@@ -171,3 +171,15 @@ TEST_F(DirectoryTest, AVersionHoldsFromWhereItStands) {
     }
     EXPECT_EQ(5u, CountOf(text, "Depth.depth="));
 }
+
+// A version that is not known changes nothing, so the side file tells the one that holds.
+TEST_F(DirectoryTest, TheOwnSideFileOfALogOfUnknownVersionIsKept) {
+    for (const int version : {2, 9}) {
+        DiveLog dive;
+        dive.add(dive.log_.version(static_cast<short>(version)));
+        write("dive", dive.bytes() + DepthLog().all().substr(dive.bytes().size()));
+        run({"-d", "dive"});
+        EXPECT_EQ("(CRITICAL): Can only unserialize verisions 3 through 8\n", said({"-a", "dive"})) << version;
+        EXPECT_EQ(10u, CountOf(read("dive.asc"), "=7.000000 m\n"));
+    }
+}

@@ -11,14 +11,17 @@ void MessageGate::logMessage(const Str& text, Syslog::Severity severity, const C
     }
 }
 
-// What is worse than an error is always shown.
 void MessageGate::pass(const Str& text, Syslog::Severity severity) {
-    const bool isTooMany = severity == Syslog::ERROR && ++passed_ > MAX_PASSED;
-    if (isTooMany) {
+    if (isOneTooMany(severity)) {
         ++tooMany_;
     } else {
         logger_.syslog(text, severity);
     }
+}
+
+bool MessageGate::isOneTooMany(Syslog::Severity severity) {
+    if (severity < Syslog::ERROR) return false;
+    return severity == Syslog::ERROR ? ++errors_ > MAX_PASSED : ++worse_ > MAX_WORSE;
 }
 
 void MessageGate::open() {

@@ -7,7 +7,8 @@
 // closed, and of each file only so many messages at ERROR pass.
 class MessageGate : private SyslogSink {
 public:
-    static constexpr unsigned int MAX_PASSED = 45;  // of one file; more than the failures of one stretch say
+    static constexpr unsigned int MAX_PASSED = 45;  // errors of one file; more than the failures of one stretch say
+    static constexpr unsigned int MAX_WORSE = 3;    // of one file, besides: errors never hide what is worse
 
     explicit MessageGate(const Logger& logger);  // borrowed, outlives the gate
     MessageGate(const MessageGate&) = delete;
@@ -18,7 +19,7 @@ public:
     void open();                                          // what waits passes first
     void close() { isOpen_ = false; }                     // messages wait until the gate opens again
     void dropWaiting() { waiting_.clear(); }
-    void beginFile() { passed_ = tooMany_ = 0; }
+    void beginFile() { errors_ = worse_ = tooMany_ = 0; }
     unsigned int getTooMany() const { return tooMany_; }         // messages of this file that were not let pass
     unsigned long getComplaints() const { return complaints_; }  // messages at ERROR or above, dropped ones included
     void countComplaint() { ++complaints_; }                     // one without a message
@@ -30,12 +31,14 @@ private:
     };
 
     void pass(const Str& text, Syslog::Severity severity);
+    bool isOneTooMany(Syslog::Severity severity);
     void logMessage(const Str& text, Syslog::Severity severity, const CodedStr& facility) override;
 
     const Logger& logger_;  // borrowed
     const Logger gated_;
     bool isOpen_ = true;
-    unsigned int passed_ = 0;
+    unsigned int errors_ = 0;  // of this file
+    unsigned int worse_ = 0;
     unsigned int tooMany_ = 0;
     FlexArray<Message*> waiting_{true};  // owned
     unsigned long complaints_ = 0;

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "data/Slate.h"
 #include "logger/engine/LogEngine.h"
 #include "logger/engine/LogWriter.h"
@@ -30,7 +32,7 @@ private:
     }
     void handleRecord(const DirectoryEntry& record) {
         if (record.getDirectoryType() == DirectoryEntry::VERSION) {
-            versions_.add(record.getVersion(), DirectoryEntry::CurrentLogVersion_);
+            versions_.add(DirectoryEntry::CurrentLogVersion_);
         } else {
             foundRecords_ = true;
         }
@@ -61,7 +63,7 @@ void Slate::ReadDirectory(const Str& path) {
 
 void Slate::ReadDirectory(const Str& path, bool showMessages) {
     const LogVersions versions = ScanDirectory(path, showMessages);
-    if (versions.areTold()) DirectoryEntry::CurrentLogVersion_ = versions.firstInForce_;
+    if (versions.areTold()) DirectoryEntry::CurrentLogVersion_ = versions.first_;
 }
 
 Slate::LogVersions Slate::ScanDirectory(const Str& path, bool showMessages) {
@@ -93,7 +95,7 @@ void Slate::ReadSideFile(const Str& log, bool showMessages) {
     if (!DirectoryRead_) return;
 
     SideFile_ = path;
-    const unsigned short versionThere = version;
+    const unsigned short versionThere = std::exchange(version, versionBefore);
     const LogVersions versions = ReadHead(log);
     const Str contradiction = versions.agreeWith(versionsThere) ? DescribeContradiction() : Str("the log version");
     version = versions.areTold() || !contradiction.isEmpty() ? versionBefore : versionThere;

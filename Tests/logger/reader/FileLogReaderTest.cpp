@@ -117,6 +117,17 @@ TEST_F(FileLogReaderTest, TheEntryThatEndsDamageKeepsItsMessages) {
                      summary(path, 1, 50, 4)}));
 }
 
+TEST_F(FileLogReaderTest, WhatIsWorseThanAnErrorIsCountedToo) {
+    Str log = pieces_[0] + junk(10);
+    for (int i = 0; i < 100; ++i) log += FromHex("2A") + Str("v 0009\n");
+    const std::string path = write("slate", log);
+    readLog("slate");
+    const Lines messages = errors();
+    const std::string critical = "CRITICAL Can only unserialize verisions 3 through 8";
+    EXPECT_EQ(MessageGate::MAX_WORSE, std::count(messages.begin(), messages.end(), critical));
+    EXPECT_EQ(messages.back(), summary(path, 1, 10, 100) + ", messages not shown 97");
+}
+
 // It says nothing itself, whether it stands alone or begins a stretch.
 TEST_F(FileLogReaderTest, ADirectoryRecordOfUnknownKindIsDamage) {
     for (const size_t junkLength : {0u, 3u}) {
