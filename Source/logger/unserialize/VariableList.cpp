@@ -71,7 +71,7 @@ void VariableList::readFrom(const Inputs& inputs, const RunSettings& settings, L
         Inputs::ReadDirectory(inputs.at(i), settings);
         addDirectory(settings.parents_, i == 0);
         console.processQueue(Timespan::ZERO_TIMESPAN);
-        if (inputs.count() > 1) Slate::ClearDirectory();
+        if (inputs.count() > 1) Slate::ReleaseDirectory();
     }
     if (inputs.count() > 1) DirectoryEntry::CurrentLogVersion_ = versionInForce;
 }
