@@ -30,6 +30,7 @@ FlexArray<CodedStr*> Slate::NameStore_ SLATE_COLLECTION(true);
 FlexArray<DataAccess*> Slate::DataAccessStore_ SLATE_COLLECTION(true);
 FlexArray<DataElement*> Slate::DataElementStore_ SLATE_COLLECTION(true);
 FlexArray<DataAccessor*> Slate::DataAccessorStore_ SLATE_COLLECTION(true);
+FastMap<Str, ElementURI*> Slate::ReleasedURIs_ SLATE_COLLECTION;
 
 FlexArray<ElementURI*> Slate::ElementURIsCodedHere_ SLATE_COLLECTION;
 FlexArray<CodedStr*> Slate::NamesCodedHere_ SLATE_COLLECTION;
@@ -99,18 +100,27 @@ void Slate::ClearDirectory() {
     Construct();
 }
 
-void Slate::Uninitialize() {
+void Slate::ReleaseDirectory() {
     ClearDirectory();
+    DataAccessorStore_.clear();
+    DataElementStore_.clear();
+    DataAccessStore_.clear();
+    NameStore_.clear();
+    for (int i = ElementURIStore_.getMaxIndex(); i >= 0 && ReleasedURIs_.size() < MAX_CAPACITY; --i) {
+        ElementURI* const uri = ElementURIStore_.at(static_cast<unsigned int>(i));
+        if (ReleasedURIs_.put(*uri, uri, true)) ElementURIStore_.pop(i);
+    }
+}
+
+void Slate::Uninitialize() {
+    ReleaseDirectory();
     StopDirectoryWrites();
     DirectoryEngine_ = nullptr;
     EmitElementURI_ = nullptr;
     EmitName_ = nullptr;
     EmitDataAccess_ = nullptr;
-    DataAccessorStore_.clear();
-    DataElementStore_.clear();
-    DataAccessStore_.clear();
-    NameStore_.clear();
     ElementURIStore_.clear();
+    ReleasedURIs_.clear();
 }
 
 void Slate::TakeBackCodesNotRead() {
@@ -167,9 +177,20 @@ ElementURI* Slate::CodifiedURI(const ElementURI& uri) {
     return known;
 }
 
+ElementURI* Slate::ReusedName(ElementURI* uri) {
+    const bool isNew =
+        uri->hasCode() && GetElementURI(uri->getCode()) == nullptr && ElementURIMap_.get(*uri) == nullptr;
+    ElementURI* const released = isNew ? ReleasedURIs_.pop(*uri) : nullptr;
+    if (released == nullptr) return uri;
+    *released = *uri;
+    delete uri;
+    return released;
+}
+
 ElementURI* Slate::RegisterElementURI(ElementURI* uri) {
     MutexLocker lock(ElementMutex_);
     const unsigned short code = uri->getCode();
+    uri = ReusedName(uri);
     ElementURI* const registered = ElementURIs_.add(uri, *uri);
     if (registered != nullptr) PlaceElement(*registered);
     ReportRetold(ElementURIs_, code);

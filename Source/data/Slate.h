@@ -47,6 +47,9 @@ public:
     // Forgets every code, name, access and element. Objects live on until Uninitialize, since writers may still hold
     // entries that point to them.
     static void ClearDirectory();
+    // The same, and deletes the objects: for when nobody holds entries or accessors any more. Element names alone stay,
+    // as they do for the life of the process, and serve again when a log brings a name of the same text.
+    static void ReleaseDirectory();
     static void Uninitialize();  // releases everything but the universals, which stay in an empty Slate
 
     // Reads the directory records of the log or side file at path (its numbered parts included) and registers them.
@@ -235,6 +238,7 @@ private:
     static Str WhatIsContradicted();
 
     static bool CodesNewItems() { return DirectoryWritesEnabled_ || DirectoryWritesSimulated_; }
+    static ElementURI* ReusedName(ElementURI* uri);  // what stands for a name that a log brings; uri may be deleted
     static ElementURI* CodifiedURI(const ElementURI& uri);  // the registered name of that text, registering a copy
     // In ascending code, of the accesses for which that code is the one: the first with a known type, else the first.
     static DataAccess* FirstDescribing(unsigned short (DataAccess::*whose)() const, unsigned short code);
@@ -274,6 +278,7 @@ private:
     static FlexArray<DataAccess*> DataAccessStore_;
     static FlexArray<DataElement*> DataElementStore_;
     static FlexArray<DataAccessor*> DataAccessorStore_;
+    static FastMap<Str, ElementURI*> ReleasedURIs_;  // names that no log in use has; owned
     // Items whose code was not read from a log, without ownership.
     static FlexArray<ElementURI*> ElementURIsCodedHere_;
     static FlexArray<CodedStr*> NamesCodedHere_;

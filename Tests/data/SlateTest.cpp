@@ -322,3 +322,20 @@ TEST_F(SlateTest, AClearedDirectoryForgetsButKeepsObjects) {
     EXPECT_STREQ("Depth.depth", element->getUri().cStr());
     EXPECT_NE(depth, Register(0, "Depth.depth")) << "a new name";
 }
+
+TEST_F(SlateTest, AReleasedDirectoryKeepsItsNamesForTheNextLogs) {
+    const ElementURI* const depth = Register(0, "Depth.depth");
+    const ElementURI* const rate = Register(1, "Depth.rate");
+    RegisterAccess(0, 0);
+    Slate::NewDataElement(*depth, nullptr, Units::METER, FLOAT3, 0);
+    Slate::ReleaseDirectory();
+    EXPECT_EQ(nullptr, Slate::FindElementURI("Depth.depth"));
+    EXPECT_STREQ("Depth.rate", rate->cStr());
+
+    ElementURI* const next = new ElementURI(5, "Depth.depth", ElementURI::SETTING_ELEMENT);
+    EXPECT_EQ(depth, Slate::RegisterElementURI(next)) << "the same object";
+    EXPECT_EQ(5, depth->getCode());
+    EXPECT_EQ(ElementURI::SETTING_ELEMENT, depth->getElementType()) << "as the next log has it";
+    EXPECT_EQ(nullptr, Register(5, "Depth.rate")) << "the code is taken";
+    EXPECT_EQ(rate, Register(6, "Depth.rate"));
+}

@@ -99,8 +99,8 @@ void Unserialize::readInputs() {
     for (unsigned int i = 0; i < inputs_.count() && !isMemoryUsedUp_; ++i) {
         readInput(inputs_.at(i), progress);
         if (inputs_.count() == 1) continue;
-        engine_.resetInputs();
-        Slate::ClearDirectory();
+        engine_.resetInputs();  // no writer holds an entry from here on
+        Slate::ReleaseDirectory();
     }
 }
 

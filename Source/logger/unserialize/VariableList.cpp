@@ -71,7 +71,7 @@ void VariableList::readFrom(const Inputs& inputs, Directories& directories, cons
         addDirectory(settings.parents_, i == 0);
         console.processQueue(Timespan::ZERO_TIMESPAN);
         if (inputs.count() == 1) return;
-        Slate::ClearDirectory();
+        Slate::ReleaseDirectory();
         directories.keepScannedVersion();
     }
     DirectoryEntry::CurrentLogVersion_ = versionInForce;

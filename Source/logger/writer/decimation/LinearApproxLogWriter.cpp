@@ -40,6 +40,11 @@ unsigned int LinearApproxLogWriter::writeFooter() {
     return flush();
 }
 
+void LinearApproxLogWriter::resetInputs() {
+    flush();
+    varData_.reset();
+}
+
 void LinearApproxLogWriter::setParameter(DataValue* value, Logger& logger) {
     if (value == nullptr) {
         logger.syslog("Configuring LinearApproxWriter with NULL parameter value", Syslog::FAULT);

@@ -14,6 +14,7 @@ public:
     ~LinearApproxLogWriter() override;
 
     unsigned int writeFooter() override;
+    void resetInputs() override;  // ends the series
     // The first value is taken over as it is, later ones are copied into it; null makes the bound not-a-number.
     void setParameter(DataValue* value, Logger& logger) override;
     unsigned int flush() override;  // the points that are still pending

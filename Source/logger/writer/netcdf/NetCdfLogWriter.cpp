@@ -21,6 +21,7 @@ NetCdfLogWriter::NetCdfLogWriter(const Str& filename, bool version4, int varCoun
       netCdfWriter_(NetCdfWriter::NewNetCdfWriter(filename_.cStr(), version4, NetCdfConventions::TRAJECTORY_NAME)),
       vars_(new NetCdf::NetCdfVar*[varCount + attCount]()),
       varUris_(new const ElementURI*[varCount + attCount]()),
+      shapes_(true),
       timeVars_(new NetCdf::NetCdfVar*[varCount + attCount]()),
       holders_(true) {}
 
@@ -127,7 +128,11 @@ void NetCdfLogWriter::addVar(int index, const ElementURI* name, BinaryDataType t
         give(*var, NewHolder(*name, type, unit));
         give(*timeVar, Units::SECOND.dataValue(DOUBLE8));
         vars_[index] = var;
-        varUris_[index] = name->getDimensions() > 0 ? name : nullptr;
+        if (name->getDimensions() > 0) {
+            ElementURI* const shape = new ElementURI(*name);
+            shapes_.push(shape);
+            varUris_[index] = shape;
+        }
         timeVars_[index] = timeVar;
     }
     group->recover();

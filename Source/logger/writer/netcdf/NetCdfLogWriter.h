@@ -50,6 +50,7 @@ private:
     // Per requested variable and, behind them, setting. The variables are the file's; null: none.
     const std::unique_ptr<NetCdf::NetCdfVar*[]> vars_;
     const std::unique_ptr<const ElementURI*[]> varUris_;  // whose shape the values have; null: single values
+    FlexArray<ElementURI*> shapes_;                       // owned; these names, which outlive their log
     const std::unique_ptr<NetCdf::NetCdfVar*[]> timeVars_;
     FlexArray<DataValue*> holders_;  // owned; the values that the variables point to
     SlateWatch watch_;               // of the last try to initialize

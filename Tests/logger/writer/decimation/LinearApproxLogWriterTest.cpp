@@ -27,6 +27,13 @@ TEST_F(LinearApproxLogWriterTest, ThinsWithinTheBoundAndFlushesWhatIsPending) {
     EXPECT_EQ(0u, writer.flush());
     writer.write(log_.data(depth_, 5, NAN), nullptr);
     EXPECT_EQ("4=5 5=nan", out_.take());
+    for (int i = 6; i < 9; ++i) writer.write(log_.data(depth_, i, i), nullptr);
+    out_.take();
+    writer.resetInputs();
+    EXPECT_EQ("8=8", out_.take()) << "a series ends with its input";
+    EXPECT_EQ(0u, writer.flush());
+    writer.write(log_.data(depth_, 9, 0), nullptr);
+    EXPECT_EQ("9=0", out_.take()) << "and the next begins";
     EXPECT_EQ(Lines(), complaints());
 }
 

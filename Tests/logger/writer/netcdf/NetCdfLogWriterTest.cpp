@@ -42,6 +42,23 @@ TEST_F(NetCdfLogWriterTest, EveryNameHasItsOwnTimeAxis) {
     EXPECT_EQ("time depth latitude longitude", file.att("Depth/Depth.rate", "coordinates"));
 }
 
+// The objects of a log may be gone when the next one comes; what a variable is stays as the first log had it.
+TEST_F(NetCdfLogWriterTest, TheNextInputAddsToTheSameVariables) {
+    NameList names({"B.row"}), none({});
+    const std::unique_ptr<LogWriter> writer(newWriter(names, none, none));
+    for (const int input : {0, 1}) {
+        SmallLog log;
+        if (input == 1) log.declare("A.other");
+        DataAccess* const row = log.declareBlob("B.row", Units::NONE, BLOB_INT16LE, 2);
+        log.endDirectory();
+        writer->write(log.blob<short>(row, input, {static_cast<short>(input), 5}), nullptr);
+        writer->resetInputs();
+        Slate::ReleaseDirectory();
+    }
+    writer->writeFooter();
+    EXPECT_EQ(Numbers({0, 5, 1, 5}), NetCdfFile(path_).numbers("B/B.row"));
+}
+
 // Arrays keep their shape; what a value lacks is missing; texts are texts.
 TEST_F(NetCdfLogWriterTest, ArraysAndTexts) {
     DataAccess* const matrix = log_.declareBlob("B.matrix", Units::METER, BLOB_FLOAT64LE, 2, 2);
