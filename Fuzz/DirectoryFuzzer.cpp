@@ -2,12 +2,13 @@
 #include <memory>
 
 #include "FuzzStreams.h"
-#include "data/Slate.h"
-#include "logger/entry/DirectoryEntry.h"
+#include "logger/entry/LogEntry.h"
+#include "logger/reader/LogDirectory.h"
 #include "logger/writer/binary/BinaryLogWriter.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const unsigned short newest = DirectoryEntry::CurrentLogVersion_;
+    Log log;
+    const Log::Use use(log);
     const Logger logger("Fuzzer", nullptr);
     BytesInStream in(data, size);
     while (!in.eof()) {
@@ -20,11 +21,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     NullOutStream out;
     BinaryLogWriter writer(out, true);
     writer.writeHeader();
-    Slate::WriteDirectory(&writer, true);
-
-    Slate::ClearDirectory();
-    Slate::Uninitialize();
-    DirectoryEntry::ElementStore_.clear();
-    DirectoryEntry::CurrentLogVersion_ = newest;
+    LogDirectory(log).write(&writer);
     return 0;
 }

@@ -1,8 +1,7 @@
 // A whole log of any bytes: every entry that decodes is written as text and in binary; damage is stepped over.
 #include "FuzzStreams.h"
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "logger/engine/LogEngine.h"
-#include "logger/entry/DirectoryEntry.h"
 #include "logger/reader/BinaryLogReader.h"
 #include "logger/writer/binary/BinaryLogWriter.h"
 #include "logger/writer/text/TextLogWriter.h"
@@ -17,34 +16,24 @@ void ReadAll(BinaryLogReader& reader, BytesInStream& in) {
     }
 }
 
-void ForgetLog(unsigned short versionBefore) {
-    Slate::ClearDirectory();
-    Slate::Uninitialize();
-    DirectoryEntry::ElementStore_.clear();
-    DirectoryEntry::CurrentLogVersion_ = versionBefore;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const unsigned short newest = DirectoryEntry::CurrentLogVersion_;
-    {
-        NullOutStream out;
-        LogEngine console;
-        LogEngine engine;
-        const Logger logger("Fuzzer", &console);
-        TextLogWriter* const text = new TextLogWriter(false);
-        text->setOutStream(out);
-        engine.addAssociation(text, nullptr);
-        engine.addAssociation(new BinaryLogWriter(out, false), nullptr);
+    Log log;
+    const Log::Use use(log);
+    NullOutStream out;
+    LogEngine console;
+    LogEngine engine;
+    const Logger logger("Fuzzer", &console);
+    TextLogWriter* const text = new TextLogWriter(false);
+    text->setOutStream(out);
+    engine.addAssociation(text, nullptr);
+    engine.addAssociation(new BinaryLogWriter(out, false), nullptr);
 
-        BytesInStream in(data, size);
-        const Str everyMission;
-        BinaryLogReader reader(logger, Timestamp::NOT_SET_TIME, Timestamp::NOT_SET_TIME, everyMission, &engine,
-                               &console);
-        reader.setInStream(in);
-        ReadAll(reader, in);
-    }
-    ForgetLog(newest);
+    BytesInStream in(data, size);
+    const Str everyMission;
+    BinaryLogReader reader(logger, Timestamp::NOT_SET_TIME, Timestamp::NOT_SET_TIME, everyMission, &engine, &console);
+    reader.setInStream(in);
+    ReadAll(reader, in);
     return 0;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Log.h"
 #include "io/FileOutStream.h"
 #include "logger/engine/LogEngine.h"
 #include "logger/engine/LogQueue.h"
@@ -20,7 +21,6 @@ public:
 
 private:
     explicit Unserialize(RunSettings& settings);
-    ~Unserialize();
 
     void convert();
     void reportComplaints();
@@ -35,7 +35,9 @@ private:
     void sayDone() const;
     void showMessages() { consoleEngine_.processQueue(Timespan::ZERO_TIMESPAN); }
 
-    RunSettings& settings_;    // borrowed
+    RunSettings& settings_;  // borrowed
+    Log log_;                // of one input after the other; outlives the entries that writers hold
+    const Log::Use use_{log_};
     FileOutStream console_;    // standard output
     LogEngine consoleEngine_;  // shows the program's own messages
     const Logger logger_;
@@ -49,6 +51,5 @@ private:
     Timespan timeCorrection_;                        // GPS against vehicle clock, carried from input to input
     Timestamp firstTime_ = Timestamp::NOT_SET_TIME;  // of the entries that were passed on
     Timestamp lastTime_ = Timestamp::NOT_SET_TIME;
-    long long bytesBefore_ = 0;              // of the inputs that are done
-    const unsigned short newestLogVersion_;  // in force before the run
+    long long bytesBefore_ = 0;  // of the inputs that are done
 };

@@ -173,7 +173,7 @@ TEST_F(DataEntryTest, AnOldLogAlwaysCarriesTheValue) {
     read(FromHex(WORKED_DATA));
     const auto unchanged = read<DataEntry>(FromHex(WORKED_UNCHANGED));
     unchanged->setTimestamp(timeBase_);
-    DirectoryEntry::CurrentLogVersion_ = 3;
+    slate_.version() = 3;
     EXPECT_STREQ(write(*unchanged).asHex().cStr(), "0C0000C03F");
 }
 

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "data/DataValue.h"
-#include "data/Slate.h"
 #include "logger/engine/LogWriter.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/DirectoryEntry.h"
@@ -102,7 +101,7 @@ OutputDirectory::Component* OutputDirectory::componentCalled(const Str& text) {
 void OutputDirectory::make(Column& column, int index, const Str& name, const Component* component,
                            const DataEntry& entry, const Unit* unit) {
     const unsigned short code = static_cast<unsigned short>(index);
-    const ElementURI* source = Slate::GetElementURI(entry.getElementCode());
+    const ElementURI* source = entry.getLog().getElementURI(entry.getElementCode());
     const DataValue& value = *entry.getDataValue();
     const Unit& shown = entry.displayUnit(unit);
     column.element_.reset(source == nullptr

@@ -7,7 +7,6 @@
 #include <numeric>
 
 #include "data/BlobValue.h"
-#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 
 static const char* const TOO_LARGE =
@@ -54,7 +53,7 @@ bool JsonLogWriter::placeFirst(int index) {
     const int position = positionOf(index);
     const Unit* const unit = selection.shownUnit(position);
     if (unit != nullptr) addVar(index, *unit);
-    return unit != nullptr || Slate::IsDirectoryRead();
+    return unit != nullptr || log_.isDirectoryRead();
 }
 
 void JsonLogWriter::addVar(int index, const Unit& unit) {
@@ -98,7 +97,7 @@ void JsonLogWriter::addValue(JsonArray& values, const DataEntry& entry, int inde
     if (value == nullptr || value->getBinaryType() != STRVALUE) {
         values.addNumber(entry.getNumber(unit));
     } else if (const BlobValue* const blob = dynamic_cast<const BlobValue*>(value)) {
-        const Shape shape(Slate::GetElementURI(selectionOf(index).code(positionOf(index))), blob->getCount());
+        const Shape shape(log_.getElementURI(selectionOf(index).code(positionOf(index))), blob->getCount());
         AddBlob(values, *blob, unit, shape.lengths_, shape.rank_, 0);
     } else {
         values.addString(value->toString());
@@ -125,7 +124,7 @@ unsigned int JsonLogWriter::writeFooter() {
         puts("No Json file written");
         variables_.printMissing([this](int index) { return nodes_[index].leaf_ != nullptr; });
     } else if (isValid() && !json_.write(*logStream_)) {
-        Slate::GetLogger().syslog(TOO_LARGE, Syslog::ERROR);
+        log_.getLogger().syslog(TOO_LARGE, Syslog::ERROR);
     }
     return 0;
 }

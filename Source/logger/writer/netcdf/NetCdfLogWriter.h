@@ -50,5 +50,5 @@ private:
     const std::unique_ptr<const ElementURI*[]> varUris_;  // whose shape the values have; null: single values
     const std::unique_ptr<NetCdf::NetCdfVar*[]> timeVars_;
     FlexArray<DataValue*> holders_;  // owned; the values that the variables point to
-    SlateWatch watch_;               // of the last try to initialize
+    SlateWatch watch_{log_};         // of the last try to initialize
 };

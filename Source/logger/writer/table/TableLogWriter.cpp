@@ -11,7 +11,7 @@ TableLogWriter::TableLogWriter(int varCount, char** varList, char** unitList, bo
 
 TableLogWriter::TableLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList, bool interpolate)
     : outputTo_(outputTo),
-      columns_(varCount, varList, unitList),
+      columns_(varCount, varList, unitList, log_),
       interpolate_(interpolate),
       lastTime_(Timestamp::NOT_SET_TIME) {
     if (outputTo_ != nullptr) outputTo_->addParent();

@@ -7,9 +7,6 @@
 
 class DirectoryLogWriterTest : public testing::Test {
 protected:
-    DirectoryLogWriterTest() { DirectoryLogWriter::Uninitialize(); }
-    ~DirectoryLogWriterTest() override { DirectoryLogWriter::Uninitialize(); }
-
     // What a header of the writer adds to its file.
     std::string header(DirectoryLogWriter& writer) {
         MemoryOutStream out;

@@ -150,7 +150,7 @@ TEST_F(JsonLogWriterTest, TheNextInputAddsToTheSamePlaces) {
     log_.endDirectory();
     writer.write(log_.data(log_.declare("a.x"), 0, 1), nullptr);
     writer.resetInputs();
-    SmallLog next;
+    SmallLog next(Log::Current());
     DataAccess* y = next.declare("a.y");
     DataAccess* x = next.declare("a.x");
     next.endDirectory();
