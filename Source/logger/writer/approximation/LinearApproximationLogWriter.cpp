@@ -11,7 +11,7 @@ LinearApproximationLogWriter::LinearApproximationLogWriter(LogWriter* outputTo, 
       sendAtStartCycle_(sendAtStartCycle),
       makeDirEntries_(makeDirEntries),
       varData_(new std::unique_ptr<VarData>[varCount]),
-      directory_(varCount),
+      directory_(varCount, log_),
       cycleStartEntry_(Timestamp::EPOCH_START_TIME) {}
 
 unsigned int LinearApproximationLogWriter::writeHeader() {
