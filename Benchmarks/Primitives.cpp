@@ -4,7 +4,7 @@
 #include <cstring>
 #include <memory>
 
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "io/InStream.h"
 #include "io/OutStream.h"
 #include "logger/entry/DataEntry.h"
@@ -106,8 +106,8 @@ class OneVariable {
 public:
     OneVariable() {
         const ElementURI uri(0, "Bench.depth", ElementURI::DATA_ELEMENT, Units::METER, FLOAT3);
-        Slate::RegisterElementURI(new ElementURI(uri));
-        access_ = Slate::RegisterDataAccess(
+        log_.registerElementURI(new ElementURI(uri));
+        access_ = log_.registerDataAccess(
             new DataAccess(0, 0, DataAccess::NO_CODE, Units::METER, FLOAT3, 3, 0, DataAccessor::DATA_WRITER));
         for (int i = 0; i < VALUES; ++i) {
             Timestamp t = base_;
@@ -116,10 +116,11 @@ public:
             entry.write(base_, out_);
         }
     }
-    ~OneVariable() { Slate::Uninitialize(); }
     OneVariable(const OneVariable&) = delete;
     OneVariable& operator=(const OneVariable&) = delete;
 
+    Log log_;
+    const Log::Use use_{log_};
     DataAccess* access_;
     Timestamp base_{1557849600, 0};
     LoopOutStream out_;

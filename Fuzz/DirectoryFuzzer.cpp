@@ -3,10 +3,12 @@
 
 #include "FreshSlate.h"
 #include "FuzzStreams.h"
+#include "logger/entry/LogEntry.h"
+#include "logger/reader/LogDirectory.h"
 #include "logger/writer/binary/BinaryLogWriter.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const FreshSlate slate;
+    FreshSlate slate;
     const Logger logger("Fuzzer", nullptr);
     BytesInStream in(data, size);
     while (!in.eof()) {
@@ -19,6 +21,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     NullOutStream out;
     BinaryLogWriter writer(out, true);
     writer.writeHeader();
-    Slate::WriteDirectory(&writer, true);
+    LogDirectory(slate.log()).write(&writer);
     return 0;
 }

@@ -2,24 +2,18 @@
 
 #include <sys/single_threaded.h>
 
-#include "data/Slate.h"
-#include "logger/entry/DirectoryEntry.h"
+#include "data/Log.h"
 
 // What one input teaches is forgotten when its FreshSlate goes.
 class FreshSlate {
 public:
-    FreshSlate() = default;
-    ~FreshSlate() {
-        Slate::ClearDirectory();
-        Slate::Uninitialize();
-        DirectoryEntry::ElementStore_.clear();
-        DirectoryEntry::CurrentLogVersion_ = newest_;
-    }
-    FreshSlate(const FreshSlate&) = delete;
-    FreshSlate& operator=(const FreshSlate&) = delete;
+    FreshSlate() : use_(log_) {}
+
+    Log& log() { return log_; }
 
 private:
-    const unsigned short newest_ = DirectoryEntry::CurrentLogVersion_;
+    Log log_;
+    const Log::Use use_;
 };
 
 // Streams take bytes inline, and locks are free, only while the process has one thread. libFuzzer's watch over memory

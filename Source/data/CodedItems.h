@@ -9,6 +9,7 @@
 #include "data/ElementURI.h"
 #include "utils/FastMap.h"
 #include "utils/FlexArray.h"
+#include "utils/Mutex.h"
 
 // Whether a record that is read under an item's code is about that item.
 inline bool Agrees(const CodedStr& item, const CodedStr& record) {
@@ -19,23 +20,33 @@ bool Agrees(const T& item, const T& record) {
     return item.agreesWith(record);
 }
 
-// The Slate's collections of one kind of item that has a code in the log, and what the kinds have in common.
-// T has getCode and setCode. Threads: the caller holds the kind's lock.
+// A log's items of one kind that have a code there, and what the kinds have in common. T has getCode and setCode.
+// Ownership: what was given or made is owned until the store is cleared; universals and names of static life are not.
+// Threads: the caller holds the kind's lock.
 template <typename T>
 struct CodedItems {
     static constexpr unsigned short NO_CODE = ElementURI::NO_CODE;  // codes run from 0 to NO_CODE - 1
+    static constexpr unsigned int CAPACITY = 32;
+    static constexpr unsigned int MAX_CAPACITY = 16384;
 
-    const char* const kind_;  // for messages
-    FastMap<Str, T*>& byText_;
-    FlexArray<T*>& byCode_;
-    FlexArray<T*>& list_;       // in the order of registration
-    FlexArray<T*>& store_;      // owns what the Slate was given or made
-    FlexArray<T*>& codedHere_;  // those whose code was not read from a log
-    unsigned short& nextCode_;
-    FlexArray<T*>& retold_;  // by code: what the log has last said of it, where another item is registered; owned
-    std::atomic<unsigned int>& retoldCount_;  // of all kinds
-    unsigned int count_ = 0;                  // items that have a code
-    std::bitset<NO_CODE> reported_ = {};      // codes whose contradiction this log has been reported for
+    // kind: its word in messages. retoldCount: of all kinds; borrowed.
+    CodedItems(const char* kind, std::atomic<unsigned int>& retoldCount) : kind_(kind), retoldCount_(retoldCount) {}
+    CodedItems(const CodedItems&) = delete;
+    CodedItems& operator=(const CodedItems&) = delete;
+
+    const char* const kind_;
+    mutable Mutex mutex_;
+    FlexArray<T*> store_{true};  // owns what the log was given or made
+    FastMap<Str, T*> byText_;
+    FlexArray<T*> byCode_{false, CAPACITY, MAX_CAPACITY};
+    FlexArray<T*> list_;       // in the order of registration
+    FlexArray<T*> codedHere_;  // those whose code was not read from a log
+    unsigned short nextCode_ = 0;
+    unsigned int count_ = 0;  // items that have a code
+    // By code: what the log has last said of it, where another item is registered; owned.
+    FlexArray<T*> retold_{true, CAPACITY, MAX_CAPACITY};
+    std::atomic<unsigned int>& retoldCount_;
+    std::bitset<NO_CODE> reported_ = {};  // codes whose contradiction this log has been reported for
 
     // Takes over an item read from a log, to stand under its own code. The result is the registered item: this one, or
     // the one that is known by that text or code already; null when the code is out of range or another item's.

@@ -101,6 +101,10 @@ size_t ElementURI::write(OutStream& out) const {
 }
 
 ElementURI* ElementURI::Read(InStream& in) {
+    return Read(in, Slate::GetLogger());
+}
+
+ElementURI* ElementURI::Read(InStream& in, const Logger& logger) {
     unsigned short code = NO_CODE;
     Str name;
     unsigned char type = 0;
@@ -112,24 +116,24 @@ ElementURI* ElementURI::Read(InStream& in) {
     if (elementType > UNIVERSAL_ELEMENT) return nullptr;
 
     std::unique_ptr<ElementURI> uri(new ElementURI(code, name, static_cast<ElementType>(elementType)));
-    const bool isRead = (type & BLOB_VALUE_FLAG) != 0 ? uri->readBlobForm(in) : RecordText::ReadFixed(in, "\n");
+    const bool isRead = (type & BLOB_VALUE_FLAG) != 0 ? uri->readBlobForm(in, logger) : RecordText::ReadFixed(in, "\n");
     return isRead ? uri.release() : nullptr;
 }
 
-bool ElementURI::readBlobForm(InStream& in) {
+bool ElementURI::readBlobForm(InStream& in, const Logger& logger) {
     unsigned char blobType = NOT_BLOB;
     unsigned short dimensions[3] = {0, 0, 0};
     if (!RecordText::ReadFixed(in, " blobType=") || !RecordText::ReadHex2(in, blobType)) return false;
     if (!RecordText::ReadFixed(in, " fixedSize=") || !ReadFixedSize(in, dimensions)) return false;
     if (blobType == NOT_BLOB || blobType >= BLOB_TYPE_COUNT) {
-        reportBlob(" has the unknown array type 0x", blobType);
+        reportBlob(logger, " has the unknown array type 0x", blobType);
         return true;
     }
     blobType_ = static_cast<BlobType>(blobType);
     size_t bytes = BlobValue::ELEMENT_SIZE[blobType];
     for (unsigned short dimension : dimensions) bytes *= dimension != 0 ? dimension : 1;
     if (bytes > MAX_BLOB_BYTES) {
-        reportBlob(" has dimensions that no value in a log can have, bytes 0x", bytes);
+        reportBlob(logger, " has dimensions that no value in a log can have, bytes 0x", bytes);
         return true;
     }
     dimension1_ = dimensions[0];
@@ -138,7 +142,7 @@ bool ElementURI::readBlobForm(InStream& in) {
     return true;
 }
 
-void ElementURI::reportBlob(const char* problem, size_t number) const {
+void ElementURI::reportBlob(const Logger& logger, const char* problem, size_t number) const {
     const Str text = "Element " + *this + problem;
-    Slate::GetLogger().syslog(text.cStr(), number, Syslog::ERROR);
+    logger.syslog(text.cStr(), number, Syslog::ERROR);
 }

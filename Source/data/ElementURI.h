@@ -6,6 +6,7 @@
 #include "utils/Str.h"
 
 class InStream;
+class Logger;
 class OutStream;
 
 // The name of a datum: "component.element", with its kind, unit, stored type, code and, for an array, its element type
@@ -67,8 +68,9 @@ public:
     // same form. A universal has its own form, whatever a log says.
     bool agreesWith(const ElementURI& record) const;
     // A new name, owned by the caller; null when the record is malformed. A blob whose type or size is impossible keeps
-    // its name, loses its dimensions, and is reported once through the Slate's logger.
+    // its name, loses its dimensions, and is reported once, without a logger through the Slate's.
     static ElementURI* Read(InStream& in);
+    static ElementURI* Read(InStream& in, const Logger& logger);
 
 protected:
     ElementType elementType_;
@@ -82,6 +84,7 @@ protected:
 
 private:
     int blobFlag() const { return blobType_ == NOT_BLOB ? 0 : BLOB_VALUE_FLAG; }
-    bool readBlobForm(InStream& in);  // the rest of a blob's record; false when it is malformed
-    void reportBlob(const char* problem, size_t number) const;
+    // The rest of a blob's record; false when it is malformed.
+    bool readBlobForm(InStream& in, const Logger& logger);
+    void reportBlob(const Logger& logger, const char* problem, size_t number) const;
 };

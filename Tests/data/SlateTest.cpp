@@ -33,7 +33,7 @@ protected:
 TEST_F(SlateTest, ANameReadFromALogStandsUnderItsCode) {
     ElementURI* depth = Register(7, "Depth.depth");
     ASSERT_NE(nullptr, depth);
-    EXPECT_EQ(8, Slate::NextElementURICode_);
+    EXPECT_EQ(8, Slate::GetNextElementURICode());
     EXPECT_EQ(depth, Slate::GetElementURI(7));
     EXPECT_EQ(7, Slate::GetElementURICode("Depth.depth"));
     EXPECT_EQ(nullptr, Register(7, "Depth.rate")) << "the code is taken";
@@ -52,18 +52,19 @@ TEST_F(SlateTest, CodesOutOfRangeAreRefused) {
         EXPECT_EQ(nullptr, Slate::GetDataAccess(code));
         EXPECT_EQ(nullptr, Slate::GetElement(code));
     }
-    EXPECT_EQ(0, Slate::NextElementURICode_ + Slate::NextNameCode_ + Slate::NextDataAccessCode_);
+    EXPECT_EQ(0, Slate::GetNextElementURICode() + Slate::GetNextNameCode() + Slate::GetNextDataAccessCode());
     EXPECT_NE(nullptr, Register(16382, "A.b"));
-    EXPECT_EQ(16383, Slate::NextElementURICode_);
+    EXPECT_EQ(16383, Slate::GetNextElementURICode());
     EXPECT_EQ(nullptr, Slate::GetElementURI(500)) << "never registered";
 }
 
 TEST_F(SlateTest, AUniversalTakesTheCodeOfTheLog) {
     EXPECT_EQ(ElementURI::NO_CODE, Slate::GetElementURICode("depth"));
-    EXPECT_EQ(&UniversalURI::DEPTH, Register(7, "depth"));
-    EXPECT_EQ(7, UniversalURI::DEPTH.getCode());
-    EXPECT_EQ(&UniversalURI::DEPTH, Register(9, "depth")) << "under a second code";
-    EXPECT_EQ(&UniversalURI::DEPTH, Slate::GetElementURI(7));
+    const ElementURI& depth = slate_.getUniversal(UniversalURI::DEPTH);
+    EXPECT_EQ(&depth, Register(7, "depth"));
+    EXPECT_EQ(7, depth.getCode());
+    EXPECT_EQ(&depth, Register(9, "depth")) << "under a second code";
+    EXPECT_EQ(&depth, Slate::GetElementURI(7));
     EXPECT_EQ(1u, Slate::GetElementURICount());
 }
 
@@ -90,7 +91,7 @@ TEST_F(SlateTest, AccessesAreToldApartByWhatTheyAttach) {
     DataAccess* twin = RegisterAccess(1, 5, ElementURI::NO_CODE, NO_TYPE);
     EXPECT_NE(access, twin) << "two that differ by code alone are two";
     EXPECT_EQ(2u, Slate::GetDataAccessCount());
-    EXPECT_EQ(2, Slate::NextDataAccessCode_);
+    EXPECT_EQ(2, Slate::GetNextDataAccessCode());
 }
 
 // What the log says otherwise holds until it says again what it said first.
@@ -113,17 +114,17 @@ TEST_F(SlateTest, WhatIsRetoldIsNotKnown) {
         registerBlob(3);
         Register(5, "universal");
         RegisterAccess(9, 4, 5);
-        EXPECT_FALSE(Slate::IsAnythingRetold());
+        EXPECT_FALSE(slate_.isAnythingRetold());
         EXPECT_EQ(nullptr, retell());
-        EXPECT_TRUE(Slate::IsAnythingRetold() && Slate::IsRetold(*access));
+        EXPECT_TRUE(slate_.isAnythingRetold() && slate_.isRetold(*access));
     }
-    EXPECT_STREQ("second", Slate::GetToldAccess(9)->getUnitName().cStr());
+    EXPECT_STREQ("second", slate_.getToldAccess(9)->getUnitName().cStr());
     EXPECT_TRUE(access == Slate::GetDataAccess(9) && blob == Slate::GetElementURI(4));
     EXPECT_EQ(Lines(), log_.take()) << "no log is being read";
-    Slate::BeginLog("dive");
-    EXPECT_TRUE(!Slate::IsAnythingRetold() && access == Slate::GetToldAccess(9));
+    slate_.beginReading("dive");
+    EXPECT_TRUE(!slate_.isAnythingRetold() && access == slate_.getToldAccess(9));
     for (int i = 0; i < 2; ++i) RegisterAccess(9, 4, 5, FLOAT3, "second");
-    Slate::EndLog();
+    slate_.endReading();
     EXPECT_EQ(1u, log_.take().size());
 }
 
@@ -133,8 +134,8 @@ TEST_F(SlateTest, AnArrayUnderASecondCodeKeepsItsForm) {
         Register(0, "A.b");
         Slate::RegisterElementURI(
             new ElementURI(1, "A.b", ElementURI::DATA_ELEMENT, Units::NONE, NO_TYPE, BLOB_FLOAT64LE, 3));
-        EXPECT_TRUE(Slate::IsRetold(*RegisterAccess(1, 1))) << i;
-        EXPECT_FALSE(Slate::IsRetold(*RegisterAccess(0, 0))) << i;
+        EXPECT_TRUE(slate_.isRetold(*RegisterAccess(1, 1))) << i;
+        EXPECT_FALSE(slate_.isRetold(*RegisterAccess(0, 0))) << i;
     }
 }
 
@@ -157,7 +158,7 @@ TEST_F(SlateTest, TheDescribingAccess) {
         {65535, true, -1},
     };
     for (const auto& [element, isUniversal, code] : cases) {
-        const DataAccess* access = Slate::FindDescribingAccess(element, isUniversal);
+        const DataAccess* access = slate_.findDescribingAccess(element, isUniversal);
         EXPECT_EQ(code, access == nullptr ? -1 : access->getCode()) << element << isUniversal;
     }
 }
@@ -165,7 +166,7 @@ TEST_F(SlateTest, TheDescribingAccess) {
 // Writing side
 
 TEST_F(SlateTest, NamesGetCodesOnlyWhileDirectoryWritesAreOn) {
-    ElementURI& depth = UniversalURI::DEPTH;  // the Slate keeps the address
+    ElementURI& depth = *Slate::FindElementURI("depth");
     for (int i = 0; i < 2; ++i) Slate::CodifyElementURI(depth);
     EXPECT_EQ(ElementURI::NO_CODE, depth.getCode());
     EXPECT_EQ(0u, Slate::GetElementURICount());
@@ -176,7 +177,7 @@ TEST_F(SlateTest, NamesGetCodesOnlyWhileDirectoryWritesAreOn) {
     Slate::CodifyElementURI(depth);
     EXPECT_EQ(0, copy.getCode() + depth.getCode());
     EXPECT_EQ(&depth, Slate::GetElementURI(0));
-    EXPECT_EQ(1, Slate::NextElementURICode_);
+    EXPECT_EQ(1, Slate::GetNextElementURICode());
 }
 
 TEST_F(SlateTest, AWholeDeclarationByComponents) {
@@ -205,7 +206,7 @@ TEST_F(SlateTest, AWholeDeclarationByComponents) {
 
 TEST_F(SlateTest, CodesEndAt16382) {
     Slate::SimulateDirectoryWrites();
-    Slate::NextNameCode_ = CodedStr::NO_CODE - 1;
+    Slate::RegisterCodedName(new CodedStr("last but one", CodedStr::NO_CODE - 2));
     EXPECT_EQ(CodedStr::NO_CODE - 1, Slate::GetCodedName("last").getCode());
     EXPECT_EQ(CodedStr::NO_CODE, Slate::GetCodedName("one too many").getCode());
     EXPECT_EQ(nullptr, Slate::GetName(CodedStr::NO_CODE));
@@ -215,7 +216,8 @@ TEST_F(SlateTest, CodesEndAt16382) {
 
 TEST_F(SlateTest, OneThreadRegistersWhileAnotherLooksUp) {
     static const unsigned short COUNT = 5000;  // the collections grow several times meanwhile
-    std::thread registering([] {
+    std::thread registering([this] {
+        const Log::Use use(slate_);
         for (unsigned short code = 0; code < COUNT; ++code) {
             const Str number(static_cast<size_t>(code), 10);
             Slate::RegisterCodedName(new CodedStr(number, code));
@@ -304,38 +306,21 @@ TEST_F(SlateTest, AClearedDirectoryForgetsButKeepsObjects) {
     const CodedStr* name = Slate::RegisterCodedName(new CodedStr("Depth", 0));
     const DataAccess* access = RegisterAccess(0, 0);
     const DataElement* element = Slate::NewDataElement(*depth, nullptr, Units::METER, FLOAT3, 0);
-    Slate::DirectoryRead_ = true;
+    slate_.setDirectoryRead();
 
     Slate::ClearDirectory();
     EXPECT_EQ(0u, Slate::GetElementURICount() + Slate::GetDataAccessCount());
-    EXPECT_EQ(0, Slate::NextElementURICode_ + Slate::NextNameCode_ + Slate::NextDataAccessCode_);
+    EXPECT_EQ(0, Slate::GetNextElementURICode() + Slate::GetNextNameCode() + Slate::GetNextDataAccessCode());
     EXPECT_FALSE(Slate::IsDirectoryRead());
     EXPECT_EQ(nullptr, Slate::FindElementURI("Depth.depth"));
     EXPECT_EQ(nullptr, Slate::FindCodedName("Depth"));
     EXPECT_TRUE(Slate::GetElement(0) == nullptr && Slate::GetElement(*depth) == nullptr);
-    EXPECT_EQ(&UniversalURI::DEPTH, Slate::FindElementURI("depth"));
-    EXPECT_EQ(ElementURI::NO_CODE, UniversalURI::DEPTH.getCode());
+    EXPECT_EQ(&slate_.getUniversal(UniversalURI::DEPTH), Slate::FindElementURI("depth"));
+    EXPECT_EQ(ElementURI::NO_CODE, Slate::GetElementURICode("depth"));
 
     EXPECT_STREQ("Depth.depth", depth->cStr()) << "entries may still point to it";
     EXPECT_STREQ("Depth", name->cStr());
     EXPECT_EQ(&Units::METER, access->getUnit());
     EXPECT_STREQ("Depth.depth", element->getUri().cStr());
     EXPECT_NE(depth, Register(0, "Depth.depth")) << "a new name";
-}
-
-TEST_F(SlateTest, AReleasedDirectoryKeepsItsNamesForTheNextLogs) {
-    const ElementURI* const depth = Register(0, "Depth.depth");
-    const ElementURI* const rate = Register(1, "Depth.rate");
-    RegisterAccess(0, 0);
-    Slate::NewDataElement(*depth, nullptr, Units::METER, FLOAT3, 0);
-    Slate::ReleaseDirectory();
-    EXPECT_EQ(nullptr, Slate::FindElementURI("Depth.depth"));
-    EXPECT_STREQ("Depth.rate", rate->cStr());
-
-    ElementURI* const next = new ElementURI(5, "Depth.depth", ElementURI::SETTING_ELEMENT);
-    EXPECT_EQ(depth, Slate::RegisterElementURI(next)) << "the same object";
-    EXPECT_EQ(5, depth->getCode());
-    EXPECT_EQ(ElementURI::SETTING_ELEMENT, depth->getElementType()) << "as the next log has it";
-    EXPECT_EQ(nullptr, Register(5, "Depth.rate")) << "the code is taken";
-    EXPECT_EQ(rate, Register(6, "Depth.rate"));
 }

@@ -14,7 +14,8 @@ TEST_F(UniversalURITest, EveryStandardNameIsBuiltWithItsUnitBeforeMain) {
         names.insert(universal->cStr());
         EXPECT_TRUE(universal->isUniversal());
         EXPECT_EQ(&universal->getUnit(), UnitRegistry::FindUnit(universal->getUnit().getName())) << universal->cStr();
-        EXPECT_EQ(universal, UniversalURI::FindURI(*universal)) << universal->cStr();
+        EXPECT_EQ(universal, Log::OfProcess().findElementURI(*universal)) << universal->cStr();
+        EXPECT_EQ(&slate_.getUniversal(*universal), UniversalURI::FindURI(*universal)) << universal->cStr();
     }
     EXPECT_EQ(102u, names.size());
     EXPECT_STREQ("acoustic_receive_time", UniversalURI::CATALOGUE[0]->cStr());

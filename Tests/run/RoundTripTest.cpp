@@ -106,13 +106,7 @@ class SplitRoundTripTest : public RoundTripTest {
 protected:
     void SetUp() override {
         synthesize("--minutes 2");
-        Slate::SetLogger(&static_cast<const Logger&>(messages_));
         forgetValues();
-    }
-    void TearDown() override {
-        Slate::SetLogger(nullptr);
-        Slate::Uninitialize();
-        DirectoryLogWriter::Uninitialize();
     }
 
     // Leaves a Slate that knows the dive's directory, and no value.
@@ -147,6 +141,8 @@ protected:
 
     int parts_ = 0;
     CapturedLog messages_;
+    Log slate_{&static_cast<const Logger&>(messages_)};
+    const Log::Use use_{slate_};
 };
 
 TEST_F(SplitRoundTripTest, PartsOfASizeHoldTheLog) {

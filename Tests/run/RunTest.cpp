@@ -164,9 +164,11 @@ TEST_F(RunTest, AVersionHoldsFromWhereItStands) {
         EXPECT_EQ(3u, CountOf(read("parts.asc"), "Depth.depth=")) << options;
     }
     write("older", older.bytes());
-    DirectoryEntry::CurrentLogVersion_ = 3;
-    write("without", DiveLog::Of(3).substr(strlen("*v 0008\n")));
-    DirectoryEntry::CurrentLogVersion_ = 8;
+    DiveLog silent;
+    Log::Current().version() = 3;
+    silent.begin();
+    silent.cycles(0, 3);
+    write("without", silent.bytes().substr(strlen("*v 0008\n")));
     runInSilence({"-ao", "out", "older;without"});
     EXPECT_EQ(3u, CountOf(read("out"), "Depth.depth="));
 }

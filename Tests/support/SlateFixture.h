@@ -5,17 +5,10 @@
 #include "data/Slate.h"
 #include "support/CapturedLog.h"
 
-// A test with a Slate of its own: empty but for the universals, its messages in log_. Derive from it.
+// A test with a log of its own, whose messages are in log_. Derive from it.
 class SlateFixture : public ::testing::Test {
 protected:
-    void SetUp() override {
-        Slate::Uninitialize();
-        Slate::SetLogger(&static_cast<const Logger&>(log_));
-    }
-    void TearDown() override {
-        Slate::SetLogger(nullptr);
-        Slate::Uninitialize();
-    }
-
     CapturedLog log_;
+    Log slate_{&static_cast<const Logger&>(log_)};
+    const Log::Use use_{slate_};
 };

@@ -17,7 +17,7 @@
 
 // A log made entry by entry, for the tests of whatever takes entries. What the entries speak of is declared in the
 // Slate as reading a log's directory would, with codes from 0 in the order of declaration; entries are owned by the
-// log. The Slate's directory is empty when it begins and when it ends.
+// log. As long as it lives, its state is that of the current log.
 //
 //   SmallLog log;
 //   DataAccess* depth = log.declare("Depth.depth", Units::METER, FLOAT3);
@@ -31,11 +31,9 @@ class SmallLog {
 public:
     static constexpr int START = 1338553800;  // 2012-06-01T12:30:00Z
 
-    SmallLog() { Slate::ClearDirectory(); }
-    ~SmallLog() {
-        entries_.clear();
-        Slate::ClearDirectory();
-    }
+    SmallLog() : own_(new Log(&Slate::GetLogger())), slate_(*own_) { slate_.clearDirectory(); }
+    // The next input of a run whose inputs have one state after the other.
+    explicit SmallLog(Log& run) : slate_(run) { slate_.clearDirectory(); }
     SmallLog(const SmallLog&) = delete;
     SmallLog& operator=(const SmallLog&) = delete;
 
@@ -78,7 +76,7 @@ public:
                              *of->getUnit(), of->getBinaryType(), DataAccessor::DATA_READER);
     }
     // From here on a name that is not declared counts as one that the log does not hold.
-    void endDirectory() { Slate::DirectoryRead_ = true; }
+    void endDirectory() { slate_.setDirectoryRead(); }
 
     // Entries, in the order of the clock or not, owned by the log.
     DataEntry* data(DataAccess* access, double seconds, double number) {
@@ -125,14 +123,15 @@ private:
 
     static CodedStr* declareName(const std::string& name) {
         CodedStr* known = Slate::FindCodedName(name.c_str());
-        return known != nullptr ? known : Slate::RegisterCodedName(new CodedStr(name.c_str(), Slate::NextNameCode_));
+        return known != nullptr ? known
+                                : Slate::RegisterCodedName(new CodedStr(name.c_str(), Slate::GetNextNameCode()));
     }
     static ElementURI* declareElement(const char* name, ElementURI::ElementType kind = ElementURI::DATA_ELEMENT,
                                       BlobType blobType = NOT_BLOB, unsigned short dimension1 = 0,
                                       unsigned short dimension2 = 0, unsigned short dimension3 = 0) {
         ElementURI* known = Slate::FindElementURI(name);
         if (known != nullptr && known->hasCode()) return known;
-        return Slate::RegisterElementURI(new ElementURI(Slate::NextElementURICode_, name, kind,
+        return Slate::RegisterElementURI(new ElementURI(Slate::GetNextElementURICode(), name, kind,
                                                         ElementURI::UNSPECIFIED_UNIT, NO_TYPE, blobType, dimension1,
                                                         dimension2, dimension3));
     }
@@ -141,7 +140,7 @@ private:
                                      DataAccessor::AccessorType accessorType = DataAccessor::DATA_WRITER) {
         return Slate::RegisterDataAccess(new DataAccess(declareName(owner)->getCode(), element->getCode(),
                                                         universalCode, unit.getName(), type, SizeOf(unit, type),
-                                                        Slate::NextDataAccessCode_, accessorType));
+                                                        Slate::GetNextDataAccessCode(), accessorType));
     }
     static unsigned short SizeOf(const Unit& unit, BinaryDataType type) {
         if (type == STRVALUE) return TEXT_SIZE;
@@ -158,5 +157,8 @@ private:
         return entry;
     }
 
+    const std::unique_ptr<Log> own_;
+    Log& slate_;
+    const Log::Use use_{slate_};
     std::vector<std::unique_ptr<LogEntry>> entries_;
 };

@@ -23,11 +23,6 @@ struct LogContent {
 
 class SlateSynthTest : public SlateFixture {
 protected:
-    void TearDown() override {
-        DirectoryEntry::CurrentLogVersion_ = 8;
-        SlateFixture::TearDown();
-    }
-
     // Writes a log and leaves an empty Slate; the number of entries written.
     unsigned long long synthesise(SynthOptions options) {
         options.output_ = files_.path("log").c_str();
@@ -85,8 +80,8 @@ TEST_F(SlateSynthTest, EveryEntryComesBackByteForByteInEveryVersion) {
         const LogContent content = decode("log");
         EXPECT_EQ(written, content.entries_) << version;
         EXPECT_TRUE(files_.read("log") == content.rewritten_) << version;
-        DirectoryEntry::CurrentLogVersion_ = 8;
-        Slate::Uninitialize();
+        slate_.version() = LogVersion::NEWEST;
+        slate_.uninitialize();
     }
 }
 

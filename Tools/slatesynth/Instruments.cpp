@@ -33,7 +33,7 @@ Logger::TimePrecisionType PrecisionOf(unsigned int traits) {
 DataAccess* NewUntypedAccess(const DataReader& reader) {
     DataAccess* const access =
         new DataAccess(reader.getOwner()->getName().getCode(), reader.getUri().getCode(), DataAccess::NO_CODE, "none",
-                       NO_TYPE, 0, Slate::NextDataAccessCode_, DataAccessor::DATA_READER);
+                       NO_TYPE, 0, Slate::GetNextDataAccessCode(), DataAccessor::DATA_READER);
     access->setTimePrecision(reader.getTimePrecision());
     DataAccess* const registered = Slate::RegisterDataAccess(access);
     Slate::WriteDataAccessEntry(registered, nullptr, false);

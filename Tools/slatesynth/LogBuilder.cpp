@@ -2,8 +2,7 @@
 
 #include <cstdio>
 
-#include "data/Slate.h"
-#include "logger/entry/DirectoryEntry.h"
+#include "logger/reader/LogDirectory.h"
 
 unsigned int CountingLogWriter::writeHeader() {
     const unsigned int n = BinaryLogWriter::writeHeader();
@@ -20,22 +19,10 @@ unsigned int CountingLogWriter::write(const LogEntry* entry, const Unit* unit) {
 }
 
 LogBuilder::LogBuilder(const Str& path, int parts, int version)
-    : path_(path),
-      numbered_(parts > 0),
-      versionBefore_(DirectoryEntry::CurrentLogVersion_),
-      writer_(new CountingLogWriter(file_)) {
-    DirectoryEntry::CurrentLogVersion_ = static_cast<unsigned short>(version);
+    : path_(path), numbered_(parts > 0), writer_(new CountingLogWriter(file_)) {
+    log_.version() = LogVersion(static_cast<unsigned short>(version));
+    log_.directoryWrites().enable();
     engine_.addAssociation(writer_, nullptr);
-    Slate::SetDirectoryEngine(&engine_);
-    Slate::EnableDirectoryWrites();
-}
-
-LogBuilder::~LogBuilder() {
-    close();
-    Slate::StopDirectoryWrites();
-    Slate::SetDirectoryEngine(nullptr);
-    Slate::Uninitialize();
-    DirectoryEntry::CurrentLogVersion_ = versionBefore_;
 }
 
 bool LogBuilder::openNext() {
@@ -44,7 +31,7 @@ bool LogBuilder::openNext() {
     noteError();
     if (!opened) return false;
     writer_->writeHeader();
-    if (nextPart_ > 0) Slate::WriteDirectory(writer_, true);
+    if (nextPart_ > 0) LogDirectory(log_).write(writer_);
     ++nextPart_;
     return true;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "data/Log.h"
 #include "io/FileOutStream.h"
+#include "logger/engine/DirectoryFeed.h"
 #include "logger/engine/LogEngine.h"
 #include "logger/writer/binary/BinaryLogWriter.h"
 
@@ -20,13 +22,13 @@ private:
     unsigned long long entries_ = 0;
 };
 
-// The writing side of the vehicle's log: an engine with one binary writer on a file, to which the Slate sends its
-// directory entries too. One at a time, and the Slate is its own: empty before, and emptied when it goes.
+// The writing side of the vehicle's log: an engine with one binary writer on a file, to which the log's
+// directory entries go too. As long as it lives, its log is this thread's current one.
 class LogBuilder {
 public:
     // parts 0: one file at path; else path0000, path0001, ...
     LogBuilder(const Str& path, int parts, int version);
-    ~LogBuilder();
+    ~LogBuilder() { close(); }
     LogBuilder(const LogBuilder&) = delete;
     LogBuilder& operator=(const LogBuilder&) = delete;
 
@@ -47,10 +49,12 @@ private:
 
     const Str path_;
     const bool numbered_;
-    const unsigned short versionBefore_;  // in force when the log was begun
     int nextPart_ = 0;
     int firstError_ = 0;
+    Log log_;
+    const Log::Use use_{log_};
     FileOutStream file_;
     LogEngine engine_;
+    DirectoryFeed feed_{log_, engine_};
     CountingLogWriter* writer_;  // shared with the engine's association, which deletes it
 };

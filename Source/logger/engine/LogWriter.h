@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Log.h"
 #include "io/OutStream.h"
 #include "logger/entry/LogEntry.h"
 #include "units/Unit.h"
@@ -9,6 +10,7 @@
 // it one. Calls come in this order: setOutStream, writeHeader, any number of write, writeFooter; a writer that is given
 // a new file gets a footer for the old one and a header for the new one.
 // Ownership: wrappers and associations count themselves with addParent; the last holder deletes the writer.
+// A writer belongs to the log that is current where it is made: the codes of its entries are that log's.
 // Threads: write holds the writer's own mutex for the length of one entry.
 class LogWriter {
 public:
@@ -61,6 +63,7 @@ public:
     static ServiceType Str2ServiceType(const char* text, int length);  // NO_SERVICE when no word is equal
 
 protected:
+    Log& log_ = Log::Current();       // borrowed
     OutStream* logStream_ = nullptr;  // borrowed
     bool wroteHeader_ = false;
     bool wroteFooter_ = false;

@@ -10,7 +10,7 @@
 #include "data/DataAccess.h"
 #include "data/DataAccessor.h"
 #include "data/DataElement.h"
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "data/StrValue.h"
 #include "logger/entry/EntryStream.h"
 #include "logger/entry/EntryText.h"
@@ -19,16 +19,17 @@
 RecyclingPool DataEntry::Pool_("DataEntry", sizeof(DataEntry));
 const PoolDrain DataEntry::PoolDrain_(Pool_);
 
-DataEntry::DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed)
-    : LogEntry(DATA_LOG_ENTRY, t),
+DataEntry::DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed,
+                     Log& log)
+    : LogEntry(DATA_LOG_ENTRY, t, log),
       dataAccess_(dataAccess),
       dataValue_(dataValue),
       best_(best),
       changed_(changed),
       ownsValue_(true) {}
 
-DataEntry::DataEntry(DataAccessor* accessor, bool best, bool changed, const Timestamp& t)
-    : DataEntry(accessor->getDataAccess(), accessor->getElement()->getDataValue(), t, best, changed) {
+DataEntry::DataEntry(DataAccessor* accessor, bool best, bool changed, const Timestamp& t, Log& log)
+    : DataEntry(accessor->getDataAccess(), accessor->getElement()->getDataValue(), t, best, changed, log) {
     ownsValue_ = false;
 }
 
@@ -66,58 +67,52 @@ unsigned short DataEntry::getUniversalCode() const {
 
 // The first access from `first` up to but not including `end` that is typed and matches; null when there is none.
 template <typename Matches>
-static const DataAccess* FindTyped(unsigned int first, unsigned int end, Matches matches) {
+static const DataAccess* FindTyped(const Log& log, unsigned int first, unsigned int end, Matches matches) {
     for (unsigned int code = first; code < end; ++code) {
-        const DataAccess* candidate = Slate::GetToldAccess(static_cast<unsigned short>(code));
+        const DataAccess* candidate = log.getToldAccess(static_cast<unsigned short>(code));
         if (candidate != nullptr && candidate->isTyped() && matches(*candidate)) return candidate;
     }
     return nullptr;
 }
 
 // A sibling on the same element, preferably one declared later.
-static const DataAccess* FindTypedSibling(const DataAccess& access) {
+static const DataAccess* FindTypedSibling(const Log& log, const DataAccess& access) {
     const auto onSameElement = [&access](const DataAccess& other) {
         return other.getElementCode() == access.getElementCode();
     };
-    const DataAccess* later = FindTyped(access.getCode() + 1u, Slate::NextDataAccessCode_, onSameElement);
-    return later != nullptr ? later : FindTyped(0, access.getCode(), onSameElement);
+    const DataAccess* later = FindTyped(log, access.getCode() + 1u, log.getNextDataAccessCode(), onSameElement);
+    return later != nullptr ? later : FindTyped(log, 0, access.getCode(), onSameElement);
 }
 
 // An access that supplies the universal which this one stands for itself.
-static const DataAccess* FindTypedSupplier(const DataAccess& access) {
-    return FindTyped(0, Slate::NextDataAccessCode_, [&access](const DataAccess& other) {
+static const DataAccess* FindTypedSupplier(const Log& log, const DataAccess& access) {
+    return FindTyped(log, 0, log.getNextDataAccessCode(), [&access](const DataAccess& other) {
         return other.getUniversalCode() == access.getElementCode();
     });
-}
-
-// Grows with what can be inherited: accesses, and types that accesses have inherited.
-static unsigned int InheritedTypes = 0;
-static unsigned int CountTypes() {
-    return Slate::GetDataAccessCount() + InheritedTypes;
 }
 
 // An access that was declared without type takes unit, type and size from a related one. A search that failed is not
 // repeated while nothing new is known, or a log of many such accesses would be searched through for each of its
 // entries.
-static void InheritType(DataAccess& access) {
-    if (access.getTypesSeen() == CountTypes()) return;
-    access.setTypesSeen(CountTypes());
+static void InheritType(Log& log, DataAccess& access) {
+    if (access.getTypesSeen() == log.countTypes()) return;
+    access.setTypesSeen(log.countTypes());
     const DataAccess* related = nullptr;
-    if (access.getUniversalCode() == ElementURI::NO_CODE) related = FindTypedSibling(access);
-    if (access.getUniversalCode() == ElementURI::SELF_CODE) related = FindTypedSupplier(access);
+    if (access.getUniversalCode() == ElementURI::NO_CODE) related = FindTypedSibling(log, access);
+    if (access.getUniversalCode() == ElementURI::SELF_CODE) related = FindTypedSupplier(log, access);
     if (related == nullptr) return;
     access.copyUnitsTypeAndSizeFrom(related);
-    ++InheritedTypes;
+    log.countInheritedType();
 }
 
-static DataAccess* FindAccess(unsigned short code, InStream& in, const Logger& logger) {
-    DataAccess* access = Slate::GetToldAccess(code);
+static DataAccess* FindAccess(Log& log, unsigned short code, InStream& in, const Logger& logger) {
+    DataAccess* access = log.getToldAccess(code);
     if (access == nullptr) {
         logger.syslog("No DataAccessor found for code 0x", code, Syslog::ERROR);
         EntryStream::LogPosition(logger, in);
         return nullptr;
     }
-    if (access->isUntyped()) InheritType(*access);
+    if (access->isUntyped()) InheritType(log, *access);
     return access;
 }
 
@@ -127,17 +122,17 @@ static const Unit& UnitOf(const DataAccess& access) {
 }
 
 // The access's element, made when its first value comes; null, with a message, when the log does not name it.
-static DataElement* FindElement(const DataAccess& access, const Logger& logger, LogEntry::Values values) {
+static DataElement* FindElement(Log& log, const DataAccess& access, const Logger& logger, LogEntry::Values values) {
     const unsigned short code = access.getElementCode();
-    DataElement* element = Slate::GetElement(code);
+    DataElement* element = log.getElement(code);
     if (element != nullptr) return element;
-    const ElementURI* uri = Slate::GetElementURI(code);
+    const ElementURI* uri = log.getElementURI(code);
     if (uri == nullptr) {
         logger.syslog("Could not find Element with code 0x", code, Syslog::ERROR);
         return nullptr;
     }
     if (values == LogEntry::SKIP_VALUES) return nullptr;
-    return Slate::NewDataElement(*uri, nullptr, UnitOf(access), access.getBinaryType(), DataElement::NO_ACCURACY);
+    return log.newDataElement(*uri, nullptr, UnitOf(access), access.getBinaryType(), DataElement::NO_ACCURACY);
 }
 
 static DataValue* NewValue(const DataAccess& access, const DataElement* element) {
@@ -194,31 +189,32 @@ static bool ReadValue(const DataAccess& access, const DataElement* element, InSt
 }
 
 // The log has changed the meaning of the entry's codes: what the element holds is old, and what it gets is not known.
-static void ForgetValue(const DataAccess& access) {
-    DataElement* const element = Slate::GetElement(access.getElementCode());
+static void ForgetValue(const Log& log, const DataAccess& access) {
+    DataElement* const element = log.getElement(access.getElementCode());
     if (element != nullptr) element->setDataValue(nullptr);
 }
 
 DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error,
-                           Values values) {
-    DataAccess* access = FindAccess(static_cast<unsigned short>(header >> CODE_SHIFT), in, logger);
+                           Values values, Log& log) {
+    DataAccess* access = FindAccess(log, static_cast<unsigned short>(header >> CODE_SHIFT), in, logger);
     if (access == nullptr) {
         error = true;
         return nullptr;
     }
     Timestamp t = timeBase;
     bool changed = false;
-    if (!ReadTimestamp(t, changed, in, logger, access->getTimePrecision())) return nullptr;
-    const bool isRetold = Slate::IsAnythingRetold() && Slate::IsRetold(*access);
+    if (!ReadTimestamp(t, changed, in, logger, access->getTimePrecision(), log)) return nullptr;
+    const bool isRetold = log.isAnythingRetold() && log.isRetold(*access);
     if (isRetold) values = SKIP_VALUES;
-    DataElement* element = isRetold ? nullptr : FindElement(*access, logger, values);
+    DataElement* element = isRetold ? nullptr : FindElement(log, *access, logger, values);
     DataValue* value = nullptr;
     if (changed && !ReadValue(*access, element, in, logger, error, values, value)) return nullptr;
     if (isRetold) {
-        if (changed) ForgetValue(*access);
+        if (changed) ForgetValue(log, *access);
         return nullptr;
     }
-    DataEntry* entry = new DataEntry(access, value, Timestamp::EPOCH_START_TIME, (header & BEST_MASK) != 0, changed);
+    DataEntry* entry =
+        new DataEntry(access, value, Timestamp::EPOCH_START_TIME, (header & BEST_MASK) != 0, changed, log);
     entry->setTimestamp(t);
     if (element != nullptr && values == STORE_VALUES) entry->shareValueWith(*element);
     return entry;
@@ -263,8 +259,8 @@ static size_t WriteBytes(const DataAccess& access, const DataValue& value, OutSt
 
 // A reader of a standard quantity passes on the value of whatever supplies it, but the log is read by the type that the
 // access tells. A value that has no such form goes as the empty one of the type.
-static size_t WriteValue(DataAccess& access, const DataValue& value, OutStream& out) {
-    if (access.isUntyped()) InheritType(access);
+static size_t WriteValue(Log& log, DataAccess& access, const DataValue& value, OutStream& out) {
+    if (access.isUntyped()) InheritType(log, access);
     const BinaryDataType type = access.getBinaryType();
     if (type == value.getBinaryType() || type == NO_TYPE) return WriteBytes(access, value, out);
     const std::unique_ptr<DataValue> declared(UnitOf(access).dataValue(type));
@@ -275,11 +271,11 @@ static size_t WriteValue(DataAccess& access, const DataValue& value, OutStream& 
 
 unsigned int DataEntry::write(Timestamp& timeBase, OutStream& out) const {
     if (dataValue_ == nullptr || dataAccess_->getCode() > MAX_CODE) return 0;
-    const bool withValue = changed_ || !TimesHaveFlag();
+    const bool withValue = changed_ || !log_->version().timesHaveFlag();
     const int header = DATA_LOG_ENTRY | (best_ ? BEST_MASK : 0) | dataAccess_->getCode() << CODE_SHIFT;
     size_t n = EntryStream::WriteCompact(out, static_cast<unsigned short>(header));
     n += writeTimestamp(timeBase, withValue, out, dataAccess_->getTimePrecision());
-    if (withValue) n += WriteValue(*dataAccess_, *dataValue_, out);
+    if (withValue) n += WriteValue(*log_, *dataAccess_, *dataValue_, out);
     return static_cast<unsigned int>(n);
 }
 
@@ -351,9 +347,9 @@ Str DataEntry::toString(const Unit* unit) const {
 void DataEntry::appendTo(TextBuffer& text, const Unit* unit) const {
     const bool inMillis = dataAccess_->getTimePrecision() == Logger::TIME_PRECISION_MILLIS;
     EntryText::AppendStamp(text, timestamp_, inMillis ? 3 : 6);
-    EntryText::AppendName(text, Slate::GetName(dataAccess_->getOwnerCode()));
+    EntryText::AppendName(text, log_->getName(dataAccess_->getOwnerCode()));
     text.append(arrow());
-    EntryText::AppendName(text, Slate::GetElementURI(dataAccess_->getElementCode()));
+    EntryText::AppendName(text, log_->getElementURI(dataAccess_->getElementCode()));
     text.append('=');
     appendValue(text, unit, false);
 }

@@ -18,9 +18,11 @@ public:
     static constexpr unsigned short MAX_CODE = 8191;
 
     // Takes the value over; it may be null. changed: the entry carries the value's bytes.
-    DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed);
+    DataEntry(DataAccess* dataAccess, DataValue* dataValue, const Timestamp& t, bool best, bool changed,
+              Log& log = Log::Current());
     // Borrows the element's value. NOT_SET_TIME stands for now.
-    DataEntry(DataAccessor* accessor, bool best, bool changed, const Timestamp& t = Timestamp::NOT_SET_TIME);
+    DataEntry(DataAccessor* accessor, bool best, bool changed, const Timestamp& t = Timestamp::NOT_SET_TIME,
+              Log& log = Log::Current());
     DataEntry(const DataEntry& other);                    // with a copy of the value, which it owns
     DataEntry(const DataEntry& other, DataValue* value);  // with another value, which is borrowed
     DataEntry& operator=(const DataEntry&) = delete;
@@ -55,9 +57,9 @@ public:
     void setNumber(const Unit& unit, double number);
 
     // Makes the value read the element's current one and borrows it from there. With SKIP_VALUES the bytes are passed
-    // over: the entry has no value and the Slate's elements stay as they are.
+    // over: the entry has no value and the log's elements stay as they are.
     static DataEntry* Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error,
-                           Values values = STORE_VALUES);
+                           Values values = STORE_VALUES, Log& log = Log::Current());
 
     static void* operator new(size_t size) { return Pool_.allocate(size); }
     static void operator delete(void* block) { Pool_.release(block); }
@@ -66,7 +68,7 @@ private:
     void shareValueWith(DataElement& element);
     const char* arrow() const;  // from or to the element, doubled for a best value
 
-    DataAccess* dataAccess_;  // owned by the Slate
+    DataAccess* dataAccess_;  // owned by the log
     DataValue* dataValue_;    // owned when ownsValue_, else the element's current value
     bool best_;
     bool changed_;

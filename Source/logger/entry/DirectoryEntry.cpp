@@ -3,16 +3,12 @@
 #include "data/CodedStr.h"
 #include "data/DataAccess.h"
 #include "data/ElementURI.h"
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "logger/entry/EntryStream.h"
 #include "utils/TextBuffer.h"
 
 RecyclingPool DirectoryEntry::Pool_("DirectoryEntry", sizeof(DirectoryEntry));
 const PoolDrain DirectoryEntry::PoolDrain_(Pool_);
-unsigned short DirectoryEntry::MinimumLogVersion_ = 3;
-unsigned short DirectoryEntry::CurrentLogVersion_ = 8;
-FlexArray<ElementURI*> DirectoryEntry::ElementStore_;
-unsigned long DirectoryEntry::UnknownKinds_ = 0;
 
 struct DirectoryTypeName {
     DirectoryEntry::DirectoryType type_;
@@ -26,24 +22,24 @@ static const DirectoryTypeName TYPE_NAMES[] = {
 };
 
 // A directory entry has no time: the unset one marks that, and the clock is not asked.
-DirectoryEntry::DirectoryEntry(DirectoryType type)
-    : LogEntry(DIRECTORY_LOG_ENTRY, Timestamp::EPOCH_START_TIME), directoryType_(type), dataAccess_(nullptr) {
+DirectoryEntry::DirectoryEntry(DirectoryType type, Log& log)
+    : LogEntry(DIRECTORY_LOG_ENTRY, Timestamp::EPOCH_START_TIME, log), directoryType_(type), dataAccess_(nullptr) {
     setTimestamp(Timestamp::NOT_SET_TIME);
 }
 
-DirectoryEntry::DirectoryEntry(short version) : DirectoryEntry(VERSION) {
-    version_ = version == 0 ? static_cast<short>(CurrentLogVersion_) : version;
+DirectoryEntry::DirectoryEntry(short version, Log& log) : DirectoryEntry(VERSION, log) {
+    version_ = version == 0 ? static_cast<short>(log.version().inForce()) : version;
 }
 
-DirectoryEntry::DirectoryEntry(DataAccess* dataAccess) : DirectoryEntry(ACCESSOR) {
+DirectoryEntry::DirectoryEntry(DataAccess* dataAccess, Log& log) : DirectoryEntry(ACCESSOR, log) {
     dataAccess_ = dataAccess;
 }
 
-DirectoryEntry::DirectoryEntry(const CodedStr* name) : DirectoryEntry(NAME) {
+DirectoryEntry::DirectoryEntry(const CodedStr* name, Log& log) : DirectoryEntry(NAME, log) {
     name_ = name;
 }
 
-DirectoryEntry::DirectoryEntry(ElementURI* element) : DirectoryEntry(ELEMENT) {
+DirectoryEntry::DirectoryEntry(ElementURI* element, Log& log) : DirectoryEntry(ELEMENT, log) {
     element_ = element;
 }
 
@@ -93,74 +89,70 @@ static bool ReadVersion(InStream& in, const Logger& logger, short& version) {
            EntryStream::Fail(logger, "Missing newline reading directory version");
 }
 
-// An accepted version rules how the entries that follow are decoded, and is the newest that later logs may have.
-static void AcceptVersion(short version, InStream& in, const Logger& logger) {
+static void AcceptVersion(short version, InStream& in, const Logger& logger, LogVersion& inForce) {
     TextBuffer text;
     text.append("Got version ").appendInt(version).append(" from ").append(in.getName());
     logger.syslog(text.toStr(), Syslog::DEBUG);
-    unsigned short& current = DirectoryEntry::CurrentLogVersion_;
-    if (DirectoryEntry::MinimumLogVersion_ <= version && version <= current) {
-        current = static_cast<unsigned short>(version);
-        return;
-    }
+    if (inForce.accept(version)) return;
     text.clear();
-    text.append("Can only unserialize verisions ").appendInt(DirectoryEntry::MinimumLogVersion_);
-    text.append(" through ").appendInt(current);
+    text.append("Can only unserialize verisions ").appendInt(LogVersion::OLDEST);
+    text.append(" through ").appendInt(inForce.inForce());
     logger.syslog(text.toStr(), Syslog::CRITICAL);
 }
 
-DirectoryEntry* DirectoryEntry::ReadVersionEntry(InStream& in, const Logger& logger) {
+DirectoryEntry* DirectoryEntry::ReadVersionEntry(InStream& in, const Logger& logger, Log& log) {
     short version = 0;
     if (!ReadVersion(in, logger, version)) return nullptr;
-    AcceptVersion(version, in, logger);
-    DirectoryEntry* entry = new DirectoryEntry(VERSION);
+    AcceptVersion(version, in, logger, log.version());
+    DirectoryEntry* entry = new DirectoryEntry(VERSION, log);
     entry->version_ = version;
     return entry;
 }
 
-// A record of one kind: decoded, or else complained about, then registered; null unless the Slate has it now.
 template <typename Item>
-static Item* ReadItem(InStream& in, const Logger& logger, const char* complaint, Item* (*registerItem)(Item*)) {
-    Item* item = Item::Read(in);
-    if (item == nullptr) {
-        EntryStream::Fail(logger, complaint);
-        return nullptr;
-    }
-    return registerItem(item);
+static DirectoryEntry* EntryOn(Item* item, Log& log) {
+    return item == nullptr ? nullptr : new DirectoryEntry(item, log);
 }
 
-static ElementURI* RegisterElement(ElementURI* read) {
-    ElementURI* registered = Slate::RegisterElementURI(read);
-    if (registered == read) DirectoryEntry::ElementStore_.push(read);
-    return registered;
+static DirectoryEntry* ReadAccess(InStream& in, const Logger& logger, Log& log) {
+    DataAccess* const read = DataAccess::Read(in);
+    if (read != nullptr) return EntryOn(log.registerDataAccess(read), log);
+    EntryStream::Fail(logger, "Encountered error while reading dataAccess");
+    return nullptr;
 }
 
-template <typename Item>
-static DirectoryEntry* EntryOn(Item* item) {
-    return item == nullptr ? nullptr : new DirectoryEntry(item);
+static DirectoryEntry* ReadElement(InStream& in, const Logger& logger, Log& log) {
+    ElementURI* const read = ElementURI::Read(in, log.getLogger());
+    if (read != nullptr) return EntryOn(log.registerElementURI(read), log);
+    EntryStream::Fail(logger, "Encountered error while reading element");
+    return nullptr;
 }
 
-DirectoryEntry* DirectoryEntry::ReadBody(signed char type, InStream& in, const Logger& logger) {
+static DirectoryEntry* ReadName(InStream& in, const Logger& logger, Log& log) {
+    CodedStr* const read = CodedStr::Read(in);
+    if (read != nullptr) return EntryOn<const CodedStr>(log.registerCodedName(read), log);
+    EntryStream::Fail(logger, "Encountered error while reading name");
+    return nullptr;
+}
+
+DirectoryEntry* DirectoryEntry::ReadBody(signed char type, InStream& in, const Logger& logger, Log& log) {
     switch (type) {
         case ACCESSOR:
-            return EntryOn(ReadItem<DataAccess>(in, logger, "Encountered error while reading dataAccess",
-                                                Slate::RegisterDataAccess));
+            return ReadAccess(in, logger, log);
         case ELEMENT:
-            return EntryOn(
-                ReadItem<ElementURI>(in, logger, "Encountered error while reading element", RegisterElement));
+            return ReadElement(in, logger, log);
         case NAME:
-            return EntryOn(static_cast<const CodedStr*>(
-                ReadItem<CodedStr>(in, logger, "Encountered error while reading name", Slate::RegisterCodedName)));
+            return ReadName(in, logger, log);
         case VERSION:
-            return ReadVersionEntry(in, logger);
+            return ReadVersionEntry(in, logger, log);
         default:
-            ++UnknownKinds_;
+            log.countUnknownRecord();
             return nullptr;
     }
 }
 
-DirectoryEntry* DirectoryEntry::Read(Timestamp&, InStream& in, unsigned short header, const Logger& logger,
-                                     bool& error) {
+DirectoryEntry* DirectoryEntry::Read(Timestamp&, InStream& in, unsigned short header, const Logger& logger, bool& error,
+                                     Log& log) {
     if (header != HEADER) {
         TextBuffer text;
         text.append("Invalid directory entry starting with code 0x").appendHex(header);
@@ -173,7 +165,7 @@ DirectoryEntry* DirectoryEntry::Read(Timestamp&, InStream& in, unsigned short he
         EntryStream::Fail(logger, "Failed to read directory type.");
         return nullptr;
     }
-    DirectoryEntry* entry = ReadBody(type, in, logger);
+    DirectoryEntry* entry = ReadBody(type, in, logger, log);
     if (entry != nullptr) entry->wasRead_ = true;
     return entry;
 }

@@ -2,7 +2,6 @@
 
 #include "logger/entry/LogEntry.h"
 #include "logger/entry/PoolDrain.h"
-#include "utils/FlexArray.h"
 #include "utils/RecyclingPool.h"
 
 class CodedStr;
@@ -15,15 +14,11 @@ public:
     enum DirectoryType : int { ACCESSOR = 'a', ELEMENT = 'e', NAME = 'n', VERSION = 'v' };
     static constexpr unsigned short HEADER = 21;  // the one header word of directory entries
 
-    static unsigned short MinimumLogVersion_;     // the oldest readable log version
-    static unsigned short CurrentLogVersion_;     // the newest; replaced by the version of the log being read
-    static FlexArray<ElementURI*> ElementStore_;  // names that the Slate adopted from logs, and owns
-    static unsigned long UnknownKinds_;           // records that were of none of the kinds
-
-    explicit DirectoryEntry(short version);           // 0 stands for the version in force
-    explicit DirectoryEntry(DataAccess* dataAccess);  // the items belong to the Slate
-    explicit DirectoryEntry(const CodedStr* name);
-    explicit DirectoryEntry(ElementURI* element);
+    // Version 0 stands for the one in force. The items belong to the log.
+    explicit DirectoryEntry(short version, Log& log = Log::Current());
+    explicit DirectoryEntry(DataAccess* dataAccess, Log& log = Log::Current());
+    explicit DirectoryEntry(const CodedStr* name, Log& log = Log::Current());
+    explicit DirectoryEntry(ElementURI* element, Log& log = Log::Current());
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
     Str toString(const Unit* unit) const override;
@@ -31,21 +26,21 @@ public:
     DirectoryType getDirectoryType() const { return directoryType_; }
     short getVersion() const { return version_; }
     bool wasRead() const { return wasRead_; }  // came from a log
-    static unsigned short GetCurrentLogVersion() { return CurrentLogVersion_; }
-    static unsigned short GetMinimumLogVersion() { return MinimumLogVersion_; }
+    static unsigned short GetCurrentLogVersion() { return Log::Current().version().inForce(); }
+    static unsigned short GetMinimumLogVersion() { return LogVersion::OLDEST; }
     static const char* DirectoryTypeToString(DirectoryType type);
 
-    // Registers what it reads in the Slate, also where the header is wrong.
+    // Registers what it reads in the log, also where the header is wrong.
     static DirectoryEntry* Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger,
-                                bool& error);
+                                bool& error, Log& log = Log::Current());
 
     static void* operator new(size_t size) { return Pool_.allocate(size); }
     static void operator delete(void* block) { Pool_.release(block); }
 
 private:
-    explicit DirectoryEntry(DirectoryType type);  // the item follows
-    static DirectoryEntry* ReadBody(signed char type, InStream& in, const Logger& logger);
-    static DirectoryEntry* ReadVersionEntry(InStream& in, const Logger& logger);
+    DirectoryEntry(DirectoryType type, Log& log);  // the item follows
+    static DirectoryEntry* ReadBody(signed char type, InStream& in, const Logger& logger, Log& log);
+    static DirectoryEntry* ReadVersionEntry(InStream& in, const Logger& logger, Log& log);
 
     DirectoryType directoryType_;
     union {  // by directoryType_

@@ -5,7 +5,7 @@
 
 #include "data/Component.h"
 #include "data/DataElement.h"
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "logger/entry/EntryStream.h"
 #include "logger/entry/EntryText.h"
 #include "logger/entry/TimeBounds.h"
@@ -58,8 +58,8 @@ static unsigned short CodeOf(const Component* actor) {
     return actor->getName().getCode();
 }
 
-EventEntry::EventEntry(const Timestamp& t, EventType type, unsigned short actor)
-    : LogEntry(EVENT_LOG_ENTRY, t),
+EventEntry::EventEntry(const Timestamp& t, EventType type, unsigned short actor, Log& log)
+    : LogEntry(EVENT_LOG_ENTRY, t, log),
       actorCode_(actor),
       running_(0),
       eventType_(type),
@@ -124,7 +124,7 @@ unsigned int EventEntry::writeCycleStart(Timestamp& timeBase, OutStream& out) co
 }
 
 EventEntry* EventEntry::ReadCycleStart(Timestamp& timeBase, const Timespan& timeAdjust, InStream& in,
-                                       unsigned short actor, const Logger& logger, bool& error) {
+                                       unsigned short actor, const Logger& logger, bool& error, Log& log) {
     long long packed = 0;
     if (!in.readExactly(&packed, CYCLE_TIME_SIZE)) {
         EntryStream::Fail(logger, "Encountered eof while reading start of cycle timestamp");
@@ -138,7 +138,7 @@ EventEntry* EventEntry::ReadCycleStart(Timestamp& timeBase, const Timespan& time
         return nullptr;
     }
     timeBase = t;
-    return new EventEntry(t, START_CYCLE, actor);
+    return new EventEntry(t, START_CYCLE, actor, log);
 }
 
 // The other events: the header, the element of a data event, the time, and a body by event type.
@@ -152,18 +152,18 @@ unsigned int EventEntry::write(Timestamp& timeBase, OutStream& out) const {
 }
 
 EventEntry* EventEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,
-                             const Logger& logger, bool& error) {
+                             const Logger& logger, bool& error, Log& log) {
     const EventType type = static_cast<EventType>(header & EVENT_MASK);
     const unsigned short actor = static_cast<unsigned short>(header >> ACTOR_SHIFT);
-    if (type == START_CYCLE) return ReadCycleStart(timeBase, timeAdjust, in, actor, logger, error);
-    std::unique_ptr<EventEntry> entry(new EventEntry(Timestamp::EPOCH_START_TIME, type, actor));
+    if (type == START_CYCLE) return ReadCycleStart(timeBase, timeAdjust, in, actor, logger, error, log);
+    std::unique_ptr<EventEntry> entry(new EventEntry(Timestamp::EPOCH_START_TIME, type, actor, log));
     if (type != COMPONENT_ACTION && in.readUShortCompact(entry->elementCode_).ended()) {
         EntryStream::Fail(logger, "Encountered eof while reading Data Element code");
         return nullptr;
     }
     Timestamp t = timeBase;
     bool flag = false;
-    if (!ReadTimestamp(t, flag, in, logger, Logger::TIME_PRECISION_MILLIS)) return nullptr;
+    if (!ReadTimestamp(t, flag, in, logger, Logger::TIME_PRECISION_MILLIS, log)) return nullptr;
     entry->setTimestamp(t);
     return entry->readBody(in, logger) ? entry.release() : nullptr;
 }
@@ -250,7 +250,7 @@ Str EventEntry::StateChangeToString(DataStateChange state) {
 
 Str EventEntry::makeDataValueString() const {
     TextBuffer text;
-    EntryText::AppendName(text, Slate::GetElementURI(elementCode_));
+    EntryText::AppendName(text, log_->getElementURI(elementCode_));
     text.append('=');
     if (eventType_ == SET_DATA_ACCURACY) {
         text.appendFixed(accuracy_, 6);
@@ -281,7 +281,7 @@ Str EventEntry::toString(const Unit*) const {
     TextBuffer text;
     EntryText::AppendStamp(text, timestamp_, eventType_ == START_CYCLE ? 6 : 3);
     if (eventType_ != START_CYCLE) {
-        EntryText::AppendName(text, Slate::GetName(actorCode_));
+        EntryText::AppendName(text, log_->getName(actorCode_));
         text.append(' ');
     }
     text.append(EventTypeToString(eventType_));

@@ -62,15 +62,16 @@ public:
     static const char* EventTypeToString(EventType type);
     static Str StateChangeToString(DataStateChange state);
     static EventEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,
-                            const Logger& logger, bool& error);
+                            const Logger& logger, bool& error, Log& log = Log::Current());
 
     static void* operator new(size_t size) { return Pool_.allocate(size); }
     static void operator delete(void* block) { Pool_.release(block); }
 
 private:
-    EventEntry(const Timestamp& t, EventType type, unsigned short actor);  // the rest is zero
+    EventEntry(const Timestamp& t, EventType type, unsigned short actor,
+               Log& log = Log::Current());  // the rest is zero
     static EventEntry* ReadCycleStart(Timestamp& timeBase, const Timespan& timeAdjust, InStream& in,
-                                      unsigned short actor, const Logger& logger, bool& error);
+                                      unsigned short actor, const Logger& logger, bool& error, Log& log);
     unsigned int writeCycleStart(Timestamp& timeBase, OutStream& out) const;
     size_t writeBody(OutStream& out) const;
     bool readBody(InStream& in, const Logger& logger);

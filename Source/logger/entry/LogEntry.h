@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Log.h"
 #include "data/Logger.h"
 #include "units/Unit.h"
 #include "utils/Str.h"
@@ -10,8 +11,8 @@ class InStream;
 class OutStream;
 class TextBuffer;
 
-// One entry of a log: what every kind shares. An entry in the log is a header word, its time relative to a running
-// time base, and a body by kind; there is no length.
+// One entry of a log, which outlives it: what every kind shares. An entry in the log is a header word, its time
+// relative to a running time base, and a body by kind; there is no length.
 class LogEntry {
 public:
     enum Type : int {
@@ -27,7 +28,7 @@ public:
     // What a reader does with the values that data entries carry: a scan of the directory passes over them.
     enum Values : int { STORE_VALUES, SKIP_VALUES };
 
-    LogEntry(Type type, const Timestamp& t);  // NOT_SET_TIME stands for now
+    LogEntry(Type type, const Timestamp& t, Log& log = Log::Current());  // NOT_SET_TIME stands for now
     virtual ~LogEntry() {}
 
     // Appends the entry in the log's form, timed against timeBase (a cycle start sets it); the number of bytes written,
@@ -40,29 +41,29 @@ public:
 
     Type getType() const { return type_; }
     const Timestamp& getTimestamp() const { return timestamp_; }
+    Log& getLog() const { return *log_; }  // whose codes the entry's codes are
     void setTimestamp(const Timestamp& t) { timestamp_ = t; }
     void setTimestamp(double seconds) { timestamp_ = Timestamp(seconds); }
 
     // The next entry of the stream, owned by the caller; null at the end of data or for bytes that hold no entry (then
     // error may be set). A cycle start sets timeBase; a GPS fix moves timeBase and adds to timeAdjust.
     static LogEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, const Logger& logger, bool& error,
-                          Values values = STORE_VALUES);
+                          Values values = STORE_VALUES, Log& log = Log::Current());
     static const char* TypeToString(Type type);
 
-    // Reads the entry time and adds it to t; flag is the bit stored with it. False at the end of data.
+    // Reads the entry time, by the log's version, and adds it to t; flag is the bit stored with it. False at the end of
+    // data.
     static bool ReadTimestamp(Timestamp& t, bool& flag, InStream& in, const Logger& logger,
-                              Logger::TimePrecisionType precision);
-    // The inverse, for the log version in force; the number of bytes written.
+                              Logger::TimePrecisionType precision, const Log& log = Log::Current());
+    // The inverse; the number of bytes written.
     unsigned int writeTimestamp(const Timestamp& base, bool flag, OutStream& out,
                                 Logger::TimePrecisionType precision) const;
 
 protected:
-    // False for the versions whose entry times are plain: there a data entry always carries its value.
-    static bool TimesHaveFlag();
-
     LogEntry(const LogEntry&) = default;
     LogEntry& operator=(const LogEntry&) = default;
 
     Type type_;
     Timestamp timestamp_;
+    Log* log_;  // borrowed
 };

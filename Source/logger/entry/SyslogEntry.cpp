@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "data/Slate.h"
 #include "logger/entry/EntryStream.h"
 #include "logger/entry/EntryText.h"
 #include "logger/entry/TimeBounds.h"
@@ -15,8 +14,9 @@ const PoolDrain SyslogEntry::PoolDrain_(Pool_);
 static const char GPS_FIX[] = "GPS fix at: ";  // followed by seconds since the epoch
 static const size_t GPS_FIX_LENGTH = sizeof GPS_FIX - 1;
 
-SyslogEntry::SyslogEntry(const Str& message, Syslog::Severity severity, const CodedStr& facility, const Timestamp& t)
-    : LogEntry(SYSLOG_LOG_ENTRY, t), message_(message), severity_(severity), loggerFacility_(facility) {}
+SyslogEntry::SyslogEntry(const Str& message, Syslog::Severity severity, const CodedStr& facility, const Timestamp& t,
+                         Log& log)
+    : LogEntry(SYSLOG_LOG_ENTRY, t, log), message_(message), severity_(severity), loggerFacility_(facility) {}
 
 unsigned int SyslogEntry::write(Timestamp& timeBase, OutStream& out) const {
     const unsigned int facility = loggerFacility_.getCode();
@@ -52,9 +52,9 @@ static bool ParseGpsFix(const Str& message, Timestamp& fix) {
 }
 
 SyslogEntry* SyslogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,
-                               const Logger& logger, bool& error) {
+                               const Logger& logger, bool& error, Log& log) {
     const unsigned short code = static_cast<unsigned short>(header >> FACILITY_SHIFT);
-    const CodedStr* facility = Slate::GetName(code);
+    const CodedStr* facility = log.getName(code);
     if (facility == nullptr) {
         logger.syslog(Str("No LoggerFacility found for code ") + Str(code, 10, 0), Syslog::ERROR);
         error = true;
@@ -63,10 +63,10 @@ SyslogEntry* SyslogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStre
     Timestamp t = timeBase;
     bool flag = false;
     Str message;
-    if (!ReadTimestamp(t, flag, in, logger, Logger::TIME_PRECISION_MILLIS)) return nullptr;
+    if (!ReadTimestamp(t, flag, in, logger, Logger::TIME_PRECISION_MILLIS, log)) return nullptr;
     if (!ReadMessage(in, logger, message) || message.isEmpty()) return nullptr;
     SyslogEntry* entry = new SyslogEntry(message, static_cast<Syslog::Severity>(header & SEVERITY_MASK), *facility,
-                                         Timestamp::EPOCH_START_TIME);
+                                         Timestamp::EPOCH_START_TIME, log);
     entry->setTimestamp(t);
     Timestamp fix;
     if (timeAdjust != Timespan::INVALID_TIMESPAN && ParseGpsFix(message, fix)) {

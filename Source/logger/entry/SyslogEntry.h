@@ -14,9 +14,9 @@ public:
     static constexpr unsigned short MAX_FACILITY = 2047;
     static constexpr unsigned short MAX_MESSAGE_LENGTH = 65535;  // bytes; a longer message is cut
 
-    // The facility is borrowed (from the Slate or a logger) and outlives the entry. NOT_SET_TIME stands for now.
+    // The facility is borrowed (from the log or a logger) and outlives the entry. NOT_SET_TIME stands for now.
     SyslogEntry(const Str& message, Syslog::Severity severity, const CodedStr& facility,
-                const Timestamp& t = Timestamp::NOT_SET_TIME);
+                const Timestamp& t = Timestamp::NOT_SET_TIME, Log& log = Log::Current());
     SyslogEntry(const SyslogEntry& other) = default;
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
@@ -28,7 +28,7 @@ public:
     const CodedStr& getLoggerFacility() const { return loggerFacility_; }
 
     static SyslogEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,
-                             const Logger& logger, bool& error);
+                             const Logger& logger, bool& error, Log& log = Log::Current());
 
     static void* operator new(size_t size) { return Pool_.allocate(size); }
     static void operator delete(void* block) { Pool_.release(block); }

@@ -2,16 +2,15 @@
 
 #include <memory>
 
-#include "data/Slate.h"
 #include "logger/engine/LogEngine.h"
-#include "logger/entry/DirectoryEntry.h"
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/TimeBounds.h"
 
 BinaryLogReader::BinaryLogReader(const Logger& logger, const Timestamp& start, const Timestamp& end,
-                                 const Str& whileRunning, LogEngine* write, LogEngine* syslog)
-    : gate_(logger),
-      unknownKindsBefore_(DirectoryEntry::UnknownKinds_),
+                                 const Str& whileRunning, LogEngine* write, LogEngine* syslog, Log& log)
+    : LogReader(log),
+      gate_(logger),
+      unknownRecordsBefore_(log_.getUnknownRecords()),
       sysLogger_(gate_.getLogger()),
       startTime_(start),
       endTime_(end),
@@ -30,7 +29,7 @@ unsigned int BinaryLogReader::read() {
         notes_.note(*entry, timeAdjust_);
         handle(*entry);
     } else {
-        countUnknownKinds();
+        countUnknownRecords();
     }
     setError(error);
     if (syslogEngine_ != nullptr) syslogEngine_->processQueue(Timespan::ZERO_TIMESPAN);
@@ -41,7 +40,8 @@ unsigned int BinaryLogReader::read() {
 // such a time is taken back, or it would carry the rest of the log with it.
 LogEntry* BinaryLogReader::readEntry(bool& error) {
     const Timespan adjustBefore = timeAdjust_;
-    std::unique_ptr<LogEntry> entry(LogEntry::Read(timeBase_, timeAdjust_, *logStream_, sysLogger_, error, values_));
+    std::unique_ptr<LogEntry> entry(
+        LogEntry::Read(timeBase_, timeAdjust_, *logStream_, sysLogger_, error, values_, log_));
     if (entry != nullptr && !isInBounds(*entry)) {
         TimeBounds::LogViolation(sysLogger_, "LogEntry", timeBase_, *logStream_);
         timeBase_ = Timestamp::NOT_SET_TIME;
@@ -52,9 +52,9 @@ LogEntry* BinaryLogReader::readEntry(bool& error) {
 }
 
 // A directory record of unknown kind says nothing, but it is damage.
-void BinaryLogReader::countUnknownKinds() {
-    if (unknownKindsBefore_ == DirectoryEntry::UnknownKinds_) return;
-    unknownKindsBefore_ = DirectoryEntry::UnknownKinds_;
+void BinaryLogReader::countUnknownRecords() {
+    if (unknownRecordsBefore_ == log_.getUnknownRecords()) return;
+    unknownRecordsBefore_ = log_.getUnknownRecords();
     gate_.countComplaint();
 }
 
@@ -64,7 +64,7 @@ bool BinaryLogReader::isInBounds(const LogEntry& entry) const {
 
 void BinaryLogReader::resolveMission() {
     if (whileRunningName_.isEmpty() || whileRunningCode_ != CodedStr::NO_CODE) return;
-    const CodedStr* mission = Slate::FindCodedName(whileRunningName_);
+    const CodedStr* mission = log_.findCodedName(whileRunningName_);
     if (mission != nullptr) whileRunningCode_ = mission->getCode();
 }
 

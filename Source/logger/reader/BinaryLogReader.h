@@ -10,14 +10,14 @@
 class EventEntry;
 class LogEngine;
 
-// Decodes one entry per read, lets it update the Slate, and offers those inside the time window and the mission to the
-// engine of the writers.
+// Decodes one entry per read, lets it update the log's state, and offers those inside the time window and the mission
+// to the engine of the writers.
 class BinaryLogReader : public LogReader {
 public:
     // Both times are inclusive; NOT_SET_TIME leaves that side open. An empty mission name admits every entry. The
     // engines may be null. Everything is borrowed and outlives the reader.
     BinaryLogReader(const Logger& logger, const Timestamp& start, const Timestamp& end, const Str& whileRunning,
-                    LogEngine* write, LogEngine* syslog);
+                    LogEngine* write, LogEngine* syslog, Log& log = Log::Current());
 
     // One entry, or 0 at the end of data or for bytes that hold no entry; of the latter hasError() tells those that
     // nothing can be made of.
@@ -39,7 +39,7 @@ protected:
 
 private:
     LogEntry* readEntry(bool& error);
-    void countUnknownKinds();
+    void countUnknownRecords();
     bool isInBounds(const LogEntry& entry) const;
     void resolveMission();
     const EventEntry* asMissionMarker(const LogEntry& entry) const;  // null when it is none
@@ -49,7 +49,7 @@ private:
 
     MessageGate gate_;
     EntryNotes notes_;
-    unsigned long unknownKindsBefore_;
+    unsigned long unknownRecordsBefore_;
     Timestamp timeBase_ = Timestamp::NOT_SET_TIME;  // what entry times are relative to
     Timespan timeAdjust_ = Timespan::ZERO_TIMESPAN;
     const Logger& sysLogger_;        // the gate's

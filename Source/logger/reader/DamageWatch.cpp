@@ -1,6 +1,5 @@
 #include "logger/reader/DamageWatch.h"
 
-#include "data/Slate.h"
 #include "utils/TextBuffer.h"
 
 void DamageWatch::beginFile(const Str& file) {
@@ -53,8 +52,8 @@ void DamageWatch::sumUp() const {
         text.append(", cycles whose time went back or jumped by more than an hour ").appendInt(notes_->getJumps());
         text.append(", cycle starts that stand at one time ").appendInt(notes_->getStanding());
         if (gate_->getTooMany() > 0) text.append(", messages not shown ").appendInt(gate_->getTooMany());
-        const bool isReadByAnother = !notes_->hasDirectory() && !Slate::GetSideFile().isEmpty();
-        if (isReadByAnother) text.append("; all that is known of its codes is from ").append(Slate::GetSideFile());
+        const bool isReadByAnother = !notes_->hasDirectory() && !log_.getSideFile().isEmpty();
+        if (isReadByAnother) text.append("; all that is known of its codes is from ").append(log_.getSideFile());
     }
     gate_->getOutside().syslog(text.toStr(), Syslog::ERROR);
 }

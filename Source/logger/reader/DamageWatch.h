@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Log.h"
 #include "logger/reader/EntryNotes.h"
 #include "logger/reader/MessageGate.h"
 #include "utils/Str.h"
@@ -13,8 +14,8 @@ public:
     static constexpr unsigned int MAX_SHOWN = 20;      // failures of one stretch whose messages are shown
     static constexpr unsigned int MAX_STRETCHES = 20;  // of one file that are told of one by one
 
-    // Both are borrowed; null: nothing is reported, and nothing is known of the entries.
-    DamageWatch(MessageGate* gate, EntryNotes* notes) : gate_(gate), notes_(notes) {}
+    // All are borrowed; null: nothing is reported, and nothing is known of the entries.
+    DamageWatch(MessageGate* gate, EntryNotes* notes, const Log& log) : gate_(gate), notes_(notes), log_(log) {}
 
     void beginFile(const Str& file);
     void beginAttempt() { complaintsBefore_ = complaints(); }
@@ -36,6 +37,7 @@ private:
 
     MessageGate* const gate_;  // borrowed; may be null
     EntryNotes* const notes_;  // borrowed; may be null
+    const Log& log_;           // borrowed
     Str file_;
     long long goodEnd_ = 0;      // where the last good entry ended
     unsigned int failures_ = 0;  // since then

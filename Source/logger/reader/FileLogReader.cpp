@@ -5,18 +5,15 @@
 #include <cerrno>
 #include <cstring>
 
-#include "data/Slate.h"
-
-FlexArray<const char*>* FileLogReader::PriorityList_ = nullptr;
-
 static const char* const EMPTY_FILE = "The file is empty";
 
 FileLogReader::FileLogReader(const Str& filebase, LogReader* logReader)
-    : filebase_(filebase),
+    : LogReader(logReader->getLog()),
+      filebase_(filebase),
       fileStream_(nullptr, false),
       logReader_(logReader),
-      damage_(logReader->getMessageGate(), logReader->getEntryNotes()) {
-    Slate::BeginLog(filebase);
+      damage_(logReader->getMessageGate(), logReader->getEntryNotes(), log_) {
+    log_.beginReading(filebase);
     if (!open(filebase_)) {
         openError_ = strerror(errno);
         openNextPart();
@@ -26,11 +23,11 @@ FileLogReader::FileLogReader(const Str& filebase, LogReader* logReader)
 
 FileLogReader::~FileLogReader() {
     fileStream_.close();
-    Slate::EndLog();
+    log_.endReading();
 }
 
 Str FileLogReader::nextFilename() {
-    return FilesOf(filebase_).part(nextFilenum_++);
+    return FilesOf(filebase_, log_).part(nextFilenum_++);
 }
 
 // Null, and errno says why, when there is no such file. A directory would open too, but give nothing and never end.
@@ -79,8 +76,9 @@ static Str WhyUnread(const Str& path) {
 }
 
 bool FileLogReader::matchAndOpen(const Str& candidate) {
-    return FilesOf(filebase_).offerPart(
-        candidate, [&](const Str& name) { return name == candidate ? openUnlessEmpty(name) : open(name); });
+    return FilesOf(filebase_, log_).offerPart(candidate, [&](const Str& name) {
+        return name == candidate ? openUnlessEmpty(name) : open(name);
+    });
 }
 
 unsigned int FileLogReader::read() {

@@ -14,7 +14,7 @@
 // looked for as ".bak" and under the priority names. Steps over damage of any length. Only regular files are opened.
 class FileLogReader : public LogReader {
 public:
-    FileLogReader(const Str& filebase, LogReader* logReader);  // owns the reader
+    FileLogReader(const Str& filebase, LogReader* logReader);  // owns the reader; the log is the reader's
     ~FileLogReader() override;
 
     unsigned int read() override;  // the entries handled by one call, 0 at the end of a file
@@ -37,8 +37,11 @@ public:
     static constexpr int MAX_ZERO_READS = LogFiles::MAX_MISSING;  // each tries the next number
 
     // The names under which a reader of the log looks for it.
-    static LogFiles FilesOf(const Str& log) { return LogFiles(log, PriorityList_); }
-    static void SetPriorityList(FlexArray<const char*>* list) { PriorityList_ = list; }  // borrowed; null for none
+    static LogFiles FilesOf(const Str& name, const Log& log = Log::Current()) {
+        return LogFiles(name, log.getPriorityWords());
+    }
+    // Of the current log; borrowed, null for none.
+    static void SetPriorityList(FlexArray<const char*>* list) { Log::Current().setPriorityWords(list); }
 
 private:
     bool open(const Str& path);
@@ -63,6 +66,4 @@ private:
     long long bytesInClosedFiles_ = 0;
     Str openError_;
     FlexArray<Str*> missingParts_{true};  // left out since the last part; owned
-
-    static FlexArray<const char*>* PriorityList_;  // borrowed
 };

@@ -1,18 +1,20 @@
 #pragma once
 
+#include "data/Log.h"
 #include "io/InStream.h"
 
 class EntryNotes;
 class MessageGate;
 
-// Delivers the entries of a log, one call after the other.
+// Delivers the entries of a log, which it borrows, one call after the other.
 class LogReader {
 public:
-    LogReader() = default;
+    explicit LogReader(Log& log = Log::Current()) : log_(log) {}
     virtual ~LogReader() {}
     LogReader(const LogReader&) = delete;
     LogReader& operator=(const LogReader&) = delete;
 
+    Log& getLog() const { return log_; }
     virtual void setInStream(InStream& in) { logStream_ = &in; }  // borrowed, outlives the reader's use
     virtual bool isValid() { return logStream_ != nullptr && logStream_->isReadable(); }
     virtual bool hasError() { return error_; }  // the bytes just read are no entry
@@ -23,6 +25,7 @@ public:
     virtual EntryNotes* getEntryNotes() { return nullptr; }  // what it notes of the entries; null when nothing
 
 protected:
+    Log& log_;
     InStream* logStream_ = nullptr;  // borrowed
     bool error_ = false;
 };

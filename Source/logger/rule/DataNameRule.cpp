@@ -1,6 +1,5 @@
 #include "logger/rule/DataNameRule.h"
 
-#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 
 bool DataNameRule::check(const LogEntry* entry) {
@@ -16,9 +15,9 @@ Str DataNameRule::toString() const {
 // A name that is not known yet is looked up again only when the log has named more elements.
 bool DataNameRule::resolve() {
     if (code_ != ElementURI::NO_CODE) return true;
-    const unsigned int count = Slate::GetElementURICount();
-    if (count == slateElementURICount_) return false;
-    slateElementURICount_ = count;
-    code_ = Slate::GetElementURICode(dataName_.cStr());
+    const unsigned int count = log_.getElementURICount();
+    if (count == elementURICount_) return false;
+    elementURICount_ = count;
+    code_ = log_.getElementURICode(dataName_.cStr());
     return code_ != ElementURI::NO_CODE;
 }

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "data/ElementURI.h"
+#include "data/Log.h"
 #include "logger/rule/EntryRules.h"
 
 // Admits the writes, or the reads, of one element. A best value is admitted under its universal name too.
 class DataNameRule final : public DataWriteRule {
 public:
-    DataNameRule(const Str& name, bool dataWrite) : DataWriteRule(dataWrite), dataName_(name) {}
+    DataNameRule(const Str& name, bool dataWrite, const Log& log = Log::Current())  // which is borrowed
+        : DataWriteRule(dataWrite), dataName_(name), log_(log) {}
     bool check(const LogEntry* entry) override;
     Str toString() const override;
 
@@ -14,6 +15,7 @@ private:
     bool resolve();
 
     const Str dataName_;
+    const Log& log_;                             // borrowed
     unsigned short code_ = ElementURI::NO_CODE;  // of the element, once the log has named it
-    unsigned int slateElementURICount_ = 0;      // at the last look-up
+    unsigned int elementURICount_ = 0;           // at the last look-up
 };

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "logger/entry/DirectoryEntry.h"
+#include "data/LogVersion.h"
 #include "units/UnitRegistry.h"
 
 const char* const CommandLine::DEFAULT_SLATE_FILE = "Logs/latest/slate";
@@ -248,8 +248,8 @@ CommandLine::Result CommandLine::parse(RunSettings& settings) {
 }
 
 void CommandLine::ShowUsage() {
-    printf("unserialize version %d, can handle slate versions %d to %d\n", DirectoryEntry::CurrentLogVersion_,
-           DirectoryEntry::MinimumLogVersion_, DirectoryEntry::CurrentLogVersion_);
+    printf("unserialize version %d, can handle slate versions %d to %d\n", LogVersion::NEWEST, LogVersion::OLDEST,
+           LogVersion::NEWEST);
     fputs(USAGE_HEAD, stdout);
     for (const Option& option : OPTIONS) {
         printf("    option%s -%c %s", option.value_ == Option::REPEATABLE ? "*" : "", option.letter_, option.usage_);

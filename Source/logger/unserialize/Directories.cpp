@@ -1,39 +1,37 @@
 #include "logger/unserialize/Directories.h"
 
-#include "data/Slate.h"
-#include "logger/entry/DirectoryEntry.h"
+#include "logger/reader/LogDirectory.h"
 
-void Directories::read(const Str& log) {
-    if (!Slate::IsDirectoryRead()) readSideFile(log);
-    if (!Slate::IsDirectoryRead()) readLog(log);
+void Directories::read(Log& log, const Str& name) {
+    if (!log.isDirectoryRead()) readSideFile(log, name);
+    if (!log.isDirectoryRead()) readLog(log, name);
 }
 
-void Directories::readAhead(const Str& log) {
-    readSideFile(log);
-    if (settings_.writes(DIRECTORY_OUTPUT)) readLog(log);
+void Directories::readAhead(Log& log, const Str& name) {
+    readSideFile(log, name);
+    if (settings_.writes(DIRECTORY_OUTPUT)) readLog(log, name);
 }
 
-void Directories::readSideFile(const Str& log) {
-    if (!settings_.writes(DIRECTORY_OUTPUT)) Slate::ReadSideFile(log, isFirstReading(log));
+void Directories::readSideFile(Log& log, const Str& name) {
+    if (!settings_.writes(DIRECTORY_OUTPUT)) LogDirectory(log).readSideFile(name, isFirstReading(name));
 }
 
-bool Directories::isFirstReading(const Str& log) {
+bool Directories::isFirstReading(const Str& name) {
     for (unsigned int i = 0; i < logsRead_.size(); ++i) {
-        if (*logsRead_.at(i) == log) return false;
+        if (*logsRead_.at(i) == name) return false;
     }
-    logsRead_.push(new Str(log));
+    logsRead_.push(new Str(name));
     return true;
 }
 
 // Messages about a log that is read again for its entries are left to that second reading.
-void Directories::readLog(const Str& log) {
+void Directories::readLog(Log& log, const Str& name) {
     forgetScannedVersion();
-    versionBefore_ = DirectoryEntry::CurrentLogVersion_;
-    isVersionScanned_ = true;
-    Slate::ReadDirectory(log, settings_.isDirectoryOnly());
+    scannedVersion_.emplace(log);
+    LogDirectory(log).read(name, settings_.isDirectoryOnly());
 }
 
-void Directories::forgetScannedVersion() {
-    if (isVersionScanned_) DirectoryEntry::CurrentLogVersion_ = versionBefore_;
-    isVersionScanned_ = false;
+void Directories::keepScannedVersion() {
+    if (scannedVersion_) scannedVersion_->leaveAsIs();
+    scannedVersion_.reset();
 }

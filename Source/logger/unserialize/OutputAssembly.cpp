@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "io/OldFile.h"
 #include "io/ZipEncoder.h"
 #include "logger/engine/LogEngine.h"
@@ -266,7 +266,7 @@ LogWriter* OutputAssembly::thin(LogWriter* writer, bool sendAtStartCycle, bool m
 }
 
 void OutputAssembly::writeDirectory() {
-    hasDirectory_ = hasDirectory_ || Slate::IsDirectoryRead();
+    hasDirectory_ = hasDirectory_ || log_.isDirectoryRead();
     const bool entriesBringIt = !settings_.isDirectoryOnly() && settings_.missionName_.isEmpty();
     if (directoryWriter_ != nullptr && !entriesBringIt) directoryWriter_->writeHeader();
 }

@@ -14,6 +14,7 @@ class DirectoryLogWriter;
 class HDF5LogWriter;
 class HasFilename;
 class Inputs;
+class Log;
 class LogEngine;
 class LogWriter;
 class Rule;
@@ -30,12 +31,18 @@ public:
     };
 
     // Everything is borrowed for the run. The variables are to be complete before assemble.
-    OutputAssembly(const RunSettings& settings, const Inputs& inputs, LogEngine& engine, const Logger& logger)
-        : settings_(settings), inputs_(inputs), variables_(settings.variables_), engine_(engine), logger_(logger) {}
+    OutputAssembly(const RunSettings& settings, const Log& log, const Inputs& inputs, LogEngine& engine,
+                   const Logger& logger)
+        : settings_(settings),
+          log_(log),
+          inputs_(inputs),
+          variables_(settings.variables_),
+          engine_(engine),
+          logger_(logger) {}
 
     // Creates the files that are asked for and associates a writer with the engine for each.
     void assemble();
-    // Writes the Slate's directory to the `.dir` output, when there is one and the log's own directory does not get
+    // Writes the log's directory to the `.dir` output, when there is one and the log's own directory does not get
     // there with the entries: in a run without entries or with a mission filter.
     void writeDirectory();
     // Puts the `.dir` in its place; after the engine has been uninitialized.
@@ -81,6 +88,7 @@ private:
     void complain(const Str& text) const { logger_.syslog(text, Syslog::ERROR); }
 
     const RunSettings& settings_;  // borrowed, as are the others
+    const Log& log_;
     const Inputs& inputs_;
     const OutputVariables& variables_;
     LogEngine& engine_;

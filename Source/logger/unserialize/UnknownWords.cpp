@@ -4,22 +4,22 @@
 
 #include "data/DataAccess.h"
 #include "data/DataValue.h"
-#include "data/Slate.h"
 #include "logger/unserialize/VariableList.h"
 #include "units/Unit.h"
 
-UnknownWords::UnknownWords(RunSettings& settings)
+UnknownWords::UnknownWords(RunSettings& settings, const Log& log)
     : settings_(settings),
-      selection_(settings.variables_.count_, settings.variables_.names_.get(), settings.variables_.units_.get()),
+      log_(log),
+      selection_(settings.variables_.count_, settings.variables_.names_.get(), settings.variables_.units_.get(), log),
       variables_(new Knowledge[settings.variables_.count_]()),
       components_(new Knowledge[settings.parents_.size()]()),
       isMissionKnown_(settings.missionName_.isEmpty()) {}
 
-void UnknownWords::askSlate() {
+void UnknownWords::askLog() {
     isAsked_ = true;
     askForVariables();
     askForComponents();
-    isMissionKnown_ = isMissionKnown_ || Slate::FindCodedName(settings_.missionName_) != nullptr;
+    isMissionKnown_ = isMissionKnown_ || log_.findCodedName(settings_.missionName_) != nullptr;
 }
 
 // The log's numbers can be read in the unit asked for; nothing is held against a unit that either side does not know.
@@ -41,8 +41,8 @@ void UnknownWords::askForVariables() {
 }
 
 void UnknownWords::askForComponents() {
-    for (unsigned short code = 0; code < Slate::NextElementURICode_; ++code) {
-        const ElementURI* const name = Slate::GetElementURI(code);
+    for (unsigned short code = 0; code < log_.getNextElementURICode(); ++code) {
+        const ElementURI* const name = log_.getElementURI(code);
         for (unsigned int i = 0; name != nullptr && i < settings_.parents_.size(); ++i) {
             if (VariableList::Selects(settings_.parents_.at(i), *name)) components_[i] = KNOWN;
         }

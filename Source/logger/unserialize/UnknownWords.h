@@ -6,13 +6,13 @@
 #include "logger/writer/VariableSelection.h"
 
 // The words of the command line that only the logs give a meaning: names of variables, units for them, components, a
-// mission. The Slate is asked after each log, and a word that some log knows is known.
+// mission. The log's state is asked after each, and a word that some log knows is known.
 class UnknownWords {
 public:
-    // The settings are borrowed for the run; their variables are still those of the command line.
-    explicit UnknownWords(RunSettings& settings);
+    // Settings and log are borrowed for the run; their variables are still those of the command line.
+    UnknownWords(RunSettings& settings, const Log& log);
 
-    void askSlate();  // about the log that was just read
+    void askLog();  // about the log that was just read
     // Adds a complaint for each word that no log knew, and one when the times and the mission, all of them known, left
     // no entry. Without any log there is nothing to say.
     void complain(bool hasEntries) const;
@@ -25,7 +25,8 @@ private:
     void complainOfVariable(int index) const;
     void complainOfSelection() const;
 
-    RunSettings& settings_;                    // borrowed
+    RunSettings& settings_;  // borrowed
+    const Log& log_;
     VariableSelection selection_;              // of the log asked last
     std::unique_ptr<Knowledge[]> variables_;   // one per variable: the best of all logs
     std::unique_ptr<Knowledge[]> components_;  // one per parent

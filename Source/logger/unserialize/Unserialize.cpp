@@ -5,15 +5,12 @@
 #include <cstdio>
 #include <cstring>
 
-#include "data/Slate.h"
-#include "logger/entry/DirectoryEntry.h"
 #include "logger/reader/BinaryLogReader.h"
 #include "logger/reader/FileLogReader.h"
 #include "logger/rule/SyslogRules.h"
 #include "logger/unserialize/CommandLine.h"
 #include "logger/unserialize/OutputNaming.h"
 #include "logger/unserialize/Progress.h"
-#include "logger/writer/binary/DirectoryLogWriter.h"
 #include "logger/writer/text/TextLogWriter.h"
 #include "utils/MemoryReserve.h"
 
@@ -50,27 +47,15 @@ Unserialize::Unserialize(RunSettings& settings)
       logger_("unserialize", &consoleEngine_),
       engine_(queue_),
       inputs_(settings),
-      unknownWords_(settings),
+      unknownWords_(settings, log_),
       directories_(settings),
-      outputs_(settings, inputs_, engine_, logger_),
-      timeCorrection_(settings.localTimeOnly_ ? Timespan::INVALID_TIMESPAN : Timespan::ZERO_TIMESPAN),
-      newestLogVersion_(DirectoryEntry::CurrentLogVersion_) {
+      outputs_(settings, log_, inputs_, engine_, logger_),
+      timeCorrection_(settings.localTimeOnly_ ? Timespan::INVALID_TIMESPAN : Timespan::ZERO_TIMESPAN) {
     KeepRunningWhenWritesFail();
     consoleEngine_.addAssociation(new TextLogWriter(console_, false),
                                   new SyslogSeverityRule(settings.quiet_ ? Syslog::ERROR : Syslog::DEBUG, true));
-    Slate::SetLogger(&logger_);
-    if (settings.priorityListGiven_) FileLogReader::SetPriorityList(&settings.priorityList_);
-}
-
-// Leaves the process as it was found. The writers, whose entries point into the Slate, are gone by now.
-Unserialize::~Unserialize() {
-    FileLogReader::SetPriorityList(nullptr);
-    DirectoryLogWriter::Uninitialize();
-    Slate::ClearDirectory();
-    Slate::Uninitialize();
-    Slate::SetLogger(nullptr);
-    DirectoryEntry::ElementStore_.clear();
-    DirectoryEntry::CurrentLogVersion_ = newestLogVersion_;
+    log_.setLogger(&logger_);
+    if (settings.priorityListGiven_) log_.setPriorityWords(&settings.priorityList_);
 }
 
 void Unserialize::reportComplaints() {
@@ -86,10 +71,10 @@ void Unserialize::reportComplaints() {
 void Unserialize::listVariables() {
     if (settings_.variables_.count_ > 0) return;
     if (settings_.hasTableOutput()) {
-        variableList_.readFrom(inputs_, directories_, settings_, consoleEngine_);
+        variableList_.readFrom(inputs_, log_, directories_, settings_, consoleEngine_);
         variableList_.giveTo(settings_.variables_);
     } else if (inputs_.count() == 1) {
-        directories_.readAhead(inputs_.at(0));
+        directories_.readAhead(log_, inputs_.at(0));
     }
 }
 
@@ -100,12 +85,12 @@ void Unserialize::readInputs() {
         readInput(inputs_.at(i), progress);
         if (inputs_.count() == 1) continue;
         engine_.resetInputs();  // no writer holds an entry from here on
-        Slate::ReleaseDirectory();
+        log_.uninitialize();
     }
 }
 
 void Unserialize::readInput(const Str& input, Progress& progress) {
-    directories_.read(input);
+    directories_.read(log_, input);
     outputs_.writeDirectory();
     if (settings_.isDirectoryOnly()) {
         checkDirectory(input);
@@ -118,8 +103,8 @@ void Unserialize::readInput(const Str& input, Progress& progress) {
 }
 
 void Unserialize::checkDirectory(const Str& input) {
-    if (Slate::IsDirectoryRead()) {
-        unknownWords_.askSlate();
+    if (log_.isDirectoryRead()) {
+        unknownWords_.askLog();
     } else {
         logger_.syslog("No directory in " + input, Syslog::ERROR);
     }
@@ -129,7 +114,7 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
     logger_.syslog("Reading data from " + input, Syslog::INFO);
     MemoryReserve::SetTask(input);
     BinaryLogReader* const entries = new BinaryLogReader(logger_, settings_.startTime_, settings_.endTime_,
-                                                         settings_.missionName_, &engine_, &consoleEngine_);
+                                                         settings_.missionName_, &engine_, &consoleEngine_, log_);
     entries->setTimeAdjust(timeCorrection_);
     FileLogReader file(input, entries);  // owns the entry reader
     for (int zeros = 0; zeros < FileLogReader::MAX_ZERO_READS; ++zeros) {
@@ -146,7 +131,7 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
     if (file.getEntriesRead() == 0) {
         reportNoEntry(input, file.getOpenError());
     } else {
-        unknownWords_.askSlate();
+        unknownWords_.askLog();
     }
 }
 

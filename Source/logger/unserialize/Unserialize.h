@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Log.h"
 #include "io/FileOutStream.h"
 #include "logger/engine/LogEngine.h"
 #include "logger/engine/LogQueue.h"
@@ -21,7 +22,6 @@ public:
 
 private:
     explicit Unserialize(RunSettings& settings);
-    ~Unserialize();
 
     static const int MEMORY_USED_UP = 1;
 
@@ -39,7 +39,9 @@ private:
     void sayDone() const;
     void showMessages() { consoleEngine_.processQueue(Timespan::ZERO_TIMESPAN); }
 
-    RunSettings& settings_;    // borrowed
+    RunSettings& settings_;  // borrowed
+    Log log_;                // of one input after the other; outlives the entries that writers hold
+    const Log::Use use_{log_};
     FileOutStream console_;    // standard output
     LogEngine consoleEngine_;  // shows the program's own messages
     const Logger logger_;
@@ -55,5 +57,4 @@ private:
     Timestamp lastTime_ = Timestamp::NOT_SET_TIME;
     long long bytesBefore_ = 0;  // of the inputs that are done
     bool isMemoryUsedUp_ = false;
-    const unsigned short newestLogVersion_;  // in force before the run
 };

@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "logger/engine/LogEngine.h"
-#include "logger/entry/DirectoryEntry.h"
 #include "logger/unserialize/Directories.h"
 #include "logger/unserialize/Inputs.h"
 #include "units/Units.h"
@@ -46,9 +45,9 @@ char* NewText(const Str& text) {
     return copy;
 }
 
-const ElementURI* UniversalOf(const DataAccess& access) {
+const ElementURI* UniversalOf(const Log& log, const DataAccess& access) {
     const unsigned short code = access.getUniversalCode();
-    return code < ElementURI::NUM_CODES ? Slate::GetElementURI(code) : nullptr;
+    return code < ElementURI::NUM_CODES ? log.getElementURI(code) : nullptr;
 }
 
 std::unique_ptr<char* []> ArrayOf(const FlexArray<char*>& texts) {
@@ -63,26 +62,28 @@ VariableList::VariableList() {
     for (FlexArray<char*>* const texts : {&names_, &units_, &settings_}) texts->setDoArrayDelete(true);
 }
 
-void VariableList::readFrom(const Inputs& inputs, Directories& directories, const RunSettings& settings,
+void VariableList::readFrom(const Inputs& inputs, Log& run, Directories& directories, const RunSettings& settings,
                             LogEngine& console) {
-    const unsigned short versionInForce = DirectoryEntry::CurrentLogVersion_;
+    const bool isSingle = inputs.count() == 1;
+    Log scanned(&run.getLogger());
+    scanned.setPriorityWords(run.getPriorityWords());
+    Log& log = isSingle ? run : scanned;
     for (unsigned int i = 0; i < inputs.count(); ++i) {
-        directories.read(inputs.at(i));
-        addDirectory(settings.parents_, i == 0);
+        directories.read(log, inputs.at(i));
+        addDirectory(log, settings.parents_, i == 0);
         console.processQueue(Timespan::ZERO_TIMESPAN);
-        if (inputs.count() == 1) return;
-        Slate::ReleaseDirectory();
+        if (isSingle) return;
+        scanned.uninitialize();
         directories.keepScannedVersion();
     }
-    DirectoryEntry::CurrentLogVersion_ = versionInForce;
 }
 
-void VariableList::addDirectory(const FlexArray<char*>& parents, bool withSettings) {
+void VariableList::addDirectory(const Log& log, const FlexArray<char*>& parents, bool withSettings) {
     const DataAccess* previous = nullptr;
-    for (unsigned short code = 0; code < Slate::NextDataAccessCode_; ++code) {
-        const DataAccess* const access = Slate::GetDataAccess(code);
+    for (unsigned short code = 0; code < log.getNextDataAccessCode(); ++code) {
+        const DataAccess* const access = log.getDataAccess(code);
         if (access == nullptr) continue;
-        const ElementURI* const name = Slate::GetElementURI(access->getElementCode());
+        const ElementURI* const name = log.getElementURI(access->getElementCode());
         if (name == nullptr || IsBookkeeping(*name)) continue;
         const bool isSetting = IsSetting(*name) || Repeats(*access, previous);
         previous = access;
@@ -91,7 +92,7 @@ void VariableList::addDirectory(const FlexArray<char*>& parents, bool withSettin
             continue;
         }
         if (IsChild(parents, *name)) addVariable(*name, *access);
-        const ElementURI* const universal = UniversalOf(*access);
+        const ElementURI* const universal = UniversalOf(log, *access);
         if (universal != nullptr) addVariable(*universal, *access);
     }
 }

@@ -8,6 +8,7 @@ class DataAccess;
 class Directories;
 class ElementURI;
 class Inputs;
+class Log;
 class LogEngine;
 
 // The variables and settings that table outputs are about when the user names none: everything that the directories of
@@ -16,12 +17,12 @@ class VariableList {
 public:
     VariableList();
 
-    // Reads the directory of every input into the Slate, one after the other; with a single input it stays there.
-    // Messages are shown on the console after each. The version of the log in force is as before when there are
-    // several.
-    void readFrom(const Inputs& inputs, Directories& directories, const RunSettings& settings, LogEngine& console);
-    // Adds what the Slate holds now; settings count when withSettings.
-    void addDirectory(const FlexArray<char*>& parents, bool withSettings);
+    // Reads the directory of every input, one after the other; that of a single input into the run's log, where it
+    // stays. Messages are shown on the console after each.
+    void readFrom(const Inputs& inputs, Log& run, Directories& directories, const RunSettings& settings,
+                  LogEngine& console);
+    // Adds what the log holds now; settings count when withSettings.
+    void addDirectory(const Log& log, const FlexArray<char*>& parents, bool withSettings);
     // Makes the list the run's variables: it owns their names and must outlive their use.
     void giveTo(OutputVariables& variables) const;
 

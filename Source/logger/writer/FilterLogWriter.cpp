@@ -6,8 +6,8 @@
 FilterLogWriter::FilterLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList,
                                  bool passCycleStarts, int attCount, char** attList)
     : outputTo_(outputTo),
-      variables_(varCount, varList, unitList),
-      attributes_(attCount, attList, nullptr),
+      variables_(varCount, varList, unitList, log_),
+      attributes_(attCount, attList, nullptr, log_),
       passCycleStarts_(passCycleStarts),
       lastTime_(Timestamp::NOT_SET_TIME) {
     if (outputTo_ == nullptr) return;

@@ -34,7 +34,7 @@ public:
     virtual unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit);
 
 protected:
-    // Looks open names up, when the Slate has changed since the last try; true when no name is open any more.
+    // Looks open names up, when the directory has changed since the last try; true when no name is open any more.
     bool initializeFilterLogWriter();
 
     // Variables and, behind them, attribute variables, as one list of requests.

@@ -1,23 +1,27 @@
 #pragma once
 
-#include "data/Slate.h"
+#include "data/Log.h"
 
-// Tells whether the Slate has learnt anything since the last look: what was not found then is worth looking up again.
+// Tells whether the log's directory has learnt anything since the last look: what was not found then is worth looking
+// up again.
 class SlateWatch {
 public:
+    explicit SlateWatch(const Log& log = Log::Current()) : log_(log) {}  // borrowed
+
     bool hasChanged() const {
-        return !hasLooked_ || seenElementCount_ != Slate::GetElementURICount() ||
-               seenAccessCount_ != Slate::GetDataAccessCount() || seenDirectoryRead_ != Slate::IsDirectoryRead();
+        return !hasLooked_ || seenElementCount_ != log_.getElementURICount() ||
+               seenAccessCount_ != log_.getDataAccessCount() || seenDirectoryRead_ != log_.isDirectoryRead();
     }
     void look() {
-        seenElementCount_ = Slate::GetElementURICount();
-        seenAccessCount_ = Slate::GetDataAccessCount();
-        seenDirectoryRead_ = Slate::IsDirectoryRead();
+        seenElementCount_ = log_.getElementURICount();
+        seenAccessCount_ = log_.getDataAccessCount();
+        seenDirectoryRead_ = log_.isDirectoryRead();
         hasLooked_ = true;
     }
     void reset() { hasLooked_ = false; }  // everything counts as new
 
 private:
+    const Log& log_;
     unsigned int seenElementCount_ = 0;
     unsigned int seenAccessCount_ = 0;
     bool seenDirectoryRead_ = false;

@@ -4,12 +4,12 @@
 #include <cstring>
 #include <utility>
 
-#include "data/Slate.h"
 #include "units/UnitRegistry.h"
 #include "units/Units.h"
 
-VariableSelection::VariableSelection(int count, char** names, char** unitNames)
-    : count_(count),
+VariableSelection::VariableSelection(int count, char** names, char** unitNames, const Log& log)
+    : log_(log),
+      count_(count),
       names_(names),
       unitNames_(unitNames),
       variables_(new Variable[count]),
@@ -29,14 +29,14 @@ bool VariableSelection::lookUpAll() {
     resolved_ = true;
     for (int index = 0; index < count_; ++index) {
         lookUpUnit(index);
-        if (!isFound(index) && !lookUpCode(index) && !Slate::IsDirectoryRead()) resolved_ = false;
+        if (!isFound(index) && !lookUpCode(index) && !log_.isDirectoryRead()) resolved_ = false;
     }
     return resolved_;
 }
 
 // A universal is registered before any log names it; only a code tells that the log knows the name.
 bool VariableSelection::lookUpCode(int index) {
-    const ElementURI* uri = Slate::FindElementURI(names_[index]);
+    const ElementURI* uri = log_.findElementURI(names_[index]);
     if (uri == nullptr || !uri->hasCode()) return false;
     variables_[index].code_ = uri->getCode();
     variables_[index].isUniversal_ = uri->getElementType() == ElementURI::UNIVERSAL_ELEMENT;
@@ -57,13 +57,13 @@ int VariableSelection::indexOfName(const char* name) const {
 }
 
 const DataAccess* VariableSelection::access(int index) const {
-    return isFound(index) ? Slate::FindDescribingAccess(code(index), isUniversal(index)) : nullptr;
+    return isFound(index) ? log_.findDescribingAccess(code(index), isUniversal(index)) : nullptr;
 }
 
 const ElementURI* VariableSelection::standardName(int index, unsigned short universalCode) const {
     const bool servesItself = universalCode == ElementURI::SELF_CODE;
     if (universalCode >= ElementURI::NUM_CODES && !servesItself) return nullptr;
-    return Slate::GetElementURI(isUniversal(index) ? code(index) : universalCode);
+    return log_.getElementURI(isUniversal(index) ? code(index) : universalCode);
 }
 
 const Unit* VariableSelection::shownUnit(int index) const {

@@ -12,15 +12,15 @@ class DataAccess;
 // codes. Names become known only as the log's directory is read, so they are resolved again whenever it has grown.
 class VariableSelection {
 public:
-    // The lists are borrowed; units may be null, and so may each unit.
-    VariableSelection(int count, char** names, char** unitNames);
+    // The lists and the log are borrowed; units may be null, and so may each unit.
+    VariableSelection(int count, char** names, char** unitNames, const Log& log = Log::Current());
 
     void reset();  // forget all codes and units; look everything up again
-    // Looks up what is not resolved yet, when the Slate has changed since the last try. True when every name is
+    // Looks up what is not resolved yet, when the directory has changed since the last try. True when every name is
     // resolved or, the directory having been read, can no longer be.
     bool resolve() { return resolved_ || (isStale() && lookUpAll()); }
     bool isResolved() const { return resolved_; }
-    // The Slate has grown, or its directory was read, since the last resolve.
+    // The directory has grown, or was read to its end, since the last resolve.
     bool isStale() const { return watch_.hasChanged(); }
 
     int count() const { return count_; }
@@ -69,11 +69,12 @@ private:
     bool lookUpCode(int index);  // true when the log knows the name
     void lookUpUnit(int index);
 
+    const Log& log_;
     const int count_;
     char** const names_;      // borrowed
     char** const unitNames_;  // borrowed; may be null
     std::unique_ptr<Variable[]> variables_;
     std::unique_ptr<int[]> codeLookup_;  // by code, NUM_CODES of them: the index or -1
     bool resolved_ = false;
-    SlateWatch watch_;
+    SlateWatch watch_{log_};
 };

@@ -11,11 +11,11 @@ TEST_F(DirectoryEntryTest, ARecordReadAgainGivesTheRegisteredItem) {
     const auto first = read<DirectoryEntry>(bytes);
     EXPECT_EQ(first->getTimestamp(), Timestamp::NOT_SET_TIME);
     EXPECT_TRUE(first->wasRead());
-    const unsigned int stored = DirectoryEntry::ElementStore_.size();
+    const unsigned int known = slate_.getElementURIs().size();
     const auto second = read(bytes);
     ASSERT_NE(second, nullptr);
     EXPECT_STREQ(second->toString(nullptr).cStr(), first->toString(nullptr).cStr());
-    EXPECT_EQ(DirectoryEntry::ElementStore_.size(), stored);
+    EXPECT_EQ(slate_.getElementURIs().size(), known);
 }
 
 TEST_F(DirectoryEntryTest, ACodeThatIsTakenRefusesTheRecordSilently) {

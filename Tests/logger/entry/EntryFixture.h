@@ -12,11 +12,6 @@
 // Reads and writes single entries against the cycle start of the worked log.
 class EntryFixture : public SlateFixture {
 protected:
-    void TearDown() override {
-        DirectoryEntry::CurrentLogVersion_ = 8;
-        SlateFixture::TearDown();
-    }
-
     template <typename Entry = LogEntry>
     std::unique_ptr<Entry> read(const Str& bytes, LogEntry::Values values = LogEntry::STORE_VALUES) {
         MemoryInStream in(bytes);
@@ -46,8 +41,5 @@ protected:
 // With the directory of the worked log.
 class WorkedFixture : public EntryFixture {
 protected:
-    void SetUp() override {
-        EntryFixture::SetUp();
-        readDirectory();
-    }
+    void SetUp() override { readDirectory(); }
 };

@@ -42,7 +42,7 @@ TEST_F(LogEntryTest, TimesAreWrittenAndReadByPrecisionAndVersion) {
         {3, Logger::TIME_PRECISION_MICROS, true, "833801", true, 10000},
     };
     for (const Case& c : cases) {
-        DirectoryEntry::CurrentLogVersion_ = c.version_;
+        slate_.version() = c.version_;
         const Str bytes = timeBytes(Timespan(0, 10000), c.flag_, c.precision_);
         EXPECT_STREQ(bytes.asHex().cStr(), c.bytes_);
         EXPECT_EQ(timeOf(bytes, c.precision_), std::make_pair(c.readMicros_, c.flagRead_)) << c.bytes_;

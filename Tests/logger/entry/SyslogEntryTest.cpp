@@ -8,7 +8,6 @@
 class SyslogEntryTest : public EntryFixture {
 protected:
     void SetUp() override {
-        EntryFixture::SetUp();
         readRecord("n code=0005 name=\"GPS\"\n");
         log_.take();
     }

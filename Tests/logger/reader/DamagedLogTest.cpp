@@ -94,7 +94,7 @@ protected:
         entries_.clear();
         lines_.clear();
         Slate::ClearDirectory();
-        DirectoryEntry::CurrentLogVersion_ = 8;
+        slate_.version() = LogVersion::NEWEST;
     }
 
     std::vector<Span> entries_;

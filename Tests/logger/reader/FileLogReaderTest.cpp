@@ -6,10 +6,6 @@
 
 class FileLogReaderTest : public ReaderFixture {
 protected:
-    void TearDown() override {
-        FileLogReader::SetPriorityList(nullptr);
-        ReaderFixture::TearDown();
-    }
     // Reads the log of that name to its end; why nothing opened.
     std::string readLog(const std::string& name) {
         FileLogReader log(dir_.path(name).c_str(), newReader());
@@ -26,7 +22,7 @@ protected:
     void forget() {
         lines_.clear();
         Slate::ClearDirectory();
-        DirectoryEntry::CurrentLogVersion_ = 8;
+        slate_.version() = LogVersion::NEWEST;
     }
     // Each byte is the header of an access that nobody declared.
     static Str junk(size_t n) { return std::string(n, '\x54').c_str(); }

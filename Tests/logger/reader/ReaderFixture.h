@@ -27,14 +27,7 @@ private:
 // Readers whose entries end up as lines.
 class ReaderFixture : public SlateFixture {
 protected:
-    void SetUp() override {
-        SlateFixture::SetUp();
-        engine_.addAssociation(new LineCollector(lines_), nullptr);
-    }
-    void TearDown() override {
-        DirectoryEntry::CurrentLogVersion_ = 8;
-        SlateFixture::TearDown();
-    }
+    void SetUp() override { engine_.addAssociation(new LineCollector(lines_), nullptr); }
 
     BinaryLogReader* newReader() { return new BinaryLogReader(log_, start_, end_, mission_, &engine_, nullptr); }
     // The messages at ERROR and above.

@@ -62,6 +62,8 @@ TEST_F(InputsTest, FilesAndNumberedPartsAreCountedAndKnown) {
     directory_.write("dive/Courier0002.bak", "12");
     FlexArray<const char*> priorities;
     priorities.push("Courier");
+    Log log;
+    const Log::Use use(log);
     FileLogReader::SetPriorityList(&priorities);
     settings_.slateFile_ = "whole;parts;missing;dive";
     const Inputs inputs(settings_);
@@ -77,5 +79,4 @@ TEST_F(InputsTest, FilesAndNumberedPartsAreCountedAndKnown) {
     }
     settings_.outputs_.set(DIRECTORY_OUTPUT);
     EXPECT_FALSE(Inputs(settings_).contains("whole.dir"));
-    FileLogReader::SetPriorityList(nullptr);
 }

@@ -20,11 +20,12 @@ protected:
 
     // What is left to say after logs that declare the names given, in metres.
     std::string complaints(std::initializer_list<std::initializer_list<const char*>> logs, bool hasEntries = true) {
-        UnknownWords words(settings_);
+        SmallLog log;
+        UnknownWords words(settings_, Log::Current());
         for (const auto& names : logs) {
-            SmallLog log;
+            Slate::ClearDirectory();
             for (const char* const name : names) log.declareServing("depth", name, Units::METER);
-            words.askSlate();
+            words.askLog();
         }
         words.complain(hasEntries);
         std::string all;

@@ -8,11 +8,11 @@
 
 class VariableListTest : public ::testing::Test {
 protected:
-    // What the Slate's directory adds, as "name unit" for each variable.
+    // What the log's directory adds, as "name unit" for each variable.
     std::string add(std::initializer_list<const char*> parents = {}, bool withSettings = true) {
         FlexArray<char*> list;
         for (const char* const parent : parents) list.push(const_cast<char*>(parent));
-        list_.addDirectory(list, withSettings);
+        list_.addDirectory(Log::Current(), list, withSettings);
         list_.giveTo(variables_);
         std::string all;
         for (int i = 0; i < variables_.count_; ++i) {

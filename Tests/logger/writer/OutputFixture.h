@@ -16,7 +16,6 @@
 class OutputFixture : public testing::Test {
 protected:
     OutputFixture() { Slate::SetLogger(&static_cast<const Logger&>(messages_)); }
-    ~OutputFixture() override { Slate::SetLogger(nullptr); }
 
     JournalWriter* inner(unsigned int bytesPerEntry = 1) { return new JournalWriter(journal_, bytesPerEntry); }
     std::string takeJournal() { return std::exchange(journal_, ""); }

@@ -1,6 +1,5 @@
 #include "logger/writer/approximation/LinearApproximationLogWriter.h"
 
-#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/SyslogEntry.h"
 
@@ -12,7 +11,7 @@ LinearApproximationLogWriter::LinearApproximationLogWriter(LogWriter* outputTo, 
       sendAtStartCycle_(sendAtStartCycle),
       makeDirEntries_(makeDirEntries),
       varData_(new std::unique_ptr<VarData>[varCount]),
-      directory_(varCount),
+      directory_(varCount, log_),
       cycleStartEntry_(Timestamp::EPOCH_START_TIME) {}
 
 unsigned int LinearApproximationLogWriter::writeHeader() {
@@ -82,7 +81,7 @@ unsigned int LinearApproximationLogWriter::forceWrite(DataEntry* entry) {
     if (entry->getDataValue() == nullptr) return 0;
     recentOutput_ = true;
     if (!makeDirEntries_) return outputTo_->write(entry, nullptr);
-    const ElementURI* const name = Slate::GetElementURI(entry->getElementCode());
+    const ElementURI* const name = log_.getElementURI(entry->getElementCode());
     return name == nullptr ? 0 : sendDescribed(*entry, directory_.columnBehind(*name), *name, nullptr);
 }
 

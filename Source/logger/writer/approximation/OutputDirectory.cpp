@@ -3,13 +3,13 @@
 #include <utility>
 
 #include "data/DataValue.h"
-#include "data/Slate.h"
 #include "logger/engine/LogWriter.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/DirectoryEntry.h"
 #include "logger/entry/SyslogEntry.h"
 
-OutputDirectory::OutputDirectory(int columnCount) : chosenCount_(columnCount), columns_(true), components_(true) {
+OutputDirectory::OutputDirectory(int columnCount, Log& log)
+    : log_(log), chosenCount_(columnCount), columns_(true), components_(true) {
     for (int i = 0; i < columnCount; ++i) columns_.push(new Column);
 }
 
@@ -26,24 +26,24 @@ int OutputDirectory::columnBehind(const Str& name) {
 
 unsigned int OutputDirectory::writeVersion(LogWriter& output) {
     if (std::exchange(wroteVersion_, true)) return 0;
-    const DirectoryEntry version(static_cast<short>(0));
+    const DirectoryEntry version(static_cast<short>(0), log_);
     return output.write(&version, nullptr);
 }
 
-unsigned int OutputDirectory::WriteName(Component& component, LogWriter& output) {
+unsigned int OutputDirectory::writeName(Component& component, LogWriter& output) {
     if (std::exchange(component.written_, true)) return 0;
-    const DirectoryEntry name(&component.name_);
+    const DirectoryEntry name(&component.name_, log_);
     return output.write(&name, nullptr);
 }
 
 unsigned int OutputDirectory::describe(const SyslogEntry& entry, LogWriter& output) {
     const unsigned int bytes = writeVersion(output);
-    return bytes + WriteName(*componentCalled(entry.getLoggerFacility()), output);
+    return bytes + writeName(*componentCalled(entry.getLoggerFacility()), output);
 }
 
 std::unique_ptr<SyslogEntry> OutputDirectory::translated(const SyslogEntry& entry) {
     const CodedStr& facility = componentCalled(entry.getLoggerFacility())->name_;
-    return std::make_unique<SyslogEntry>(entry.getMessage(), entry.getSeverity(), facility, entry.getTimestamp());
+    return std::make_unique<SyslogEntry>(entry.getMessage(), entry.getSeverity(), facility, entry.getTimestamp(), log_);
 }
 
 unsigned int OutputDirectory::describe(const Str& name, int column, const DataEntry& entry, const Unit* unit,
@@ -52,10 +52,10 @@ unsigned int OutputDirectory::describe(const Str& name, int column, const DataEn
     if (std::exchange(described.written_, true)) return 0;
     unsigned int bytes = writeVersion(output);
     Component* const component = componentOf(name);
-    if (component != nullptr) bytes += WriteName(*component, output);
+    if (component != nullptr) bytes += writeName(*component, output);
     if (described.access_ == nullptr) make(described, column, name, component, entry, unit);
-    const DirectoryEntry element(described.element_.get());
-    const DirectoryEntry access(described.access_.get());
+    const DirectoryEntry element(described.element_.get(), log_);
+    const DirectoryEntry access(described.access_.get(), log_);
     bytes += output.write(&element, nullptr);
     return bytes + output.write(&access, nullptr);
 }
@@ -75,7 +75,7 @@ std::unique_ptr<DataEntry> OutputDirectory::translated(const DataEntry& entry, i
     DataAccess* const access = columns_.at(static_cast<unsigned int>(column))->access_.get();
     std::unique_ptr<DataValue> value = AsType(access->getBinaryType(), entry);
     if (value == nullptr) return nullptr;
-    return std::make_unique<DataEntry>(access, value.release(), entry.getTimestamp(), entry.isBest(), true);
+    return std::make_unique<DataEntry>(access, value.release(), entry.getTimestamp(), entry.isBest(), true, log_);
 }
 
 void OutputDirectory::reset() {
@@ -102,7 +102,7 @@ OutputDirectory::Component* OutputDirectory::componentCalled(const Str& text) {
 void OutputDirectory::make(Column& column, int index, const Str& name, const Component* component,
                            const DataEntry& entry, const Unit* unit) {
     const unsigned short code = static_cast<unsigned short>(index);
-    const ElementURI* source = Slate::GetElementURI(entry.getElementCode());
+    const ElementURI* source = log_.getElementURI(entry.getElementCode());
     const DataValue& value = *entry.getDataValue();
     const Unit& shown = entry.displayUnit(unit);
     column.element_.reset(source == nullptr

@@ -8,6 +8,7 @@
 #include "utils/FlexArray.h"
 
 class DataEntry;
+class Log;
 class LogWriter;
 class SyslogEntry;
 
@@ -16,7 +17,7 @@ class SyslogEntry;
 // both have its column as code. What was not chosen and still goes into the log has columns behind the others.
 class OutputDirectory {
 public:
-    explicit OutputDirectory(int columnCount);
+    OutputDirectory(int columnCount, Log& log);  // the log that the entries are from; borrowed
     ~OutputDirectory();
 
     // The column of a variable that was not chosen; made when there is none. describe follows.
@@ -46,10 +47,11 @@ private:
     Component* componentOf(const Str& name);
     Component* componentCalled(const Str& text);
     unsigned int writeVersion(LogWriter& output);
-    static unsigned int WriteName(Component& component, LogWriter& output);
+    unsigned int writeName(Component& component, LogWriter& output);
     void make(Column& column, int index, const Str& name, const Component* component, const DataEntry& entry,
               const Unit* unit);
 
+    Log& log_;
     const int chosenCount_;
     FlexArray<Column*> columns_;        // owned
     FlexArray<Component*> components_;  // owned, by code

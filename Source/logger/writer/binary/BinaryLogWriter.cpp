@@ -5,11 +5,12 @@
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/DirectoryEntry.h"
 
+static const short VERSION_IN_FORCE = 0;
+
 unsigned int BinaryLogWriter::writeHeader() {
     resetTimeBase();
     if (!withDirectory_ || !isValid()) return 0;
-    const short version = static_cast<short>(DirectoryEntry::GetCurrentLogVersion());
-    return DirectoryEntry(version).write(timeBase_, *logStream_);
+    return DirectoryEntry(VERSION_IN_FORCE, log_).write(timeBase_, *logStream_);
 }
 
 unsigned int BinaryLogWriter::write(const LogEntry* entry, const Unit* unit) {

@@ -1,24 +1,16 @@
 #include "logger/writer/binary/DirectoryLogWriter.h"
 
-#include "data/Slate.h"
-
-bool DirectoryLogWriter::Initialized_ = false;
-bool DirectoryLogWriter::Restarted_ = true;
+#include "logger/reader/LogDirectory.h"
 
 unsigned int DirectoryLogWriter::writeHeader() {
     const unsigned int bytes = BinaryLogWriter::writeHeader();
-    if (!Initialized_) {
-        Slate::WriteDirectory(nullptr, Restarted_);
-        Initialized_ = true;
+    DirectoryWrites& writes = log_.directoryWrites();
+    if (!writes.hasHeader()) {
+        LogDirectory(log_).write(nullptr);
+        writes.noteHeader();
     } else if (initialized_) {
-        Slate::WriteDirectory(this, Restarted_);
-        Restarted_ = false;
+        LogDirectory(log_).write(this);
     }
     initialized_ = true;
     return bytes;
-}
-
-void DirectoryLogWriter::Uninitialize() {
-    Initialized_ = false;
-    Restarted_ = true;
 }

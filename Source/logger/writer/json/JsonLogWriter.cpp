@@ -8,7 +8,6 @@
 #include <numeric>
 
 #include "data/BlobValue.h"
-#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 
 JsonLogWriter::JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount,
@@ -53,7 +52,7 @@ bool JsonLogWriter::placeFirst(int index) {
     const int position = positionOf(index);
     const Unit* const unit = selection.shownUnit(position);
     if (unit != nullptr) addVar(index, *unit);
-    return unit != nullptr || Slate::IsDirectoryRead();
+    return unit != nullptr || log_.isDirectoryRead();
 }
 
 void JsonLogWriter::addVar(int index, const Unit& unit) {
@@ -117,7 +116,7 @@ bool JsonLogWriter::addValue(JsonLeaf& leaf, const DataEntry& entry, int index) 
         const StrValue& text = static_cast<const StrValue&>(*value);
         leaf.addOnce(entry.getElementCode(), text, [&] { leaf.values_.addString(text.getValue()); });
     } else {
-        const Shape shape(Slate::GetElementURI(selectionOf(index).code(positionOf(index))), blob->getCount());
+        const Shape shape(log_.getElementURI(selectionOf(index).code(positionOf(index))), blob->getCount());
         if (!padding_.admits(entry, shape.elements() * NULL_TEXT, shape.elements())) {
             padding_.report(fileName(), nameOf(index));
             return false;
@@ -162,7 +161,7 @@ void JsonLogWriter::endEarly() {
 }
 
 void JsonLogWriter::tellRefused() const {
-    Slate::GetLogger().syslog(Str("Failed to write ") + fileName() + ": " + strerror(ENOMEM), Syslog::ERROR);
+    log_.getLogger().syslog(Str("Failed to write ") + fileName() + ": " + strerror(ENOMEM), Syslog::ERROR);
 }
 
 void JsonLogWriter::resetInputs() {

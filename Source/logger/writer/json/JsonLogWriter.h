@@ -60,6 +60,6 @@ private:
     bool jsonLogWriterInitialized_ = false;  // some input's requests were all placed; samples are kept from then on
     const std::unique_ptr<Node[]> nodes_;
     const std::unique_ptr<int[]> shortestFirst_;  // the requests by the length of their names
-    SlateWatch watch_;                            // of the last try to initialize
+    SlateWatch watch_{log_};                      // of the last try to initialize
     PaddingLimit padding_;
 };

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <limits>
 
-#include "data/UniversalURI.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/SyslogEntry.h"
@@ -122,9 +121,9 @@ bool KmlLogWriter::takeQuantity(const DataEntry& entry) {
     const unsigned short code = entry.getUniversalCode();
     if (code >= ElementURI::NUM_CODES) return false;
     const double threshold = doDepth_ ? NEW_ANGLE_3D : NEW_ANGLE_2D;
-    if (code == UniversalURI::LATITUDE.getCode()) return latitude_.take(entry.getNumber(Units::RADIAN), threshold);
-    if (code == UniversalURI::LONGITUDE.getCode()) return longitude_.take(entry.getNumber(Units::RADIAN), threshold);
-    if (!doDepth_ || code != UniversalURI::DEPTH.getCode()) return false;
+    if (code == latitudeName_.getCode()) return latitude_.take(entry.getNumber(Units::RADIAN), threshold);
+    if (code == longitudeName_.getCode()) return longitude_.take(entry.getNumber(Units::RADIAN), threshold);
+    if (!doDepth_ || code != depthName_.getCode()) return false;
     const double metres = entry.getNumber(Units::METER);
     if (!std::isfinite(metres)) return false;
     depth_ = metres;

@@ -68,6 +68,10 @@ private:
     void appendItems(TextBuffer& text);
     unsigned int put(const TextBuffer& text);
 
+    // As this log knows them.
+    const ElementURI& latitudeName_ = log_.getUniversal(UniversalURI::LATITUDE);
+    const ElementURI& longitudeName_ = log_.getUniversal(UniversalURI::LONGITUDE);
+    const ElementURI& depthName_ = log_.getUniversal(UniversalURI::DEPTH);
     const Str vehicleName_;
     const KmlDocument document_;
     FlexArray<SyslogItem*> syslogItems_;  // owned, waiting to be written

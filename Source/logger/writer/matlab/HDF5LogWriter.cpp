@@ -4,7 +4,6 @@
 #include <cstring>
 #include <numeric>
 
-#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/writer/matlab/MatlabForm.h"
 
@@ -81,7 +80,7 @@ MatlabLeaf::Description HDF5LogWriter::describe(const Unit& unit, const Variable
     if (access == nullptr) return description;
     const ElementURI* const standardName = selection.standardName(position, access->getUniversalCode());
     if (standardName != nullptr) description.standardName_ = *standardName;
-    const ElementURI* const element = Slate::GetElementURI(access->getElementCode());
+    const ElementURI* const element = log_.getElementURI(access->getElementCode());
     if (access->getBinaryType() != STRVALUE || element == nullptr) return description;
     if (element->getBlobType() == NOT_BLOB) {
         description.content_ = matlab_ ? MatlabLeaf::CELLS : MatlabLeaf::TEXTS;

@@ -51,6 +51,6 @@ private:
     FlexArray<MatlabLeaf*> leaves_;                // owned
     const std::unique_ptr<MatlabLeaf*[]> leafOf_;  // per request, of leaves_; null: none
     const std::unique_ptr<int[]> shortestFirst_;   // the requests by the length of their names
-    SlateWatch watch_;                             // of the last try to place them
+    SlateWatch watch_{log_};                       // of the last try to place them
     PaddingLimit padding_;
 };

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "data/DataAccess.h"
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "data/UniversalURI.h"
 
 static const NetCdfConventions::Types TYPES[] = {
@@ -35,9 +35,9 @@ const Unit& NetCdfConventions::UnitOf(const VariableSelection& selection, int in
     return unit != nullptr ? *unit : Units::NONE;
 }
 
-unsigned short NetCdfConventions::CodeOfLastPart(const Str& name) {
+unsigned short NetCdfConventions::CodeOfLastPart(const Str& name, const Log& log) {
     const size_t dot = name.findLastOf('.');
-    return Slate::GetElementURICode(dot < name.length() ? name.cStr() + dot + 1 : name.cStr());
+    return log.getElementURICode(dot < name.length() ? name.cStr() + dot + 1 : name.cStr());
 }
 
 static bool IsCoordinate(const Str& standardName) {

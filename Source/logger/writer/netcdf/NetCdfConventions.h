@@ -23,7 +23,7 @@ const Types* FindTypes(BinaryDataType type, const Str& elementName);
 // The unit in which a variable is written: the one asked for, else that of the log.
 const Unit& UnitOf(const VariableSelection& selection, int index, const DataAccess& access);
 // For a name that the log does not know: the code that the log has for the part after the last '.'.
-unsigned short CodeOfLastPart(const Str& name);
+unsigned short CodeOfLastPart(const Str& name, const Log& log);
 
 // The unit, and with a standard name either the coordinates that place the values or, for a coordinate, the text that
 // was asked for.

@@ -5,7 +5,6 @@
 
 #include "data/BlobValue.h"
 #include "data/DataAccess.h"
-#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/writer/netcdf/NetCdfConventions.h"
 #include "logger/writer/netcdf/NetCdfNames.h"
@@ -65,14 +64,14 @@ bool NetCdfLogWriter::define(int index) {
 bool NetCdfLogWriter::defineFirst(int index) {
     const VariableSelection& selection = selectionOf(index);
     const int position = positionOf(index);
-    const ElementURI* const uri = Slate::GetElementURI(selection.code(position));
+    const ElementURI* const uri = log_.getElementURI(selection.code(position));
     if (const DataAccess* const access = selection.access(position)) {
         addVar(index, uri, access->getBinaryType(), NetCdfConventions::UnitOf(selection, position, *access),
                access->getUniversalCode());
     } else if (const Unit* const unit = selection.unitOfName(position)) {
         const ElementURI unknown(ElementURI::NO_CODE, selection.name(position), ElementURI::DATA_ELEMENT);
-        addVar(index, &unknown, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(unknown));
-    } else if (Slate::IsDirectoryRead()) {
+        addVar(index, &unknown, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(unknown, log_));
+    } else if (log_.isDirectoryRead()) {
         printf("Not found: %hd %s\n", static_cast<short>(selection.code(position)), selection.name(position));
     } else {
         return false;

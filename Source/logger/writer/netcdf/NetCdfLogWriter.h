@@ -53,6 +53,6 @@ private:
     FlexArray<ElementURI*> shapes_;                       // owned; these names, which outlive their log
     const std::unique_ptr<NetCdf::NetCdfVar*[]> timeVars_;
     FlexArray<DataValue*> holders_;  // owned; the values that the variables point to
-    SlateWatch watch_;               // of the last try to initialize
+    SlateWatch watch_{log_};         // of the last try to initialize
     PaddingLimit padding_;
 };

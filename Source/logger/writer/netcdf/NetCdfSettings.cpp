@@ -4,13 +4,12 @@
 #include <limits>
 
 #include "data/DataAccess.h"
-#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/writer/netcdf/NetCdfConventions.h"
 #include "logger/writer/netcdf/NetCdfNames.h"
 
-NetCdfSettings::NetCdfSettings(int count, char** names)
-    : selection_(count, names, nullptr), settings_(new Setting[count]) {}
+NetCdfSettings::NetCdfSettings(int count, char** names, const Log& log)
+    : log_(log), selection_(count, names, nullptr, log), settings_(new Setting[count]) {}
 
 // Of a number that has not come yet.
 static NetCdfAttValue Placeholder(NetCdf::NetCdfType type) {
@@ -34,8 +33,8 @@ bool NetCdfSettings::define(NetCdfWriter& writer) {
     for (int i = 0; i < selection_.count(); ++i) {
         if (settings_[i].att_ == nullptr) defineSetting(writer, i);
         if (settings_[i].att_ != nullptr) continue;
-        isComplete = isComplete && Slate::IsDirectoryRead();
-        if (!Slate::IsDirectoryRead()) continue;
+        isComplete = isComplete && log_.isDirectoryRead();
+        if (!log_.isDirectoryRead()) continue;
         settings_[i].att_ =
             writer.addGlobalAtt(NetCdfNames::OfElement(selection_.name(i)), Placeholder(NetCdf::NC_FLOAT_TYPE));
         writer.recover();

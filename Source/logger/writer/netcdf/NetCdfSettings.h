@@ -14,7 +14,7 @@ class DataEntry;
 // are kept here and put at the end.
 class NetCdfSettings {
 public:
-    NetCdfSettings(int count, char** names);  // the names are borrowed
+    NetCdfSettings(int count, char** names, const Log& log);  // both are borrowed
 
     // Makes the attributes that are still missing, with placeholders. False while the log may still name a setting.
     bool define(NetCdfWriter& writer);
@@ -33,6 +33,7 @@ private:
     void defineSetting(NetCdfWriter& writer, int index);
     void putSetting(NetCdfWriter& writer, const Setting& setting, const char* name);
 
+    const Log& log_;  // borrowed
     VariableSelection selection_;
     std::unique_ptr<Setting[]> settings_;  // one per name
 };

@@ -1,7 +1,6 @@
 #include "logger/writer/netcdf/NetCdfTableLogWriter.h"
 
 #include "data/DataAccess.h"
-#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/writer/netcdf/NetCdfConventions.h"
 #include "logger/writer/netcdf/NetCdfNames.h"
@@ -13,7 +12,7 @@ NetCdfTableLogWriter::NetCdfTableLogWriter(const Str& filename, bool version4, i
     : TableLogWriter(varCount, varList, unitList, interpolate),
       filename_(filename),
       netCdfWriter_(NetCdfWriter::NewNetCdfWriter(filename_.cStr(), version4, NetCdfConventions::TRAJECTORY_NAME)),
-      settings_(attCount, attList),
+      settings_(attCount, attList, log_),
       vars_(new NetCdf::NetCdfVar*[varCount]()),
       holders_(true) {}
 
@@ -54,18 +53,18 @@ bool NetCdfTableLogWriter::initializeNetCdf() {
 bool NetCdfTableLogWriter::defineColumn(int column) {
     if (vars_[column] != nullptr) return true;
     if (const DataAccess* const access = columns_.access(column)) {
-        addVar(column, Slate::GetElementURI(columns_.code(column)), access->getBinaryType(),
+        addVar(column, log_.getElementURI(columns_.code(column)), access->getBinaryType(),
                NetCdfConventions::UnitOf(columns_, column, *access), access->getUniversalCode());
         return true;
     }
     const Str name = columns_.name(column);
     if (const Unit* const unit = columns_.unitOfName(column)) {
         const ElementURI uri(ElementURI::NO_CODE, name, ElementURI::DATA_ELEMENT);
-        addVar(column, &uri, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(name));
+        addVar(column, &uri, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(name, log_));
         writeToColumn(nullptr, column);
         return true;
     }
-    if (!Slate::IsDirectoryRead()) return false;
+    if (!log_.isDirectoryRead()) return false;
     vars_[column] = netCdfWriter_->addVar(NetCdfNames::OfElement(name), NetCdf::NC_FLOAT_TYPE, nullptr);
     netCdfWriter_->recover();
     return true;

@@ -44,5 +44,5 @@ private:
     NetCdfSettings settings_;
     const std::unique_ptr<NetCdf::NetCdfVar*[]> vars_;  // per column, the file's; null: none; columns may share one
     FlexArray<DataValue*> holders_;                     // owned; the values that the variables point to
-    SlateWatch watch_;                                  // of the last try to initialize
+    SlateWatch watch_{log_};                            // of the last try to initialize
 };

@@ -16,7 +16,7 @@ TableLogWriter::TableLogWriter(int varCount, char** varList, char** unitList, bo
 
 TableLogWriter::TableLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList, bool interpolate)
     : outputTo_(outputTo),
-      columns_(varCount, varList, unitList),
+      columns_(varCount, varList, unitList, log_),
       interpolate_(interpolate),
       lastTime_(Timestamp::NOT_SET_TIME) {
     if (outputTo_ != nullptr) outputTo_->addParent();
@@ -130,7 +130,7 @@ size_t TableLogWriter::heldBytes() {
 
 void TableLogWriter::endEarly() {
     if (interpolate_) {
-        Slate::GetLogger().syslog("Failed to write " + outputName() + ": " + strerror(ENOMEM), Syslog::ERROR);
+        log_.getLogger().syslog("Failed to write " + outputName() + ": " + strerror(ENOMEM), Syslog::ERROR);
         writeAllInterpolated();
         endedEarly_ = true;
     }

@@ -39,7 +39,7 @@ public:
     virtual unsigned int writeToColumn(const DataEntry* entry, int column);
 
 protected:
-    // Looks open names up, when the Slate has changed since the last try; true when no name is open any more.
+    // Looks open names up, when the directory has changed since the last try; true when no name is open any more.
     bool initializeTableLogWriter() { return columns_.resolve(); }
 
     LogWriter* const outputTo_;  // shared; may be null

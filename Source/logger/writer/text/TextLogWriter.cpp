@@ -9,7 +9,7 @@ const short VERSION_IN_FORCE = 0;
 unsigned int TextLogWriter::writeHeader() {
     if (!withDirectory_ || !isValid()) return 0;
     Timestamp timeBase = Timestamp::NOT_SET_TIME;
-    return DirectoryEntry(VERSION_IN_FORCE).write(timeBase, *logStream_);
+    return DirectoryEntry(VERSION_IN_FORCE, log_).write(timeBase, *logStream_);
 }
 
 unsigned int TextLogWriter::write(const LogEntry* entry, const Unit* unit) {

@@ -54,11 +54,13 @@ TEST(LinearApproximationLogWriterTest, AVariableThatServesItselfKeepsASpike) {
 // What is no number, and what is forced, passes unchanged. Codes change from input to input: nothing pending may reach
 // the next one.
 TEST(LinearApproximationLogWriterTest, SeriesEndWithTheirInput) {
+    Log run;
+    const Log::Use use(run);
     NameList names({"A.text", "B.y"});
     EntryCollector out;
     LinearApproximationLogWriter writer(&out, names.count(), names.list(), nullptr, ERRORS, false, false);
     {
-        SmallLog log;
+        SmallLog log(run);
         DataAccess* a = log.declareText("A.text");
         DataAccess* b = log.declare("B.y");
         for (int i = 0; i < 2; ++i) {
@@ -72,7 +74,7 @@ TEST(LinearApproximationLogWriterTest, SeriesEndWithTheirInput) {
                   out.take());
         writer.resetInputs();
     }
-    SmallLog log;
+    SmallLog log(run);
     log.declare("Z.other");
     DataAccess* other = log.declare("A.x");  // has the code that B.y had
     writer.write(log.data(other, 3, 0), nullptr);

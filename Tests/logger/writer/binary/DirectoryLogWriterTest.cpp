@@ -20,5 +20,4 @@ TEST(DirectoryLogWriterTest, TheSecondHeaderOfAWriterCarriesTheWholeDirectory) {
         EXPECT_EQ(8U, from->writeHeader());
         EXPECT_EQ("*v 0008\n" + records, out.bytes_);
     }
-    DirectoryLogWriter::Uninitialize();
 }

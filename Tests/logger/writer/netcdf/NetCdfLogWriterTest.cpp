@@ -47,13 +47,13 @@ TEST_F(NetCdfLogWriterTest, TheNextInputAddsToTheSameVariables) {
     NameList names({"B.row"}), none({});
     const std::unique_ptr<LogWriter> writer(newWriter(names, none, none));
     for (const int input : {0, 1}) {
-        SmallLog log;
+        SmallLog log(Log::Current());
         if (input == 1) log.declare("A.other");
         DataAccess* const row = log.declareBlob("B.row", Units::NONE, BLOB_INT16LE, 2);
         log.endDirectory();
         writer->write(log.blob<short>(row, input, {static_cast<short>(input), 5}), nullptr);
         writer->resetInputs();
-        Slate::ReleaseDirectory();
+        Log::Current().uninitialize();
     }
     writer->writeFooter();
     EXPECT_EQ(Numbers({0, 5, 1, 5}), NetCdfFile(path_).numbers("B/B.row"));

@@ -120,7 +120,7 @@ TEST_F(NetCdfTableLogWriterTest, AnotherInputContinuesTheTable) {
     {
         const std::unique_ptr<LogWriter> writer(newWriter(names, units, settings));
         for (int input = 0; input < 2; ++input) {
-            SmallLog log;
+            SmallLog log(Log::Current());
             if (input == 1) log.declare("Another.one");
             DataAccess* const setting = log.declareSetting("S.s", Units::METER);
             DataAccess* const a = log.declare("A.a", Units::METER);

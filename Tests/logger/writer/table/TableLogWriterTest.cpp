@@ -92,7 +92,7 @@ TEST(TableLogWriterTest, MessagesAndTheNextInput) {
     for (const char* message : {"first", "second"}) table.write(log.syslog(0, message), nullptr);
     table.write(log.syslog(1, "alone"), nullptr);
     table.resetInputs();
-    SmallLog next;
+    SmallLog next(Log::Current());
     DataAccess* other = next.declare("B.y");
     table.write(next.syslog(0.5, "late"), nullptr);
     table.write(next.syslog(4, "early"), nullptr);

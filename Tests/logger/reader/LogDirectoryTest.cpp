@@ -1,11 +1,13 @@
+#include "logger/reader/LogDirectory.h"
+
 #include "ReaderFixture.h"
+#include "logger/engine/DirectoryFeed.h"
 #include "logger/reader/FileLogReader.h"
 
-// Reading and writing the Slate's directory as a whole.
-class SlateDirectoryTest : public ReaderFixture {
+class LogDirectoryTest : public ReaderFixture {
 protected:
     void readDirectory(const Str& bytes, bool showMessages = true) {
-        Slate::ReadDirectory(dir_.write("slate", stringOf(bytes)).c_str(), showMessages);
+        LogDirectory(slate_).read(dir_.write("slate", stringOf(bytes)).c_str(), showMessages);
     }
     static bool isWorkedDirectoryRead() {
         return Slate::FindCodedName("Depth") != nullptr && Slate::GetElementURICode("Depth.depth") == 0 &&
@@ -14,7 +16,7 @@ protected:
 };
 
 // A scan stores no value, and the log still reads whole.
-TEST_F(SlateDirectoryTest, ASideFileAndAWholeLogGiveTheSame) {
+TEST_F(LogDirectoryTest, ASideFileAndAWholeLogGiveTheSame) {
     for (const size_t last : {WORKED_LOG_DIRECTORY, sizeof WORKED_LOG / sizeof *WORKED_LOG}) {
         Slate::ClearDirectory();
         readDirectory(WorkedLogBytes(0, last));
@@ -26,38 +28,38 @@ TEST_F(SlateDirectoryTest, ASideFileAndAWholeLogGiveTheSame) {
     EXPECT_EQ(lines_, workedLines());
 }
 
-TEST_F(SlateDirectoryTest, WithoutRecordsNoDirectoryIsRead) {
+TEST_F(LogDirectoryTest, WithoutRecordsNoDirectoryIsRead) {
     readDirectory(WorkedLogBytes(0, 1));  // the version alone
     EXPECT_FALSE(Slate::IsDirectoryRead());
     Slate::ReadDirectory(dir_.path("missing").c_str());
     EXPECT_FALSE(Slate::IsDirectoryRead());
 }
 
-TEST_F(SlateDirectoryTest, ADamagedSideFileGivesTheRecordsThatDecode) {
+TEST_F(LogDirectoryTest, ADamagedSideFileGivesTheRecordsThatDecode) {
     readDirectory(FromHex("54 54 54") + WorkedLogBytes(0, 3) + FromHex("54") + WorkedLogBytes(3, 4) +
                   Str("*n code=00"));
     EXPECT_TRUE(isWorkedDirectoryRead());
     EXPECT_FALSE(errors().empty());
 }
 
-TEST_F(SlateDirectoryTest, AScanOfWhatIsReadAgainLogsNothing) {
+TEST_F(LogDirectoryTest, AScanOfWhatIsReadAgainLogsNothing) {
     readDirectory(FromHex("54 54 54") + WorkedLogBytes(), false);
     EXPECT_TRUE(isWorkedDirectoryRead());
     EXPECT_EQ(log_.take(), Lines());
 }
 
-TEST_F(SlateDirectoryTest, TheWholeDirectoryIsWrittenNamesFirst) {
+TEST_F(LogDirectoryTest, TheWholeDirectoryIsWrittenNamesFirst) {
     readDirectory(WorkedLogBytes());
     LineCollector collector(lines_);
     Slate::WriteDirectory(&collector, false);
     EXPECT_EQ(lines_, (Lines{WORKED_LOG[1].line_, WORKED_LOG[2].line_, WORKED_LOG[3].line_}));
 }
 
-TEST_F(SlateDirectoryTest, WithoutAWriterWhatIsNewGoesToTheDirectoryEngine) {
+TEST_F(LogDirectoryTest, WithoutAWriterWhatIsNewGoesToTheFeed) {
     readDirectory(WorkedLogBytes());
     Slate::WriteDirectory(nullptr, false);
     EXPECT_EQ(lines_, Lines());
-    Slate::SetDirectoryEngine(&engine_);
+    const DirectoryFeed feed(slate_, engine_);
     Slate::EnableDirectoryWrites();
     Slate::GetCodedName("Rudder");
     Slate::WriteDirectory(nullptr, false);

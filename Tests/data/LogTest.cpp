@@ -1,0 +1,42 @@
+#include "data/Log.h"
+
+#include <gtest/gtest.h>
+
+#include "data/Slate.h"
+
+TEST(LogTest, OneCodeMeansDifferentThingsInTwoLogs) {
+    Log first;
+    Log second;
+    for (const auto& [log, name] : {std::pair<Log*, const char*>{&first, "A.b"}, {&second, "C.d"}}) {
+        const Log::Use use(*log);
+        EXPECT_NE(nullptr, Slate::RegisterElementURI(new ElementURI(7, name, ElementURI::DATA_ELEMENT)));
+    }
+    EXPECT_STREQ("A.b", first.getElementURI(7)->cStr());
+    EXPECT_STREQ("C.d", second.getElementURI(7)->cStr());
+    EXPECT_EQ(nullptr, first.findElementURI("C.d"));
+    EXPECT_EQ(nullptr, Log::OfProcess().getElementURI(7));
+}
+
+TEST(LogTest, AUniversalHasItsOwnCodeInEachLog) {
+    Log& process = Log::OfProcess();
+    EXPECT_EQ(&UniversalURI::DEPTH,
+              process.registerElementURI(new ElementURI(3, "depth", ElementURI::UNIVERSAL_ELEMENT)));
+    Log log;
+    EXPECT_EQ(ElementURI::NO_CODE, log.getElementURICode("depth")) << "whatever codes there are elsewhere";
+    log.registerElementURI(new ElementURI(5, "depth", ElementURI::UNIVERSAL_ELEMENT));
+    EXPECT_EQ(5, log.getUniversal(UniversalURI::DEPTH).getCode());
+    EXPECT_EQ(3, UniversalURI::DEPTH.getCode());
+    process.uninitialize();
+    EXPECT_EQ(ElementURI::NO_CODE, UniversalURI::DEPTH.getCode());
+}
+
+TEST(LogTest, UsesEndWhereTheyBegan) {
+    Log outer;
+    Log inner;
+    const Log::Use use(outer);
+    {
+        const Log::Use innerUse(inner);
+        EXPECT_EQ(&inner, &Log::Current());
+    }
+    EXPECT_EQ(&outer, &Log::Current());
+}
