@@ -290,12 +290,12 @@ bool Log::isRetold(const DataAccess& told) const {
 Str Log::describeContradiction() const {
     {
         MutexLocker lock(dataAccesses_.mutex_);
-        const Str ofAccesses = Contradictions::First(dataAccesses_);
+        Str ofAccesses = Contradictions::First(dataAccesses_);
         if (!ofAccesses.isEmpty()) return ofAccesses;
     }
     {
         MutexLocker lock(names_.mutex_);
-        const Str ofNames = Contradictions::First(names_);
+        Str ofNames = Contradictions::First(names_);
         if (!ofNames.isEmpty()) return ofNames;
     }
     MutexLocker lock(elementURIs_.mutex_);

@@ -14,11 +14,11 @@ class LogWriter;
 //   const bool changed = writer->write(Units::METER, 1.5, t);   // what the data entry on this writer says
 class Slate {
 public:
-    static void Construct() { log().construct(); }
-    static void ClearDirectory() { log().clearDirectory(); }
-    static void Uninitialize() { log().uninitialize(); }
-    static void SetLogger(const Logger* logger) { log().setLogger(logger); }
-    static const Logger& GetLogger() { return log().getLogger(); }
+    static void Construct() { CurrentLog().construct(); }
+    static void ClearDirectory() { CurrentLog().clearDirectory(); }
+    static void Uninitialize() { CurrentLog().uninitialize(); }
+    static void SetLogger(const Logger* logger) { CurrentLog().setLogger(logger); }
+    static const Logger& GetLogger() { return CurrentLog().getLogger(); }
 
     // The directory as a whole: these stand among the log readers, and programs that call them link those.
     static void ReadDirectory(const Str& path);
@@ -26,85 +26,85 @@ public:
     static void WriteElementURIEntry(ElementURI* uri, LogWriter* writer, bool restarted);
     static void WriteNameEntry(CodedStr* name, LogWriter* writer, bool restarted);
     static void WriteDataAccessEntry(DataAccess* access, LogWriter* writer, bool restarted);
-    static bool IsDirectoryRead() { return log().isDirectoryRead(); }
-    static void EnableDirectoryWrites() { log().directoryWrites().enable(); }
-    static void SimulateDirectoryWrites() { log().directoryWrites().simulate(); }
+    static bool IsDirectoryRead() { return CurrentLog().isDirectoryRead(); }
+    static void EnableDirectoryWrites() { CurrentLog().directoryWrites().enable(); }
+    static void SimulateDirectoryWrites() { CurrentLog().directoryWrites().simulate(); }
 
-    static void CodifyElementURI(ElementURI& uri) { log().codifyElementURI(uri); }
-    static ElementURI* RegisterElementURI(ElementURI* uri) { return log().registerElementURI(uri); }
-    static void DeRegisterElementURI(ElementURI* uri) { log().deRegisterElementURI(uri); }
-    static ElementURI* GetElementURI(const unsigned short& code) { return log().getElementURI(code); }
-    static ElementURI* GetElementURI(const ElementURI& uri) { return log().findElementURI(uri); }
-    static ElementURI* FindElementURI(const Str& name) { return log().findElementURI(name); }
-    static unsigned short GetElementURICode(const char* name) { return log().getElementURICode(name); }
-    static unsigned int GetElementURICount() { return log().getElementURICount(); }
-    static unsigned short GetNextElementURICode() { return log().getNextElementURICode(); }
+    static void CodifyElementURI(ElementURI& uri) { CurrentLog().codifyElementURI(uri); }
+    static ElementURI* RegisterElementURI(ElementURI* uri) { return CurrentLog().registerElementURI(uri); }
+    static void DeRegisterElementURI(ElementURI* uri) { CurrentLog().deRegisterElementURI(uri); }
+    static ElementURI* GetElementURI(const unsigned short& code) { return CurrentLog().getElementURI(code); }
+    static ElementURI* GetElementURI(const ElementURI& uri) { return CurrentLog().findElementURI(uri); }
+    static ElementURI* FindElementURI(const Str& name) { return CurrentLog().findElementURI(name); }
+    static unsigned short GetElementURICode(const char* name) { return CurrentLog().getElementURICode(name); }
+    static unsigned int GetElementURICount() { return CurrentLog().getElementURICount(); }
+    static unsigned short GetNextElementURICode() { return CurrentLog().getNextElementURICode(); }
 
-    static CodedStr* RegisterCodedName(CodedStr* name) { return log().registerCodedName(name); }
-    static CodedStr* GetName(const unsigned short& code) { return log().getName(code); }
-    static CodedStr* FindCodedName(const Str& name) { return log().findCodedName(name); }
-    static CodedStr& GetCodedName(const Str& name) { return log().getCodedName(name); }
-    static unsigned short GetNextNameCode() { return log().getNextNameCode(); }
+    static CodedStr* RegisterCodedName(CodedStr* name) { return CurrentLog().registerCodedName(name); }
+    static CodedStr* GetName(const unsigned short& code) { return CurrentLog().getName(code); }
+    static CodedStr* FindCodedName(const Str& name) { return CurrentLog().findCodedName(name); }
+    static CodedStr& GetCodedName(const Str& name) { return CurrentLog().getCodedName(name); }
+    static unsigned short GetNextNameCode() { return CurrentLog().getNextNameCode(); }
 
-    static DataAccess* RegisterDataAccess(DataAccess* access) { return log().registerDataAccess(access); }
-    static DataAccess* GetDataAccess(const unsigned short& code) { return log().getDataAccess(code); }
+    static DataAccess* RegisterDataAccess(DataAccess* access) { return CurrentLog().registerDataAccess(access); }
+    static DataAccess* GetDataAccess(const unsigned short& code) { return CurrentLog().getDataAccess(code); }
     static DataAccess* GetDataAccess(const DataAccessor& accessor, UniversalDataElement* universal) {
-        return log().getDataAccess(accessor, universal);
+        return CurrentLog().getDataAccess(accessor, universal);
     }
-    static unsigned int GetDataAccessCount() { return log().getDataAccessCount(); }
-    static unsigned short GetNextDataAccessCode() { return log().getNextDataAccessCode(); }
+    static unsigned int GetDataAccessCount() { return CurrentLog().getDataAccessCount(); }
+    static unsigned short GetNextDataAccessCode() { return CurrentLog().getNextDataAccessCode(); }
 
     static DataElement* NewDataElement(const ElementURI& uri, Component* component, const Unit& unit,
                                        BinaryDataType type, float accuracy) {
-        return log().newDataElement(uri, component, unit, type, accuracy);
+        return CurrentLog().newDataElement(uri, component, unit, type, accuracy);
     }
     static DataElement* NewDataElement(const ElementURI& uri, Component* component, DataValue* value, float accuracy) {
-        return log().newDataElement(uri, component, value, accuracy);
+        return CurrentLog().newDataElement(uri, component, value, accuracy);
     }
     static UniversalDataElement* NewUniversalElement(const UniversalURI& uri, Component* component, const Unit& unit,
                                                      BinaryDataType type) {
-        return log().newUniversalElement(uri, component, unit, type);
+        return CurrentLog().newUniversalElement(uri, component, unit, type);
     }
     static UniversalDataElement* NewUniversalElement(const UniversalURI& uri, Component* component,
                                                      const DataValue* value) {
-        return log().newUniversalElement(uri, component, value);
+        return CurrentLog().newUniversalElement(uri, component, value);
     }
-    static void MapDataElement(ElementURI* uri, DataElement* element) { log().mapDataElement(uri, element); }
+    static void MapDataElement(ElementURI* uri, DataElement* element) { CurrentLog().mapDataElement(uri, element); }
     static void ConfigureNewDataElement(Component* component, const ElementURI& uri, DataElement*& element) {
-        log().configureNewDataElement(component, uri, element);
+        CurrentLog().configureNewDataElement(component, uri, element);
     }
-    static DataElement* GetElement(const unsigned short& code) { return log().getElement(code); }
-    static DataElement* GetElement(const ElementURI& uri) { return log().getElement(uri); }
+    static DataElement* GetElement(const unsigned short& code) { return CurrentLog().getElement(code); }
+    static DataElement* GetElement(const ElementURI& uri) { return CurrentLog().getElement(uri); }
 
     static DataWriter* NewWriter(Component* owner, const ElementURI& uri,
                                  Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS,
                                  bool noInterpFlag = false) {
-        return log().newWriter(owner, uri, precision, noInterpFlag);
+        return CurrentLog().newWriter(owner, uri, precision, noInterpFlag);
     }
     static DataWriter* NewOutputWriter(Component* owner, const ElementURI& uri,
                                        Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS,
                                        bool noInterpFlag = false) {
-        return log().newOutputWriter(owner, uri, precision, noInterpFlag);
+        return CurrentLog().newOutputWriter(owner, uri, precision, noInterpFlag);
     }
     static UniversalDataWriter* NewUniversalWriter(Component* owner, const ElementURI& uri,
                                                    const UniversalURI& universal,
                                                    Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS,
                                                    bool noInterpFlag = false) {
-        return log().newUniversalWriter(owner, uri, universal, precision, noInterpFlag);
+        return CurrentLog().newUniversalWriter(owner, uri, universal, precision, noInterpFlag);
     }
     static DataReader* NewReader(Component* owner, const ElementURI& uri,
                                  Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS) {
-        return log().newReader(owner, uri, precision);
+        return CurrentLog().newReader(owner, uri, precision);
     }
     static DataReader* NewInputReader(Component* owner, const ElementURI& uri,
                                       Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS) {
-        return log().newInputReader(owner, uri, precision);
+        return CurrentLog().newInputReader(owner, uri, precision);
     }
     static UniversalDataReader* NewUniversalReader(
         Component* owner, const UniversalURI& universal,
         DataAccessor::RequestStrategy strategy = DataAccessor::MIN_ERROR,
         Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS) {
-        return log().newUniversalReader(owner, universal, strategy, precision);
+        return CurrentLog().newUniversalReader(owner, universal, strategy, precision);
     }
 
     // One-shot access without an attachment, by name (ElementURI) or code (unsigned short). False without such an
@@ -131,5 +131,5 @@ public:
     }
 
 private:
-    static Log& log() { return Log::Current(); }
+    static Log& CurrentLog() { return Log::Current(); }
 };

@@ -11,11 +11,11 @@ static const size_t RESERVED = 16777216;   // bytes; what the array libraries ne
 static const size_t LEAST_ROOM = 4194304;  // bytes without which no library is called
 static const int FAILURE_STATUS = 1;
 
-void* MemoryReserve::reserve_ = nullptr;
-bool MemoryReserve::wasTaken_ = false;
-int MemoryReserve::loans_ = 0;
-size_t MemoryReserve::assured_ = 0;
-Str MemoryReserve::task_;
+void* MemoryReserve::Reserve_ = nullptr;
+bool MemoryReserve::WasTaken_ = false;
+int MemoryReserve::Loans_ = 0;
+size_t MemoryReserve::Assured_ = 0;
+Str MemoryReserve::Task_;
 
 // From the system itself and back to it at once, which the heap would not do. Null when it is refused.
 static void* Map(size_t bytes) {
@@ -31,35 +31,35 @@ static bool HasRoom(size_t bytes) {
 
 bool MemoryReserve::Hold() {
     std::set_new_handler(&Take);
-    if (reserve_ == nullptr) reserve_ = Map(RESERVED);
-    if (reserve_ != nullptr) wasTaken_ = false;
-    return reserve_ != nullptr;
+    if (Reserve_ == nullptr) Reserve_ = Map(RESERVED);
+    if (Reserve_ != nullptr) WasTaken_ = false;
+    return Reserve_ != nullptr;
 }
 
 void MemoryReserve::Take() {
-    if (reserve_ != nullptr) {
-        munmap(reserve_, RESERVED);
-        reserve_ = nullptr;
-        wasTaken_ = true;
+    if (Reserve_ != nullptr) {
+        munmap(Reserve_, RESERVED);
+        Reserve_ = nullptr;
+        WasTaken_ = true;
         return;
     }
     fflush(nullptr);
-    fprintf(stderr, "No memory is left in the middle of %s; what was written stays\n", task_.cStr());
+    fprintf(stderr, "No memory is left in the middle of %s; what was written stays\n", Task_.cStr());
     _exit(FAILURE_STATUS);
 }
 
-MemoryReserve::Loan::Loan(size_t bytes) : lends_(reserve_ != nullptr) {
+MemoryReserve::Loan::Loan(size_t bytes) : lends_(Reserve_ != nullptr) {
     const size_t needed = std::max(bytes, LEAST_ROOM);
-    const bool isOutermost = loans_++ == 0;
-    if (lends_) munmap(reserve_, RESERVED);
-    reserve_ = nullptr;
-    if (isOutermost) assured_ = lends_ ? RESERVED : 0;
-    hasRoom_ = needed <= assured_ || HasRoom(needed);
-    if (hasRoom_ && isOutermost) assured_ = std::max(assured_, needed);
+    const bool isOutermost = Loans_++ == 0;
+    if (lends_) munmap(Reserve_, RESERVED);
+    Reserve_ = nullptr;
+    if (isOutermost) Assured_ = lends_ ? RESERVED : 0;
+    hasRoom_ = needed <= Assured_ || HasRoom(needed);
+    if (hasRoom_ && isOutermost) Assured_ = std::max(Assured_, needed);
 }
 
 MemoryReserve::Loan::~Loan() {
-    --loans_;
-    if (lends_) reserve_ = Map(RESERVED);
-    wasTaken_ = wasTaken_ || (lends_ && reserve_ == nullptr);
+    --Loans_;
+    if (lends_) Reserve_ = Map(RESERVED);
+    WasTaken_ = WasTaken_ || (lends_ && Reserve_ == nullptr);
 }

@@ -13,8 +13,8 @@ class MemoryReserve {
 public:
     // Puts the reserve aside, also again after it was taken. False when there is no memory for it.
     static bool Hold();
-    static bool WasTaken() { return wasTaken_; }
-    static void SetTask(const Str& task) { task_ = task; }  // what is being done, such as "dive"
+    static bool WasTaken() { return WasTaken_; }
+    static void SetTask(const Str& task) { Task_ = task; }  // what is being done, such as "dive"
 
     // For allocations without operator new, which calls it by itself: returns when it is worth trying again.
     static void Take();
@@ -36,9 +36,9 @@ public:
     };
 
 private:
-    static void* reserve_;
-    static bool wasTaken_;
-    static int loans_;
-    static size_t assured_;  // bytes that the outermost loan found
-    static Str task_;
+    static void* Reserve_;
+    static bool WasTaken_;
+    static int Loans_;
+    static size_t Assured_;  // bytes that the outermost loan found
+    static Str Task_;
 };

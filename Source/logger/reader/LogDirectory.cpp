@@ -166,21 +166,21 @@ void LogDirectory::write(LogWriter* writer) {
 // What the Slate offers of it. `restarted` makes no difference: the whole directory is written in either case.
 
 void Slate::ReadDirectory(const Str& path) {
-    LogDirectory(log()).read(path);
+    LogDirectory(CurrentLog()).read(path);
 }
 
 void Slate::WriteDirectory(LogWriter* writer, bool) {
-    LogDirectory(log()).write(writer);
+    LogDirectory(CurrentLog()).write(writer);
 }
 
 void Slate::WriteElementURIEntry(ElementURI* uri, LogWriter* writer, bool) {
-    LogDirectory(log()).writeEntry(*uri, writer);
+    LogDirectory(CurrentLog()).writeEntry(*uri, writer);
 }
 
 void Slate::WriteNameEntry(CodedStr* name, LogWriter* writer, bool) {
-    LogDirectory(log()).writeEntry(*name, writer);
+    LogDirectory(CurrentLog()).writeEntry(*name, writer);
 }
 
 void Slate::WriteDataAccessEntry(DataAccess* access, LogWriter* writer, bool) {
-    LogDirectory(log()).writeEntry(*access, writer);
+    LogDirectory(CurrentLog()).writeEntry(*access, writer);
 }
