@@ -145,3 +145,28 @@ TEST_F(FailureTest, AFileThatGrowsTooLargeKeepsWhatWasWritten) {
     expectMessage("Failed to write dive.asc: File too large", {"-a", "dive"});
     EXPECT_EQ(1500000u, read("dive.asc").size());
 }
+
+// Twenty arrays that claim 65535 elements, and hold none in fifty samples each.
+TEST_F(FailureTest, ArraysThatAreNotThereAreLeftOut) {
+    DiveLog dive;
+    dive.begin();
+    std::vector<DataAccess*> arrays;
+    for (int i = 0; i < 20; ++i) {
+        const std::string name = "A" + std::to_string(i) + ".x";
+        arrays.push_back(dive.log_.declareBlob(name.c_str(), Units::NONE, BLOB_UINT8, 65535));
+        dive.declare(arrays.back());
+    }
+    dive.cycles(0, 3);
+    for (DataAccess* array : arrays) {
+        for (int i = 0; i < 50; ++i) dive.add(dive.log_.blob(array, 3 + i, std::vector<unsigned char>()));
+    }
+    dive.cycles(60, 3);
+    write("dive", dive.bytes());
+    const std::string text = run({"-mN", "dive"});
+    for (const std::string file : {"dive.mat", "dive.nc4"}) {
+        EXPECT_EQ(1u, CountOf(text, "Not all samples are in " + file)) << text;
+        EXPECT_GT(2000000u, read(file).size()) << file;
+    }
+    EXPECT_EQ("   Depth.depth = 0, 0.5, 1, 30, 30.5, 31 ;\n",
+              OutputOf("ncdump -v Depth.depth " + path("dive.nc4") + " | grep ' Depth.depth ='"));
+}

@@ -28,8 +28,9 @@ public:
     // maxRecords of them, fewer when they are large.
     NetCdfBlock(NetCdf::NetCdfType type, int nDims, const size_t* recordShape, size_t maxRecords);
 
-    // With fewer records to a block, at least one; before the first one.
+    // With fewer records to a block, or with so many whatever their size; before the first one.
     void limitTo(size_t maxRecords);
+    void extendTo(size_t records) { capacity_ = records; }
     size_t elements() const { return elements_; }  // of a record
     size_t recordBytes() const { return elements_ * kind_.size_; }
     bool isFull() const { return count_ >= capacity_ || texts_.length() >= ROOM; }

@@ -225,8 +225,9 @@ NetCdf::NetCdfVar* NetCdfWriter::defineVar(const Str& name, NetCdfType type, int
 
 // Chunks of 256 records, lightly compressed. Texts cannot be, which is no failure: they are stored as they are.
 // The library would keep 16 MiB of chunks for each variable; one chunk is what is in work. When the variables of a log
-// ask for more than there is room for, the later ones write every block straight through.
-void NetCdfWriter::chunk(const NetCdfVar& var, const size_t* recordShape) {
+// ask for more than there is room for, the later ones write every block straight through: theirs hold a chunk, as far
+// as all of them together do not take too much.
+void NetCdfWriter::chunk(NetCdfVar& var, const size_t* recordShape) {
     static const size_t TEXT_BYTES = 16;  // of a reference to a text in the file, the largest single element
     size_t sizes[MAX_DIMS] = {CHUNK_RECORDS};
     std::copy_n(recordShape, var.nDims_ - 1, sizes + 1);
@@ -237,6 +238,8 @@ void NetCdfWriter::chunk(const NetCdfVar& var, const size_t* recordShape) {
     const size_t bytes = CHUNK_RECORDS * std::max(var.block_->recordBytes(), TEXT_BYTES);
     const bool hasRoom = bytes <= root_->cacheRoomLeft_;
     if (hasRoom) root_->cacheRoomLeft_ -= bytes;
+    var.hasCache_ = hasRoom;
+    if (!hasRoom) var.block_->extendTo(blockRecords_);
     nc_set_var_chunk_cache(ncId_, var.varId_, hasRoom ? bytes : 1, 7, 0.75f);
 }
 
@@ -350,7 +353,13 @@ bool NetCdfWriter::writeVarRecord(NetCdfVar* var, const ElementURI* uri) {
     }
     if (var->block_->isRefused()) return refuseRecord();
     ++var->numRecs_;
+    if (hasGatheredMuch(*var)) return root_->flushAll();
     return !var->block_->isFull() || flushVarRecords(*var);
+}
+
+bool NetCdfWriter::hasGatheredMuch(const NetCdfVar& var) {
+    if (!var.hasCache_) root_->gathered_ += var.block_->recordBytes();
+    return root_->gathered_ > GATHER_ROOM;
 }
 
 bool NetCdfWriter::refuseRecord() {
@@ -406,6 +415,7 @@ bool NetCdfWriter::flushVarRecords(NetCdfVar& var) {
 }
 
 bool NetCdfWriter::flushAll() {
+    gathered_ = 0;
     return (numRecs_ == 0 || flushRecords()) && flushVarsOf(*this);
 }
 

@@ -85,6 +85,7 @@ private:
     static const size_t CHUNK_RECORDS = 256;
     static const size_t WORKING_CHUNKS = 4;            // that the library may need beside each other to compress one
     static const size_t CHUNK_CACHE_ROOM = 134217728;  // bytes, for all chunks of a file that are in work
+    static const size_t GATHER_ROOM = 67108864;        // bytes, for the blocks of variables whose chunks find no room
     static const size_t ROW_ROOM = 524288;             // bytes of a classic file over which a block is spread
 
     bool create();
@@ -96,7 +97,7 @@ private:
     void report(const char* failedTo);
     void defineTrajectory();
     NetCdfVar* defineVar(const Str& name, NetCdfType type, int nDims, const int* dimIds);
-    void chunk(const NetCdfVar& var, const size_t* recordShape);
+    void chunk(NetCdfVar& var, const size_t* recordShape);
     NetCdfAtt* addAtt(NetCdfAtts& atts, int varId, const Str& name, const NetCdfAttValue& value);
     size_t layoutBytes() const;
     bool initializeGroups();
@@ -106,6 +107,7 @@ private:
     bool refuseRecord();
     bool flushRecords();
     bool flushVarRecords(NetCdfVar& var);
+    bool hasGatheredMuch(const NetCdfVar& var);
     bool flushAll();
     bool flushVarsOf(NetCdfWriter& writer);  // and of its groups
 
@@ -128,5 +130,6 @@ private:
     size_t cacheRoomLeft_ = CHUNK_CACHE_ROOM;
     int systemError_ = 0;                           // errno of the failed call
     std::unique_ptr<const FileIdentity> identity_;  // of a file
+    size_t gathered_ = 0;  // bytes for which GATHER_ROOM is, since all blocks were written last
     bool reported_ = false;
 };
