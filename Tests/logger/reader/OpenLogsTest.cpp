@@ -5,9 +5,7 @@
 #include <string>
 #include <thread>
 
-#include "logger/engine/LogEngine.h"
-#include "logger/engine/LogWriter.h"
-#include "logger/reader/BinaryLogReader.h"
+#include "ReaderFixture.h"
 #include "support/CapturedLog.h"
 #include "support/MemoryStreams.h"
 #include "support/WorkedLog.h"
@@ -24,23 +22,11 @@ std::string Retold(std::string text, const std::string& component, int version) 
     return text;
 }
 
-class LineWriter final : public LogWriter {
-public:
-    explicit LineWriter(Lines& lines) : lines_(lines) {}
-    unsigned int write(const LogEntry* entry, const Unit* unit) override {
-        lines_.push_back(entry->toString(unit).cStr());
-        return 1;
-    }
-
-private:
-    Lines& lines_;  // borrowed
-};
-
 // A log that is read entry by entry, over and over, while nothing makes it the current one.
 class OpenLog {
 public:
     OpenLog(const std::string& component, int version, int times = 1) : version_(version) {
-        engine_.addAssociation(new LineWriter(lines_), nullptr);
+        engine_.addAssociation(new LineCollector(lines_), nullptr);
         for (int i = 0; i < times; ++i) {
             for (const WorkedEntry& entry : WORKED_LOG) add(entry, component);
         }
