@@ -47,12 +47,6 @@ void LogFiles::offerAll(const Take& take) const {
     }
 }
 
-bool LogFiles::exist() const {
-    bool found = false;
-    offerAll([&found](const Str& name) { return found = found || IsFile(name); });
-    return found;
-}
-
 bool LogFiles::IsFile(const Str& path) {
     struct stat status;
     return stat(path.cStr(), &status) == 0 && S_ISREG(status.st_mode) && access(path.cStr(), R_OK) == 0;

@@ -23,7 +23,6 @@ public:
     bool offerPart(const Str& part, const Take& take) const;
     // Offers the log's own name and, unless it is that of a file, those of its parts.
     void offerAll(const Take& take) const;
-    bool exist() const;  // there is at least one
 
     static bool IsFile(const Str& path);  // a regular one, which can be read
 
