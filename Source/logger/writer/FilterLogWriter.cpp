@@ -99,8 +99,3 @@ bool FilterLogWriter::initializeFilterLogWriter() {
     const bool variablesKnown = variables_.resolve();
     return attributes_.resolve() && variablesKnown;
 }
-
-int FilterLogWriter::ownerOf(int request) const {
-    if (isAttribute(request) && variables_.indexOfName(nameOf(request)) >= 0) return -1;
-    return request - positionOf(request) + selectionOf(request).firstIndexOfName(positionOf(request));
-}
