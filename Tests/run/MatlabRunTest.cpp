@@ -1,7 +1,6 @@
 #include <cstdlib>
 
 #include "RunFixture.h"
-#include "support/FileSizeLimit.h"
 
 // The .mat and .h5 files of whole logs, as other programs read them.
 
@@ -98,30 +97,4 @@ TEST_F(MatlabRunTest, TheExamplesPlot) {
     const std::string said =
         OutputOf("octave-cli " EXAMPLES "/plot_dive.m " + path("dive.mat") + " " + path("mat.png") + " 2>&1");
     EXPECT_EQ("\x89PNG", read("mat.png").substr(0, 4)) << said;
-}
-
-// Everything that can go wrong.
-
-TEST_F(MatlabRunTest, FilesThatCannotBeCreated) {
-    write("dive", DiveLog::Of(2));
-    const std::pair<std::string, std::string> places[] = {{"no/file", "No such file or directory"},
-                                                          {".", "Is a directory"}};
-    for (const char* option : {"-m", "-H"}) {
-        for (const auto& [place, reason] : places) {
-            EXPECT_EQ("(ERROR): Failed to open " + place + ": " + reason + "\n",
-                      MessagesIn(run({option, "-o", place, "dive"})));
-        }
-    }
-}
-
-// In the midst and at the end; the program ends as always.
-TEST_F(MatlabRunTest, AFullDisk) {
-    write("dive", DiveLog::Of(20000));
-    for (const char* option : {"-m", "-H"}) {
-        const std::string name = option[1] == 'm' ? "dive.mat" : "dive.h5";
-        for (const rlim_t size : {4000, 30000}) {
-            const FileSizeLimit limit(size);
-            EXPECT_EQ("(ERROR): Failed to write " + name + ": File too large\n", MessagesIn(run({option, "dive"})));
-        }
-    }
 }

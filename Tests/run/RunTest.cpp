@@ -211,8 +211,10 @@ TEST_F(RunTest, InputsOfEveryKind) {
     files.write("parts0001", DiveLog::Of(3, 2));
     std::filesystem::create_directory(files.path("priority"));
     files.write("priority/Courier0000", DiveLog::Of(4));
+    for (const char* const part : {"gap0000", "gap0020", "gap0041"}) files.write(part, DiveLog::Of(1));
     const std::tuple<std::vector<std::string>, const char*, size_t> cases[] = {
         // with the messages in the output
+        {{"-l", "gap"}, "gap.log", 2},  // nineteen missing numbers are bridged, twenty are the end
         {{"-l"}, "Logs/latest/slate.log", 3},
         {{"-l", "Logs/latest"}, "Logs/latest/slate.log", 3},
         {{"-l", "parts"}, "parts.log", 5},

@@ -200,15 +200,3 @@ TEST_F(FileLogReaderTest, AnEmptyMessageIsNoDamage) {
     EXPECT_EQ(lines_, workedLines());
     EXPECT_EQ(errors(), Lines());
 }
-
-// Whatever single byte is damaged, the reader gets to the end.
-TEST_F(FileLogReaderTest, EveryDamagedByteLeavesTheReaderMoving) {
-    const Str whole = WorkedLogBytes();
-    for (size_t at = 0; at < whole.length(); ++at) {
-        Str damaged = whole;
-        damaged.setChar(at, static_cast<char>(~whole[at]));
-        write("slate", damaged);
-        readLog("slate");
-        forget();
-    }
-}
