@@ -65,18 +65,6 @@ TEST_F(MatlabRunTest, AnotherLibraryReadsArraysAndCells) {
     }
 }
 
-TEST_F(MatlabRunTest, H5dumpShowsThePlainFile) {
-    write("dive", DiveLog::Of(3));
-    run({"-H", "dive"});
-    const std::string shown = OutputOf("h5dump -y -d /Depth/depth/value " + path("dive.h5") + " | tr -s ' \\n' ' '");
-    for (const char* part :
-         {"DATATYPE H5T_IEEE_F64LE DATASPACE SIMPLE { ( 1, 3 ) / ( 1, H5S_UNLIMITED ) } DATA { 0, 0.5, 1 }",
-          "ATTRIBUTE \"units\" { DATATYPE H5T_STRING { STRSIZE 1; STRPAD H5T_STR_NULLTERM; CSET H5T_CSET_ASCII; "
-          "CTYPE H5T_C_S1; } DATASPACE SCALAR DATA { \"m\" } }"}) {
-        EXPECT_NE(std::string::npos, shown.find(part)) << part << '\n' << shown;
-    }
-}
-
 TEST_F(MatlabRunTest, TheSameLogGivesTheSameBytesAlsoBesideNetCdf) {
     synthesize("--minutes 2");
     run({"-m", "-H", "dive"});

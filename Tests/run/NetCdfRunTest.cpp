@@ -34,17 +34,6 @@ TEST_F(NetCdfRunTest, XarrayDecodesTheTimes) {
                      "d[\"Depth.depth\"].values[1])'"));
 }
 
-TEST_F(NetCdfRunTest, OctaveReadsBoth) {
-    write("dive", DiveLog::Of(3));
-    run({"-n", "-N", "dive"});
-    const char* const variables[][2] = {{"dive.nc", "Depth.depth"}, {"dive.nc4", "/Depth/Depth.depth"}};
-    for (const auto& variable : variables) {
-        const std::string at = "'" + path(variable[0]) + "', '" + variable[1] + "'";
-        EXPECT_EQ("0 0.5 1 m", OutputOf("octave-cli --eval \"pkg load netcdf; printf('%g ', ncread(" + at +
-                                        ")); printf('%s', ncreadatt(" + at + ", 'units'))\" 2>/dev/null"));
-    }
-}
-
 // A cycle start after a point of one series forces out what is pending of the others.
 TEST_F(NetCdfRunTest, ThinnedSeries) {
     DiveLog dive;

@@ -124,13 +124,16 @@ TEST_F(RunTest, AMissionLimitsTheOutputToItself) {
     dive.add(dive.log_.nameEntry(dive.log_.declare("Survey.loop")));
     dive.cycles(0, 3);
     dive.add(dive.log_.running("Survey", 3.0, 1));
-    dive.cycles(3, 4);
+    dive.cycles(3, 2);
+    dive.add(dive.log_.running("Survey", 5.0, -1));  // preempted: still in it
+    dive.cycles(5, 2);
+    dive.add(dive.log_.running("Other", 6.9, 0));
     dive.add(dive.log_.running("Survey", 7.0, 0));
     dive.cycles(7, 5);
     write("dive", dive.bytes());
     runInSilence({"-alr", "Survey", "dive"});
     EXPECT_EQ(4u, CountOf(read("dive.log"), "\n"));
-    EXPECT_EQ(4u * 4 + 2, CountOf(read("dive.asc"), "\n")) << read("dive.asc");  // both markers are in it
+    EXPECT_EQ(4u * 4 + 4, CountOf(read("dive.asc"), "\n")) << read("dive.asc");  // all markers are in it
 }
 
 TEST_F(RunTest, GpsFixesCorrectTheTimesUnlessTheyAreLeftAlone) {

@@ -78,15 +78,6 @@ TEST_F(FileLogReaderTest, ASideFileHasNoPriorityNames) {
     EXPECT_EQ(lines_, Lines());
 }
 
-TEST_F(FileLogReaderTest, WhatIsNoFileSaysWhy) {
-    EXPECT_EQ(readLog("missing"), "No such file or directory");
-    std::filesystem::create_directory(dir_.path("folder"));
-    EXPECT_EQ(readLog("folder"), "Is a directory");
-    write("empty", Str());
-    EXPECT_EQ(readLog("empty"), "");
-    EXPECT_EQ(lines_, Lines());
-}
-
 TEST_F(FileLogReaderTest, DamageOfAnyLengthIsSteppedOverAndReportedOnce) {
     for (const size_t length : {1u, 19u, 20u, 21u, 1000u, 200000u}) {
         const std::string path = write("slate", pieces_[0] + pieces_[1] + junk(length) + pieces_[2]);
