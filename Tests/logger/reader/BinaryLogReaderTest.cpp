@@ -34,6 +34,18 @@ TEST_F(BinaryLogReaderTest, AWholeLogBecomesItsLines) {
     EXPECT_EQ(reader_->getLastTime().toString(2), Str("2012-06-01T12:30:00.43Z"));
 }
 
+// Nobody takes its entries, or there is nothing to read.
+TEST_F(BinaryLogReaderTest, AReaderAlone) {
+    BinaryLogReader reader(log_, start_, end_, mission_, nullptr, nullptr);
+    EXPECT_EQ(reader.read(), 0u);
+    const Str bytes = WorkedLogBytes();
+    MemoryInStream in(bytes);
+    reader.setInStream(in);
+    while (reader.read() > 0) continue;
+    EXPECT_TRUE(in.eof());
+    EXPECT_EQ(lines_, Lines());
+}
+
 TEST_F(BinaryLogReaderTest, ADirectoryAloneSetsNoTimes) {
     read(WorkedLogBytes(0, WORKED_LOG_DIRECTORY));
     EXPECT_EQ(lines_.size(), WORKED_LOG_DIRECTORY);

@@ -191,3 +191,32 @@ TEST_F(FileLogReaderTest, AnEmptyMessageIsNoDamage) {
     EXPECT_EQ(lines_, workedLines());
     EXPECT_EQ(errors(), Lines());
 }
+
+TEST_F(FileLogReaderTest, AFileThatFailsSaysWhy) {
+    std::filesystem::create_symlink("/proc/self/mem", dir_.path("slate0000.bak"));
+    readLog("slate");
+    EXPECT_EQ(errors().back(), "ERROR Cannot read " + dir_.path("slate0000.bak") + ": Input/output error");
+}
+
+// An entry is any byte but 'x'; nothing is logged and nothing noted of the entries.
+class SilentReader : public LogReader {
+public:
+    unsigned int read() override {
+        signed char c = 0;
+        const bool isRead = isValid() && logStream_->readChar(c).bytesRead() == 1;
+        error_ = isRead && c == 'x';
+        return isRead && !error_ ? 1 : 0;
+    }
+};
+
+TEST_F(FileLogReaderTest, AReaderWithoutMessagesIsSteppedOverDamageToo) {
+    write("slate0000", "..xx..x");
+    write("slate0002", ".");
+    FileLogReader log(dir_.path("slate").c_str(), new SilentReader);
+    EXPECT_TRUE(log.valid());
+    log.readAll();
+    EXPECT_FALSE(log.valid());
+    EXPECT_EQ(log.getEntriesRead(), 5u);
+    EXPECT_EQ(errors(), Lines());
+    EXPECT_EQ(SilentReader().read(), 0u);
+}
