@@ -43,7 +43,7 @@ public:
     EventEntry(const Component* actor, const DataElement* element, EventType type, double accuracy);
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
+    void appendTo(TextBuffer& text, const Unit* unit) const override;
     virtual Str makeComponentActionString() const;
     Str makeDataValueString() const;
 
@@ -75,6 +75,8 @@ private:
     unsigned int writeCycleStart(Timestamp& timeBase, OutStream& out) const;
     size_t writeBody(OutStream& out) const;
     bool readBody(InStream& in, const Logger& logger);
+    void appendDataValue(TextBuffer& text) const;
+    void appendComponentAction(TextBuffer& text) const;
     size_t writeAction(OutStream& out) const;
     bool readAction(InStream& in, const Logger& logger);
 

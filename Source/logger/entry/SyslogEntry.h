@@ -20,7 +20,7 @@ public:
     SyslogEntry(const SyslogEntry& other) = default;
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
+    void appendTo(TextBuffer& text, const Unit* unit) const override;
     virtual Str toKmlString(const Unit* unit) const;
 
     const Str& getMessage() const { return message_; }
