@@ -16,7 +16,7 @@ void EntryNotes::noteRecord(const LogEntry& entry) {
 }
 
 void EntryNotes::noteEvent(const LogEntry& entry, const Timespan& timeAdjust) {
-    if (static_cast<const EventEntry&>(entry).getEventType() != EventEntry::START_CYCLE) return;
+    if (!static_cast<const EventEntry&>(entry).isCycleStart()) return;
     const bool isAdjusted = timeAdjust != Timespan::INVALID_TIMESPAN;
     noteCycle(isAdjusted ? entry.getTimestamp() - timeAdjust : entry.getTimestamp());
 }

@@ -117,13 +117,11 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
                                                          settings_.missionName_, &engine_, &consoleEngine_, log_);
     entries->setTimeAdjust(timeCorrection_);
     FileLogReader file(input, entries);  // owns the entry reader
-    for (int zeros = 0; zeros < FileLogReader::MAX_ZERO_READS; ++zeros) {
-        while (!isMemoryUsedUp_ && !writesInVain() && file.read() > 0) {
-            zeros = 0;
-            isMemoryUsedUp_ = MemoryReserve::WasTaken() && !regainMemory();
-            if (progress.isDue()) progress.show(bytesBefore_ + file.getBytesPassed());
-        }
-    }
+    file.readWhile([&] {
+        isMemoryUsedUp_ = MemoryReserve::WasTaken() && !regainMemory();
+        if (progress.isDue()) progress.show(bytesBefore_ + file.getBytesPassed());
+        return !isMemoryUsedUp_ && !writesInVain();
+    });
     bytesBefore_ += file.getBytesPassed();
     timeCorrection_ = entries->getTimeAdjust();
     if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entries->getFirstTime();

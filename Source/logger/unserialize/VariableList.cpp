@@ -7,7 +7,6 @@
 #include "logger/engine/LogEngine.h"
 #include "logger/unserialize/Directories.h"
 #include "logger/unserialize/Inputs.h"
-#include "units/Units.h"
 
 namespace {
 
@@ -116,8 +115,7 @@ void VariableList::addVariable(const ElementURI& name, const DataAccess& access)
     char* const text = NewText(name);
     namesByText_.put(name, text, false);
     names_.push(text);
-    const Unit* const unit = access.getUnit();
-    units_.push(NewText(unit == nullptr ? Units::NONE.getName() : unit->getName()));
+    units_.push(NewText(access.unitOrNone().getName()));
 }
 
 void VariableList::giveTo(OutputVariables& variables) const {

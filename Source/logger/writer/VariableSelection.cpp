@@ -4,8 +4,8 @@
 #include <cstring>
 #include <utility>
 
+#include "data/DataAccess.h"
 #include "units/UnitRegistry.h"
-#include "units/Units.h"
 
 VariableSelection::VariableSelection(int count, char** names, char** unitNames, const Log& log)
     : log_(log),
@@ -66,12 +66,15 @@ const ElementURI* VariableSelection::standardName(int index, unsigned short univ
     return log_.getElementURI(isUniversal(index) ? code(index) : universalCode);
 }
 
+const Unit& VariableSelection::unitOf(int index, const DataAccess& access) const {
+    return unit(index) != nullptr ? *unit(index) : access.unitOrNone();
+}
+
 const Unit* VariableSelection::shownUnit(int index) const {
     const DataAccess* const describing = access(index);
     if (describing == nullptr) return unitOfName(index);
     if (describing->getBinaryType() == NO_TYPE) return nullptr;
-    if (unit(index) != nullptr) return unit(index);
-    return describing->getUnit() == nullptr ? &Units::NONE : describing->getUnit();
+    return &unitOf(index, *describing);
 }
 
 const Unit* VariableSelection::unitOfName(int index) const {

@@ -40,6 +40,8 @@ public:
     // The access that describes the variable; null while there is none.
     const DataAccess* access(int index) const;
     const Unit* unitOfName(int index) const;  // the first asked for with that name; null when none was
+    // The unit in which it is written: the one asked for, else that of the log.
+    const Unit& unitOf(int index, const DataAccess& access) const;
     // The unit in which the variable is shown: the one asked for, else that of the log. Null while nothing tells what
     // the variable is: an access without a type holds no value, and of a name that the log does not know only a unit
     // tells.

@@ -161,7 +161,7 @@ void JsonLogWriter::endEarly() {
 }
 
 void JsonLogWriter::tellRefused() const {
-    log_.getLogger().syslog(Str("Failed to write ") + fileName() + ": " + strerror(ENOMEM), Syslog::ERROR);
+    log_.getLogger().fileFailure("write", fileName(), strerror(ENOMEM));
 }
 
 void JsonLogWriter::resetInputs() {

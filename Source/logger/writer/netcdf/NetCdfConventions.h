@@ -20,8 +20,6 @@ struct Types {
 // Null, and said on standard output, for a type that the outputs cannot handle.
 const Types* FindTypes(BinaryDataType type, const Str& elementName);
 
-// The unit in which a variable is written: the one asked for, else that of the log.
-const Unit& UnitOf(const VariableSelection& selection, int index, const DataAccess& access);
 // For a name that the log does not know: the code that the log has for the part after the last '.'.
 unsigned short CodeOfLastPart(const Str& name, const Log& log);
 

@@ -66,8 +66,7 @@ bool NetCdfLogWriter::defineFirst(int index) {
     const int position = positionOf(index);
     const ElementURI* const uri = log_.getElementURI(selection.code(position));
     if (const DataAccess* const access = selection.access(position)) {
-        addVar(index, uri, access->getBinaryType(), NetCdfConventions::UnitOf(selection, position, *access),
-               access->getUniversalCode());
+        addVar(index, uri, access->getBinaryType(), selection.unitOf(position, *access), access->getUniversalCode());
     } else if (const Unit* const unit = selection.unitOfName(position)) {
         const ElementURI unknown(ElementURI::NO_CODE, selection.name(position), ElementURI::DATA_ELEMENT);
         addVar(index, &unknown, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(unknown, log_));

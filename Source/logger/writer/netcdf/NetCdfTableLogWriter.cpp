@@ -54,7 +54,7 @@ bool NetCdfTableLogWriter::defineColumn(int column) {
     if (vars_[column] != nullptr) return true;
     if (const DataAccess* const access = columns_.access(column)) {
         addVar(column, log_.getElementURI(columns_.code(column)), access->getBinaryType(),
-               NetCdfConventions::UnitOf(columns_, column, *access), access->getUniversalCode());
+               columns_.unitOf(column, *access), access->getUniversalCode());
         return true;
     }
     const Str name = columns_.name(column);

@@ -70,7 +70,7 @@ unsigned int TableLogWriter::writeCell(const DataEntry& entry, int column) {
 }
 
 unsigned int TableLogWriter::writeEvent(const EventEntry& entry) {
-    if (entry.getEventType() != EventEntry::START_CYCLE) return 0;
+    if (!entry.isCycleStart()) return 0;
     unsigned int bytes = 0;
     if (lastTime_ != Timestamp::NOT_SET_TIME) {
         bytes = writeRow();
@@ -130,7 +130,7 @@ size_t TableLogWriter::heldBytes() {
 
 void TableLogWriter::endEarly() {
     if (interpolate_) {
-        log_.getLogger().syslog("Failed to write " + outputName() + ": " + strerror(ENOMEM), Syslog::ERROR);
+        log_.getLogger().fileFailure("write", outputName(), strerror(ENOMEM));
         writeAllInterpolated();
         endedEarly_ = true;
     }
