@@ -56,15 +56,13 @@ void NetCdfConventions::AddFileAtts(NetCdfWriter& writer) {
     writer.addGlobalAtt("CF:featureType", "trajectory");
 }
 
-bool NetCdfConventions::Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome) {
+void NetCdfConventions::Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome) {
     if (!hasContent) {
         writer.discard();
         outcome.removed();
-        return false;
+    } else if (!writer.finalize()) {
+        outcome.fail();
     }
-    const bool isWhole = writer.finalize();
-    if (!isWhole) outcome.fail();
-    return isWhole;
 }
 
 void NetCdfConventions::PrintNothingWritten(const VariableSelection& selection, NetCdf::NetCdfVar* const* vars) {

@@ -29,8 +29,8 @@ void Describe(NetCdfWriter& writer, NetCdf::NetCdfVar& var, const Unit& unit, co
               const char* coordinates, const char* requestedText);
 void AddFileAtts(NetCdfWriter& writer);
 
-// Ends the file; one without content is removed. True when it is whole.
-bool Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome);
+// Ends the file; one without content is removed.
+void Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome);
 // Says why there is nothing in the file. vars has an item for each of the selection.
 void PrintNothingWritten(const VariableSelection& selection, NetCdf::NetCdfVar* const* vars);
 }  // namespace NetCdfConventions

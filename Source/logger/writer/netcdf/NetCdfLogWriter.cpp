@@ -208,7 +208,7 @@ unsigned int NetCdfLogWriter::writeFooter() {
     if (netCdfWriter_ == nullptr || wroteFooter_) return 0;
     wroteFooter_ = true;
     if (!netCdfInitialized_) NetCdfConventions::PrintNothingWritten(variables_, vars_.get());
-    finalized_ = NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
+    NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
     return 0;
 }
 

@@ -46,7 +46,6 @@ private:
     const Str filename_;
     const std::unique_ptr<NetCdfWriter> netCdfWriter_;  // null: the file could not be created
     bool netCdfInitialized_ = false;
-    bool finalized_ = false;
     // Per requested variable and, behind them, setting. The variables are the file's; null: none.
     const std::unique_ptr<NetCdf::NetCdfVar*[]> vars_;
     const std::unique_ptr<const ElementURI*[]> varUris_;  // whose shape the values have; null: single values

@@ -108,7 +108,7 @@ unsigned int NetCdfTableLogWriter::writeFooter() {
     } else {
         NetCdfConventions::PrintNothingWritten(columns_, vars_.get());
     }
-    finalized_ = NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
+    NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
     return rows;
 }
 

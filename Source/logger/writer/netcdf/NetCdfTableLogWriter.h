@@ -40,7 +40,6 @@ private:
     const Str filename_;
     const std::unique_ptr<NetCdfWriter> netCdfWriter_;  // null: the file could not be created
     bool netCdfInitialized_ = false;
-    bool finalized_ = false;
     NetCdfSettings settings_;
     const std::unique_ptr<NetCdf::NetCdfVar*[]> vars_;  // per column, the file's; null: none; columns may share one
     FlexArray<DataValue*> holders_;                     // owned; the values that the variables point to
