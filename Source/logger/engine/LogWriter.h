@@ -41,6 +41,7 @@ public:
     virtual unsigned int write(const LogEntry* entry, const Unit* unit) = 0;
     virtual void endCycle() {}
     virtual unsigned int writeFooter() { return 0; }
+    // Configuration from the logger on board; writers in front of another hand it on. The converter never calls it.
     virtual void config(Logger&) {}
     virtual void resetInputs() {}  // forget what one input was about
     // When memory is refused, a writer that holds much may have to end its output with what it has, and a message.
