@@ -22,7 +22,7 @@ void EntryNotes::noteEvent(const LogEntry& entry, const Timespan& timeAdjust) {
 }
 
 void EntryNotes::noteCycle(const Timestamp& t) {
-    const bool isFirst = lastCycle_ == Timestamp::NOT_SET_TIME;
+    const bool isFirst = !lastCycle_.isSet();
     if (t == lastCycle_ || t == Timestamp::EPOCH_START_TIME) ++standing_;
     if (!isFirst && (t < lastCycle_ || t > lastCycle_ + LONGEST_CYCLE)) ++jumps_;
     lastCycle_ = t;

@@ -49,7 +49,7 @@ void SetColor(RunSettings& settings, char* value) {
 
 Timestamp ReadTime(RunSettings& settings, const char* which, const char* value) {
     const Timestamp time(value);
-    if (time == Timestamp::NOT_SET_TIME) {
+    if (!time.isSet()) {
         settings.complain(Str("Cannot read the ") + which + " time " + value + ", it is ignored");
     }
     return time;

@@ -71,9 +71,7 @@ struct RunSettings {
     FlexArray<Str*> complaints_{true};  // about words that mean nothing, each once; owned
 
     void complain(const Str& text);
-    bool isWindowReversed() const {
-        return startTime_ != Timestamp::NOT_SET_TIME && endTime_ != Timestamp::NOT_SET_TIME && endTime_ < startTime_;
-    }
+    bool isWindowReversed() const { return startTime_.isSet() && endTime_.isSet() && endTime_ < startTime_; }
     bool writes(OutputKind kind) const { return outputs_.test(kind); }
     bool isDirectoryOnly() const { return outputs_ == OutputKinds(1u << DIRECTORY_OUTPUT); }
     // Some output has a place for each variable and must know them all before the first entry.

@@ -74,8 +74,8 @@ void UnknownWords::complainOfVariable(int index) const {
 
 void UnknownWords::complainOfSelection() const {
     Str words;
-    if (settings_.startTime_ != Timestamp::NOT_SET_TIME) words += " -s " + settings_.startTime_.toString(3);
-    if (settings_.endTime_ != Timestamp::NOT_SET_TIME) words += " -e " + settings_.endTime_.toString(3);
+    if (settings_.startTime_.isSet()) words += " -s " + settings_.startTime_.toString(3);
+    if (settings_.endTime_.isSet()) words += " -e " + settings_.endTime_.toString(3);
     if (!settings_.missionName_.isEmpty()) words += " -r " + settings_.missionName_;
     if (!words.isEmpty()) settings_.complain("No entry lies within" + words);
 }

@@ -27,7 +27,7 @@ int Unserialize::convert() {
     readInputs();
     engine_.uninitialize();
     outputs_.placeDirectory();
-    unknownWords_.complain(settings_.isDirectoryOnly() || firstTime_ != Timestamp::NOT_SET_TIME);
+    unknownWords_.complain(settings_.isDirectoryOnly() || firstTime_.isSet());
     reportComplaints();
     nameOutputs();
     sayDone();
@@ -124,8 +124,8 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
     });
     bytesBefore_ += file.getBytesPassed();
     timeCorrection_ = entries->getTimeAdjust();
-    if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entries->getFirstTime();
-    lastTime_ = entries->getLastTime();
+    if (!firstTime_.isSet()) firstTime_ = entries->getFirstTime();
+    if (entries->getLastTime().isSet()) lastTime_ = entries->getLastTime();
     if (file.getEntriesRead() == 0) {
         reportNoEntry(input, file.getOpenError());
     } else {
@@ -155,7 +155,7 @@ void Unserialize::reportNoEntry(const Str& input, const Str& reason) {
 }
 
 void Unserialize::nameOutputs() {
-    if (firstTime_ == Timestamp::NOT_SET_TIME || !settings_.appendDates_ || settings_.toStandardOutput_) return;
+    if (!firstTime_.isSet() || !settings_.appendDates_ || settings_.toStandardOutput_) return;
     const OutputNaming naming(settings_, inputs_, firstTime_, lastTime_, logger_);
     for (unsigned int i = 0; i < outputs_.files().size(); ++i) {
         const OutputAssembly::File& file = *outputs_.files().at(i);

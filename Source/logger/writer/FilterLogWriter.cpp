@@ -40,7 +40,7 @@ unsigned int FilterLogWriter::write(const LogEntry* entry, const Unit* unit) {
 // A cycle start is passed on only once a previous cycle exists.
 unsigned int FilterLogWriter::writeEvent(const EventEntry& event) {
     if (!passCycleStarts_ || !event.isCycleStart()) return 0;
-    const unsigned int bytes = lastTime_ == Timestamp::NOT_SET_TIME ? 0 : writeCycleStart(&event);
+    const unsigned int bytes = lastTime_.isSet() ? writeCycleStart(&event) : 0;
     lastTime_ = event.getTimestamp();
     return bytes;
 }

@@ -103,7 +103,7 @@ unsigned int HDF5LogWriter::writeAtt(const DataEntry* entry, int attIndex, const
 unsigned int HDF5LogWriter::addSample(const DataEntry* entry, int request) {
     MatlabLeaf* const leaf = leafOf_[request];
     if (entry == nullptr || leaf == nullptr) return 0;
-    if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entry->getTimestamp();
+    if (!firstTime_.isSet()) firstTime_ = entry->getTimestamp();
     if (!leaf->add(*entry, padding_)) padding_.report(filename_.cStr(), nameOf(request));
     checkFile("write");
     return 1;
@@ -115,8 +115,7 @@ unsigned int HDF5LogWriter::writeFooter() {
     for (unsigned int i = 0; i < leaves_.size(); ++i) leaves_.at(i)->finish();
     tree_.finish();
     if (matlab_) {
-        const bool isEmpty = firstTime_ == Timestamp::NOT_SET_TIME;
-        hdf5_.setUserBlock(MatlabForm::Header(isEmpty ? Timestamp::EPOCH_START_TIME : firstTime_));
+        hdf5_.setUserBlock(MatlabForm::Header(firstTime_.isSet() ? firstTime_ : Timestamp::EPOCH_START_TIME));
     }
     hdf5_.finalize();
     checkFile("write");

@@ -72,7 +72,7 @@ unsigned int TableLogWriter::writeCell(const DataEntry& entry, int column) {
 unsigned int TableLogWriter::writeEvent(const EventEntry& entry) {
     if (!entry.isCycleStart()) return 0;
     unsigned int bytes = 0;
-    if (lastTime_ != Timestamp::NOT_SET_TIME) {
+    if (lastTime_.isSet()) {
         bytes = writeRow();
         clearRow();
     }

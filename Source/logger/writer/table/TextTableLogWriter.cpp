@@ -45,12 +45,21 @@ unsigned int TextTableLogWriter::writeToColumn(const DataEntry* entry, int colum
 
 unsigned int TextTableLogWriter::writeRow() {
     if (!isValid()) return 0;
-    char time[Timestamp::TEXT_ROOM];
     line_.clear();
-    line_.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
-    line_.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
+    appendTime();
     for (int column = 0; column < columns_.count(); ++column) line_.append(valueStrings_[column]);
     return putLine();
+}
+
+// Without any cycle start the only row has no time.
+void TextTableLogWriter::appendTime() {
+    if (!lastTime_.isSet()) {
+        line_.append(NO_VALUE).append(separator_).append(NO_VALUE);
+        return;
+    }
+    char time[Timestamp::TEXT_ROOM];
+    line_.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
+    line_.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
 }
 
 unsigned int TextTableLogWriter::writeFooter() {

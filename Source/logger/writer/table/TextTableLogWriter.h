@@ -23,6 +23,7 @@ private:
     void appendCell(const char* text, size_t length);
     bool needsQuotes(const char* text, size_t length) const;
     void setCell(int column, const char* text, size_t length);
+    void appendTime();
     unsigned int putLine();
 
     const char* const separator_;  // borrowed
