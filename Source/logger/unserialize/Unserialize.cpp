@@ -69,7 +69,7 @@ void Unserialize::reportComplaints() {
 // Tables need to know every variable before the first entry. Other outputs learn names as they come; with a single
 // input they are given what its side file, or in a run that writes one the log itself, says.
 void Unserialize::listVariables() {
-    if (settings_.variables_.count_ > 0) return;
+    if (settings_.variables_.requested_.count() > 0) return;
     if (settings_.hasTableOutput()) {
         variableList_.readFrom(inputs_, log_, directories_, settings_, consoleEngine_);
         variableList_.giveTo(settings_.variables_);

@@ -3,11 +3,11 @@
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/EventEntry.h"
 
-FilterLogWriter::FilterLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList,
-                                 bool passCycleStarts, int attCount, char** attList)
+FilterLogWriter::FilterLogWriter(LogWriter* outputTo, const RequestedVariables& variables, bool passCycleStarts,
+                                 const RequestedVariables& attributes)
     : outputTo_(outputTo),
-      variables_(varCount, varList, unitList, log_),
-      attributes_(attCount, attList, nullptr, log_),
+      variables_(variables, log_),
+      attributes_(attributes, log_),
       passCycleStarts_(passCycleStarts),
       lastTime_(Timestamp::NOT_SET_TIME) {
     if (outputTo_ == nullptr) return;

@@ -7,16 +7,10 @@
 
 class UnknownWordsTest : public ::testing::Test {
 protected:
-    UnknownWordsTest() {
-        settings_.variables_.names_.reset(new char*[MAX_NAMES]());
-        settings_.variables_.units_.reset(new char*[MAX_NAMES]());
-    }
     void name(const char* variable, const char* unit = nullptr) {
-        OutputVariables& variables = settings_.variables_;
-        variables.names_[variables.count_] = const_cast<char*>(variable);
-        variables.units_[variables.count_++] = const_cast<char*>(unit);
+        settings_.variables_.requested_.add({variable, unit});
     }
-    void parent(const char* component) { settings_.parents_.push(const_cast<char*>(component)); }
+    void parent(const char* component) { settings_.parents_.push(component); }
 
     // What is left to say after logs that declare the names given, in metres.
     std::string complaints(std::initializer_list<std::initializer_list<const char*>> logs, bool hasEntries = true) {
@@ -36,7 +30,6 @@ protected:
         return all;
     }
 
-    static constexpr int MAX_NAMES = 8;
     RunSettings settings_;
 };
 

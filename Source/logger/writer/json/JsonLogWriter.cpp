@@ -10,9 +10,8 @@
 #include "data/BlobValue.h"
 #include "logger/entry/DataEntry.h"
 
-JsonLogWriter::JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount,
-                             char** attList)
-    : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
+JsonLogWriter::JsonLogWriter(bool formatted, const RequestedVariables& variables, const RequestedVariables& settings)
+    : FilterLogWriter(nullptr, variables, false, settings),
       json_(new JsonDocument(formatted)),
       nodes_(new Node[requestCount()]),
       shortestFirst_(new int[requestCount()]) {

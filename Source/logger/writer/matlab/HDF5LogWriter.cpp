@@ -7,9 +7,9 @@
 #include "logger/entry/DataEntry.h"
 #include "logger/writer/matlab/MatlabForm.h"
 
-HDF5LogWriter::HDF5LogWriter(const Str& filename, bool matlab, int varCount, char** varList, char** unitList,
-                             int attCount, char** attList)
-    : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
+HDF5LogWriter::HDF5LogWriter(const Str& filename, bool matlab, const RequestedVariables& variables,
+                             const RequestedVariables& settings)
+    : FilterLogWriter(nullptr, variables, false, settings),
       filename_(filename),
       matlab_(matlab),
       hdf5_(filename.cStr(), matlab ? MatlabForm::HEADER_SIZE : 0),

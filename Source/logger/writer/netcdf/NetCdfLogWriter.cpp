@@ -13,15 +13,15 @@
 static const char* const COORDINATES = "time depth latitude longitude";
 static const char* const TIME_UNITS = "seconds since 1970-01-01 00:00:00Z";
 
-NetCdfLogWriter::NetCdfLogWriter(const Str& filename, bool version4, int varCount, char** varList, char** unitList,
-                                 int attCount, char** attList)
-    : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
+NetCdfLogWriter::NetCdfLogWriter(const Str& filename, bool version4, const RequestedVariables& variables,
+                                 const RequestedVariables& settings)
+    : FilterLogWriter(nullptr, variables, false, settings),
       filename_(filename),
       netCdfWriter_(NetCdfWriter::NewNetCdfWriter(filename_.cStr(), version4, NetCdfConventions::TRAJECTORY_NAME)),
-      vars_(new NetCdf::NetCdfVar*[varCount + attCount]()),
-      varUris_(new const ElementURI*[varCount + attCount]()),
+      vars_(new NetCdf::NetCdfVar*[requestCount()]()),
+      varUris_(new const ElementURI*[requestCount()]()),
       shapes_(true),
-      timeVars_(new NetCdf::NetCdfVar*[varCount + attCount]()),
+      timeVars_(new NetCdf::NetCdfVar*[requestCount()]()),
       holders_(true) {}
 
 NetCdfLogWriter::~NetCdfLogWriter() {

@@ -13,9 +13,13 @@
 // Without a file, when it cannot be created, the writer is silent.
 class NetCdfLogWriter final : public FilterLogWriter, public HasFilename {
 public:
-    // The lists are borrowed.
+    NetCdfLogWriter(const Str& filename, bool version4, const RequestedVariables& variables,
+                    const RequestedVariables& settings);
+    // From parallel lists; their texts are borrowed and outlive the writer.
     NetCdfLogWriter(const Str& filename, bool version4, int varCount, char** varList, char** unitList, int attCount,
-                    char** attList);
+                    char** attList)
+        : NetCdfLogWriter(filename, version4, RequestedVariables(varCount, varList, unitList),
+                          RequestedVariables(attCount, attList)) {}
     ~NetCdfLogWriter() override;  // finishes the file, if that has not been done
 
     unsigned int writeHeader() override { return 0; }

@@ -7,13 +7,13 @@
 
 static const char* const COORDINATES = "Time depth latitude longitude";
 
-NetCdfTableLogWriter::NetCdfTableLogWriter(const Str& filename, bool version4, int varCount, char** varList,
-                                           char** unitList, bool interpolate, int attCount, char** attList)
-    : TableLogWriter(varCount, varList, unitList, interpolate),
+NetCdfTableLogWriter::NetCdfTableLogWriter(const Str& filename, bool version4, const RequestedVariables& variables,
+                                           bool interpolate, const RequestedVariables& settings)
+    : TableLogWriter(nullptr, variables, interpolate),
       filename_(filename),
       netCdfWriter_(NetCdfWriter::NewNetCdfWriter(filename_.cStr(), version4, NetCdfConventions::TRAJECTORY_NAME)),
-      settings_(attCount, attList, log_),
-      vars_(new NetCdf::NetCdfVar*[varCount]()),
+      settings_(settings, log_),
+      vars_(new NetCdf::NetCdfVar*[columns_.count()]()),
       holders_(true) {}
 
 NetCdfTableLogWriter::~NetCdfTableLogWriter() {

@@ -11,16 +11,10 @@
 #include "logger/writer/HasFilename.h"
 #include "logger/writer/table/PendingRows.h"
 
-TableLogWriter::TableLogWriter(int varCount, char** varList, char** unitList, bool interpolate)
-    : TableLogWriter(nullptr, varCount, varList, unitList, interpolate) {}
-
-TableLogWriter::TableLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList, bool interpolate)
-    : outputTo_(outputTo),
-      columns_(varCount, varList, unitList, log_),
-      interpolate_(interpolate),
-      lastTime_(Timestamp::NOT_SET_TIME) {
+TableLogWriter::TableLogWriter(LogWriter* outputTo, const RequestedVariables& variables, bool interpolate)
+    : outputTo_(outputTo), columns_(variables, log_), interpolate_(interpolate), lastTime_(Timestamp::NOT_SET_TIME) {
     if (outputTo_ != nullptr) outputTo_->addParent();
-    if (interpolate_) pendingRows_.reset(new PendingRows(varCount));
+    if (interpolate_) pendingRows_.reset(new PendingRows(columns_.count()));
 }
 
 TableLogWriter::~TableLogWriter() {
