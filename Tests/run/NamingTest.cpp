@@ -42,6 +42,8 @@ TEST_F(NamingTest, TheDatesSpanAllInputs) {
     write("later", DiveLog::Of(65, 600));
     program_.run({"-qao", "out.txt", "dive;later"});
     EXPECT_TRUE(program_.files().has("out_201206011230_201206011241.txt")) << program_.list();
+    program_.run({"-qaoe", "out.txt", "2012-06-01T12:32:00", "dive;later"});  // nothing of the last one
+    EXPECT_TRUE(program_.files().has("out_201206011230_201206011231.txt")) << program_.list();
 }
 
 TEST_F(NamingTest, TheNameOfTheLogMayEndInTheUsualOne) {

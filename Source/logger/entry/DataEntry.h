@@ -38,6 +38,7 @@ public:
     // How the datum was reached: the log's. Null in an entry that was made without one.
     DataAccess* getDataAccess() const { return dataAccess_; }
     DataValue* getDataValue() const { return dataValue_; }  // null when there is none
+    const Unit& valueUnit() const { return dataValue_ == nullptr ? Units::NONE : dataValue_->unitOrNone(); }
     // The value is a number, though it may be NaN: no text, no array.
     bool isNumber() const { return dataValue_ != nullptr && dataValue_->getBinaryType() != STRVALUE; }
     // The value is the best of those that serve its universal.

@@ -54,6 +54,10 @@ public:
 
     // Codes are those of names; a cycle start has actor 0.
     EventType getEventType() const { return eventType_; }
+    bool isCycleStart() const { return eventType_ == START_CYCLE; }
+    static bool IsCycleStart(const LogEntry& entry) {
+        return entry.getType() == EVENT_LOG_ENTRY && static_cast<const EventEntry&>(entry).isCycleStart();
+    }
     unsigned short getActorCode() const { return actorCode_; }
     // Each of these belongs to its own kind of event and says nothing for another.
     unsigned short getElementCode() const { return elementCode_; }

@@ -23,10 +23,10 @@ private:
     enum Role { PROGRAM, OPTION_GROUP, OPTION_VALUE, SLATE_FILE, NAME, FOLLOWER };
 
     static void ShowUsage();
-    int markRoles(RunSettings& settings);
+    void markRoles(RunSettings& settings);
     int applyGroup(int index, RunSettings& settings);
     Role positionalRole(char* argument, RunSettings& settings);
-    void listVariables(int nameCount, RunSettings& settings);
+    void listVariables(RunSettings& settings);
     static void CheckWindow(RunSettings& settings);
     static void ChooseDefaultOutput(RunSettings& settings);
 

@@ -82,7 +82,7 @@ private:
     LogWriter* limitToNames(LogWriter* writer, bool passCycleStarts) const;
     LogWriter* thin(LogWriter* writer, bool sendAtStartCycle, bool makeDirEntries) const;
     LogWriter* selectTrack(LogWriter* writer) const;
-    bool isLimited() const { return variables_.count_ > 0; }
+    bool isLimited() const { return variables_.requested_.count() > 0; }
     bool isThinned() const { return variables_.errorCount_ > 0; }
     void complain(const Str& text) const { logger_.syslog(text, Syslog::ERROR); }
 

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <numeric>
 
-ArrayLogWriter::ArrayLogWriter(Order order, int varCount, char** varList, char** unitList, int attCount, char** attList)
-    : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
+ArrayLogWriter::ArrayLogWriter(Order order, const RequestedVariables& variables, const RequestedVariables& settings)
+    : FilterLogWriter(nullptr, variables, false, settings),
       owners_(new int[requestCount()]),
       order_(new int[requestCount()]) {
     for (int request = 0; request < requestCount(); ++request) owners_[request] = findOwner(request);

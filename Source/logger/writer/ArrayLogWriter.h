@@ -16,8 +16,7 @@ public:
     // part then stands beside what the place holds.
     enum Order : int { AS_LISTED, SHORTEST_FIRST };
 
-    // The lists are borrowed.
-    ArrayLogWriter(Order order, int varCount, char** varList, char** unitList, int attCount, char** attList);
+    ArrayLogWriter(Order order, const RequestedVariables& variables, const RequestedVariables& settings);
 
     unsigned int writeHeader() override { return 0; }
     // Each puts one sample into its place; the result is addSample's, 0 where there is no entry.

@@ -3,11 +3,11 @@
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/EventEntry.h"
 
-FilterLogWriter::FilterLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList,
-                                 bool passCycleStarts, int attCount, char** attList)
+FilterLogWriter::FilterLogWriter(LogWriter* outputTo, const RequestedVariables& variables, bool passCycleStarts,
+                                 const RequestedVariables& attributes)
     : outputTo_(outputTo),
-      variables_(varCount, varList, unitList, log_),
-      attributes_(attCount, attList, nullptr, log_),
+      variables_(variables, log_),
+      attributes_(attributes, log_),
       passCycleStarts_(passCycleStarts),
       lastTime_(Timestamp::NOT_SET_TIME) {
     if (outputTo_ == nullptr) return;
@@ -39,8 +39,8 @@ unsigned int FilterLogWriter::write(const LogEntry* entry, const Unit* unit) {
 
 // A cycle start is passed on only once a previous cycle exists.
 unsigned int FilterLogWriter::writeEvent(const EventEntry& event) {
-    if (!passCycleStarts_ || event.getEventType() != EventEntry::START_CYCLE) return 0;
-    const unsigned int bytes = lastTime_ == Timestamp::NOT_SET_TIME ? 0 : writeCycleStart(&event);
+    if (!passCycleStarts_ || !event.isCycleStart()) return 0;
+    const unsigned int bytes = lastTime_.isSet() ? writeCycleStart(&event) : 0;
     lastTime_ = event.getTimestamp();
     return bytes;
 }

@@ -12,9 +12,14 @@ class EventEntry;
 // operations that receive what was selected.
 class FilterLogWriter : public LogWriter {
 public:
-    // outputTo may be null (nothing is forwarded); it is shared. The lists are borrowed and outlive the writer.
+    // outputTo may be null (nothing is forwarded); it is shared.
+    FilterLogWriter(LogWriter* outputTo, const RequestedVariables& variables, bool passCycleStarts,
+                    const RequestedVariables& attributes);
+    // From parallel lists; their texts are borrowed and outlive the writer.
     FilterLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList, bool passCycleStarts,
-                    int attCount, char** attList);
+                    int attCount, char** attList)
+        : FilterLogWriter(outputTo, RequestedVariables(varCount, varList, unitList), passCycleStarts,
+                          RequestedVariables(attCount, attList)) {}
     ~FilterLogWriter() override;
 
     unsigned int writeHeader() override;

@@ -313,11 +313,12 @@ bool NetCdfWriter::endAttChanges() {
 
 bool NetCdfWriter::writeRecord(const Timestamp& t) {
     if (!ok_) return false;
+    const double seconds = t.isSet() ? t.asDouble() : NAN;
     bool isFull = false;
     for (unsigned int i = 0; i < varArray_.size(); ++i) {
         NetCdfVar& var = *varArray_.at(i);
         if (!var.isRecord_) continue;
-        var.block_->addNumber(&var == timeVar_ ? t.asDouble() : var.number());
+        var.block_->addNumber(&var == timeVar_ ? seconds : var.number());
         if (var.block_->isRefused()) return refuseRecord();
         ++var.numRecs_;
         isFull = isFull || var.block_->isFull();

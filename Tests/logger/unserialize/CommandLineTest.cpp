@@ -24,9 +24,10 @@ public:
     std::string variables() const {
         const OutputVariables& variables = settings_.variables_;
         std::ostringstream text;
-        for (int i = 0; i < variables.count_; ++i) {
-            const char* const unit = variables.units_[i];
-            text << variables.names_[i] << " " << variables.errors_[i] << " " << (unit == nullptr ? "-" : unit) << ", ";
+        for (int i = 0; i < variables.requested_.count(); ++i) {
+            const RequestedVariable& variable = variables.requested_.at(i);
+            text << variable.name_ << " " << variable.error_ << " "
+                 << (variable.unit_ == nullptr ? "-" : variable.unit_) << ", ";
         }
         text << variables.errorCount_;
         return text.str();

@@ -12,7 +12,8 @@ namespace {
 class PlaceWriter final : public ArrayLogWriter {
 public:
     PlaceWriter(Order order, NameList& names, NameList& settings)
-        : ArrayLogWriter(order, names.count(), names.list(), nullptr, settings.count(), settings.list()) {}
+        : ArrayLogWriter(order, RequestedVariables(names.count(), names.list()),
+                         RequestedVariables(settings.count(), settings.list())) {}
     unsigned int write(const LogEntry* entry, const Unit* unit) override {
         const unsigned int bytes = FilterLogWriter::write(entry, unit);
         isComplete_ = placeRequests() || isComplete_;

@@ -8,9 +8,8 @@
 #include "data/BlobValue.h"
 #include "logger/entry/DataEntry.h"
 
-JsonLogWriter::JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount,
-                             char** attList)
-    : ArrayLogWriter(SHORTEST_FIRST, varCount, varList, unitList, attCount, attList),
+JsonLogWriter::JsonLogWriter(bool formatted, const RequestedVariables& variables, const RequestedVariables& settings)
+    : ArrayLogWriter(SHORTEST_FIRST, variables, settings),
       json_(new JsonDocument(formatted)),
       nodes_(new Node[requestCount()]) {}
 
@@ -136,7 +135,7 @@ void JsonLogWriter::endEarly() {
 }
 
 void JsonLogWriter::tellRefused() const {
-    log_.getLogger().syslog(Str("Failed to write ") + fileName() + ": " + strerror(ENOMEM), Syslog::ERROR);
+    log_.getLogger().fileFailure("write", fileName(), strerror(ENOMEM));
 }
 
 void JsonLogWriter::resetInputs() {

@@ -11,8 +11,12 @@
 // is written with what is there by then, and an ERROR tells.
 class JsonLogWriter final : public ArrayLogWriter {
 public:
-    // The lists are borrowed. formatted: over many lines, indented.
-    JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount, char** attList);
+    // formatted: over many lines, indented.
+    JsonLogWriter(bool formatted, const RequestedVariables& variables, const RequestedVariables& settings);
+    // From parallel lists; their texts are borrowed and outlive the writer.
+    JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount, char** attList)
+        : JsonLogWriter(formatted, RequestedVariables(varCount, varList, unitList),
+                        RequestedVariables(attCount, attList)) {}
 
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
     // The document, once. When no variable has a place in it, the reasons go to standard output instead.

@@ -5,9 +5,9 @@
 #include "logger/entry/DataEntry.h"
 #include "logger/writer/matlab/MatlabForm.h"
 
-HDF5LogWriter::HDF5LogWriter(const Str& filename, bool matlab, int varCount, char** varList, char** unitList,
-                             int attCount, char** attList)
-    : ArrayLogWriter(SHORTEST_FIRST, varCount, varList, unitList, attCount, attList),
+HDF5LogWriter::HDF5LogWriter(const Str& filename, bool matlab, const RequestedVariables& variables,
+                             const RequestedVariables& settings)
+    : ArrayLogWriter(SHORTEST_FIRST, variables, settings),
       filename_(filename),
       matlab_(matlab),
       hdf5_(filename.cStr(), matlab ? MatlabForm::HEADER_SIZE : 0),
@@ -76,7 +76,7 @@ MatlabLeaf::Description HDF5LogWriter::describe(const Unit& unit, const Variable
 unsigned int HDF5LogWriter::addSample(const DataEntry& entry, int request) {
     MatlabLeaf* const leaf = leafOf_[request];
     if (leaf == nullptr) return 0;
-    if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entry.getTimestamp();
+    if (!firstTime_.isSet()) firstTime_ = entry.getTimestamp();
     if (!leaf->add(entry, padding_)) padding_.report(filename_.cStr(), nameOf(request));
     checkFile("write");
     return 1;
@@ -88,8 +88,7 @@ unsigned int HDF5LogWriter::writeFooter() {
     for (unsigned int i = 0; i < leaves_.size(); ++i) leaves_.at(i)->finish();
     tree_.finish();
     if (matlab_) {
-        const bool isEmpty = firstTime_ == Timestamp::NOT_SET_TIME;
-        hdf5_.setUserBlock(MatlabForm::Header(isEmpty ? Timestamp::EPOCH_START_TIME : firstTime_));
+        hdf5_.setUserBlock(MatlabForm::Header(firstTime_.isSet() ? firstTime_ : Timestamp::EPOCH_START_TIME));
     }
     hdf5_.finalize();
     checkFile("write");

@@ -16,9 +16,13 @@
 // what was written stays.
 class HDF5LogWriter final : public ArrayLogWriter, public HasFilename {
 public:
-    // The lists are borrowed.
+    HDF5LogWriter(const Str& filename, bool matlab, const RequestedVariables& variables,
+                  const RequestedVariables& settings);
+    // From parallel lists; their texts are borrowed and outlive the writer.
     HDF5LogWriter(const Str& filename, bool matlab, int varCount, char** varList, char** unitList, int attCount,
-                  char** attList);
+                  char** attList)
+        : HDF5LogWriter(filename, matlab, RequestedVariables(varCount, varList, unitList),
+                        RequestedVariables(attCount, attList)) {}
     ~HDF5LogWriter() override;  // finishes the file, if that has not been done
 
     unsigned int write(const LogEntry* entry, const Unit* unit) override;

@@ -13,9 +13,9 @@
 static const char* const COORDINATES = "time depth latitude longitude";
 static const char* const TIME_UNITS = "seconds since 1970-01-01 00:00:00Z";
 
-NetCdfLogWriter::NetCdfLogWriter(const Str& filename, bool version4, int varCount, char** varList, char** unitList,
-                                 int attCount, char** attList)
-    : ArrayLogWriter(AS_LISTED, varCount, varList, unitList, attCount, attList),
+NetCdfLogWriter::NetCdfLogWriter(const Str& filename, bool version4, const RequestedVariables& variables,
+                                 const RequestedVariables& settings)
+    : ArrayLogWriter(AS_LISTED, variables, settings),
       filename_(filename),
       netCdfWriter_(NetCdfWriter::NewNetCdfWriter(filename_.cStr(), version4, NetCdfConventions::TRAJECTORY_NAME)),
       vars_(new NetCdf::NetCdfVar*[requestCount()]()),
@@ -50,8 +50,7 @@ bool NetCdfLogWriter::place(int request) {
     const int position = positionOf(request);
     const ElementURI* const uri = log_.getElementURI(selection.code(position));
     if (const DataAccess* const access = selection.access(position)) {
-        addVar(request, uri, access->getBinaryType(), NetCdfConventions::UnitOf(selection, position, *access),
-               access->getUniversalCode());
+        addVar(request, uri, access->getBinaryType(), selection.unitOf(position, *access), access->getUniversalCode());
     } else if (const Unit* const unit = selection.unitOfName(position)) {
         const ElementURI unknown(ElementURI::NO_CODE, selection.name(position), ElementURI::DATA_ELEMENT);
         addVar(request, &unknown, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(unknown, log_));
@@ -191,6 +190,6 @@ unsigned int NetCdfLogWriter::writeFooter() {
     if (!netCdfInitialized_) {
         NetCdfConventions::PrintNothingWritten(variables_, [this](int i) { return vars_[ownerOf(i)] != nullptr; });
     }
-    finalized_ = NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
+    NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
     return 0;
 }

@@ -11,9 +11,13 @@
 // Without a file, when it cannot be created, the writer is silent.
 class NetCdfLogWriter final : public ArrayLogWriter, public HasFilename {
 public:
-    // The lists are borrowed.
+    NetCdfLogWriter(const Str& filename, bool version4, const RequestedVariables& variables,
+                    const RequestedVariables& settings);
+    // From parallel lists; their texts are borrowed and outlive the writer.
     NetCdfLogWriter(const Str& filename, bool version4, int varCount, char** varList, char** unitList, int attCount,
-                    char** attList);
+                    char** attList)
+        : NetCdfLogWriter(filename, version4, RequestedVariables(varCount, varList, unitList),
+                          RequestedVariables(attCount, attList)) {}
     ~NetCdfLogWriter() override;  // finishes the file, if that has not been done
 
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
@@ -41,7 +45,6 @@ private:
     const Str filename_;
     const std::unique_ptr<NetCdfWriter> netCdfWriter_;  // null: the file could not be created
     bool netCdfInitialized_ = false;
-    bool finalized_ = false;
     // Per request. The variables are the file's; null: none.
     const std::unique_ptr<NetCdf::NetCdfVar*[]> vars_;
     const std::unique_ptr<const ElementURI*[]> varUris_;  // whose shape the values have; null: single values

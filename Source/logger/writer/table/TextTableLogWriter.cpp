@@ -8,16 +8,16 @@
 static const unsigned int TIME_DECIMALS = 3;
 static const char* const NO_VALUE = "nan";
 
-TextTableLogWriter::TextTableLogWriter(const char* separator, int varCount, char** varList, char** unitList,
-                                       bool hideUnits, bool interpolate)
-    : TableLogWriter(varCount, varList, unitList, interpolate),
+TextTableLogWriter::TextTableLogWriter(const char* separator, const RequestedVariables& variables, bool hideUnits,
+                                       bool interpolate)
+    : TableLogWriter(nullptr, variables, interpolate),
       separator_(separator),
       separatorLength_(strlen(separator)),
       hideUnits_(hideUnits),
-      valueStrings_(new Str[varCount]) {
+      valueStrings_(new Str[columns_.count()]) {
     for (const unsigned char c : {'"', '\r', '\n'}) forcesQuotes_[c] = true;
     if (separatorLength_ == 1) forcesQuotes_[static_cast<unsigned char>(*separator_)] = true;
-    for (int column = 0; column < varCount; ++column) setCell(column, NO_VALUE, strlen(NO_VALUE));
+    for (int column = 0; column < columns_.count(); ++column) setCell(column, NO_VALUE, strlen(NO_VALUE));
 }
 
 unsigned int TextTableLogWriter::writeHeader() {
@@ -45,12 +45,21 @@ unsigned int TextTableLogWriter::writeToColumn(const DataEntry* entry, int colum
 
 unsigned int TextTableLogWriter::writeRow() {
     if (!isValid()) return 0;
-    char time[Timestamp::TEXT_ROOM];
     line_.clear();
-    line_.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
-    line_.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
+    appendTime();
     for (int column = 0; column < columns_.count(); ++column) line_.append(valueStrings_[column]);
     return putLine();
+}
+
+// Without any cycle start the only row has no time.
+void TextTableLogWriter::appendTime() {
+    if (!lastTime_.isSet()) {
+        line_.append(NO_VALUE).append(separator_).append(NO_VALUE);
+        return;
+    }
+    char time[Timestamp::TEXT_ROOM];
+    line_.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
+    line_.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
 }
 
 unsigned int TextTableLogWriter::writeFooter() {

@@ -11,8 +11,11 @@
 class TextTableLogWriter : public TableLogWriter {
 public:
     // The separator is borrowed; hideUnits: values without their unit.
+    TextTableLogWriter(const char* separator, const RequestedVariables& variables, bool hideUnits, bool interpolate);
+    // From parallel lists; their texts are borrowed and outlive the writer.
     TextTableLogWriter(const char* separator, int varCount, char** varList, char** unitList, bool hideUnits,
-                       bool interpolate);
+                       bool interpolate)
+        : TextTableLogWriter(separator, RequestedVariables(varCount, varList, unitList), hideUnits, interpolate) {}
 
     unsigned int writeHeader() override;
     unsigned int writeFooter() override;
@@ -23,6 +26,7 @@ private:
     void appendCell(const char* text, size_t length);
     bool needsQuotes(const char* text, size_t length) const;
     void setCell(int column, const char* text, size_t length);
+    void appendTime();
     unsigned int putLine();
 
     const char* const separator_;  // borrowed
