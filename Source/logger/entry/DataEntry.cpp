@@ -64,6 +64,10 @@ unsigned short DataEntry::getUniversalCode() const {
     return dataAccess_ == nullptr ? ElementURI::NO_CODE : dataAccess_->getEffectiveUniversalCode();
 }
 
+unsigned short DataEntry::getBestCode() const {
+    return best_ ? getUniversalCode() : ElementURI::NO_CODE;
+}
+
 // The first access from `first` up to but not including `end` that is typed and matches; null when there is none.
 template <typename Matches>
 static const DataAccess* FindTyped(const Log& log, unsigned int first, unsigned int end, Matches matches) {

@@ -46,8 +46,10 @@ public:
     bool isChanged() const { return changed_; }
     bool isDataWrite() const;
     unsigned short getElementCode() const;
-    // The universal code under which a best value also counts; ElementURI::NUM_CODES or above: none.
+    // Of the universal that the element serves; ElementURI::NUM_CODES or above: none.
     unsigned short getUniversalCode() const;
+    // Of the universal as whose value it also counts, being the best; ElementURI::NUM_CODES or above: none.
+    unsigned short getBestCode() const;
     // The value as a number in the unit; NaN without a value or where it is no number of such a unit.
     double getNumber(const Unit& unit) const;
     // The unit in which the value is shown when `unit` is asked for (null: none is).

@@ -7,7 +7,7 @@
 #include "utils/Str.h"
 #include "utils/Timestamp.h"
 
-// The outputs a run can make, in the order in which they are created.
+// The outputs a run can make. In which order they are created is for the OutputAssembly to say.
 enum OutputKind : unsigned int {
     BINARY_OUTPUT,
     CSV_OUTPUT,

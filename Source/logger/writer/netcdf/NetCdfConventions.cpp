@@ -64,8 +64,3 @@ void NetCdfConventions::Finish(NetCdfWriter& writer, bool hasContent, OutputOutc
         outcome.fail();
     }
 }
-
-void NetCdfConventions::PrintNothingWritten(const VariableSelection& selection, NetCdf::NetCdfVar* const* vars) {
-    puts("No netCDF file written");
-    selection.printMissing([vars](int index) { return vars[index] != nullptr; });
-}

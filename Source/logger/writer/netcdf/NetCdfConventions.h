@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+
 #include "logger/writer/OutputOutcome.h"
 #include "logger/writer/VariableSelection.h"
 #include "utils/netcdf/NetCdfWriter.h"
@@ -31,6 +33,10 @@ void AddFileAtts(NetCdfWriter& writer);
 
 // Ends the file; one without content is removed.
 void Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome);
-// Says why there is nothing in the file. vars has an item for each of the selection.
-void PrintNothingWritten(const VariableSelection& selection, NetCdf::NetCdfVar* const* vars);
+// Says why there is nothing in the file; hasPlace(index) as printMissing's.
+template <typename HasPlace>
+void PrintNothingWritten(const VariableSelection& selection, HasPlace hasPlace) {
+    puts("No netCDF file written");
+    selection.printMissing(hasPlace);
+}
 }  // namespace NetCdfConventions
