@@ -54,12 +54,8 @@ public:
     // Says on standard output why an output holds nothing; hasPlace(index) tells whether it has one for the variable.
     template <typename HasPlace>
     void printMissing(HasPlace hasPlace) const {
-        for (int i = 0; i < count(); ++i) {
-            if (!isFound(i)) printf("Could not find variable \"%s\"\n", name(i));
-        }
-        for (int i = 0; resolved_ && i < count(); ++i) {
-            if (!hasPlace(i)) printf("Never ran writer for variable \"%s\"\n", name(i));
-        }
+        printThose("Could not find variable", [this](int i) { return !isFound(i); });
+        if (resolved_) printThose("Never ran writer for variable", [&](int i) { return !hasPlace(i); });
     }
 
 private:
@@ -69,6 +65,16 @@ private:
         const Unit* unit_ = nullptr;
         int indexBefore_ = -1;
     };
+    // A line each, and one for those that would be too many: an output may have been asked for all of a log's.
+    template <typename IsMeant>
+    void printThose(const char* text, IsMeant isMeant) const {
+        static const int MAX_SHOWN = 20;
+        int meant = 0;
+        for (int i = 0; i < count(); ++i) {
+            if (isMeant(i) && ++meant <= MAX_SHOWN) printf("%s \"%s\"\n", text, name(i));
+        }
+        if (meant > MAX_SHOWN) printf("%s: %d more\n", text, meant - MAX_SHOWN);
+    }
     bool lookUpAll();
     bool lookUpCode(int index);  // true when the log knows the name
     void lookUpUnit(int index);
