@@ -124,13 +124,16 @@ TEST_F(RunTest, AMissionLimitsTheOutputToItself) {
     dive.add(dive.log_.nameEntry(dive.log_.declare("Survey.loop")));
     dive.cycles(0, 3);
     dive.add(dive.log_.running("Survey", 3.0, 1));
-    dive.cycles(3, 4);
+    dive.cycles(3, 2);
+    dive.add(dive.log_.running("Survey", 5.0, -1));  // preempted: still in it
+    dive.cycles(5, 2);
+    dive.add(dive.log_.running("Other", 6.9, 0));
     dive.add(dive.log_.running("Survey", 7.0, 0));
     dive.cycles(7, 5);
     write("dive", dive.bytes());
     runInSilence({"-alr", "Survey", "dive"});
     EXPECT_EQ(4u, CountOf(read("dive.log"), "\n"));
-    EXPECT_EQ(4u * 4 + 2, CountOf(read("dive.asc"), "\n")) << read("dive.asc");  // both markers are in it
+    EXPECT_EQ(4u * 4 + 4, CountOf(read("dive.asc"), "\n")) << read("dive.asc");  // all markers are in it
 }
 
 TEST_F(RunTest, GpsFixesCorrectTheTimesUnlessTheyAreLeftAlone) {
@@ -211,8 +214,10 @@ TEST_F(RunTest, InputsOfEveryKind) {
     files.write("parts0001", DiveLog::Of(3, 2));
     std::filesystem::create_directory(files.path("priority"));
     files.write("priority/Courier0000", DiveLog::Of(4));
+    for (const char* const part : {"gap0000", "gap0020", "gap0041"}) files.write(part, DiveLog::Of(1));
     const std::tuple<std::vector<std::string>, const char*, size_t> cases[] = {
         // with the messages in the output
+        {{"-l", "gap"}, "gap.log", 2},  // nineteen missing numbers are bridged, twenty are the end
         {{"-l"}, "Logs/latest/slate.log", 3},
         {{"-l", "Logs/latest"}, "Logs/latest/slate.log", 3},
         {{"-l", "parts"}, "parts.log", 5},

@@ -64,9 +64,12 @@ struct RunSettings {
     OutputVariables variables_;
     FlexArray<Str*> complaints_{true};  // about words that mean nothing, each once; owned
 
+    // Keeps a sentence for the user until messages can be shown; one that is kept already is dropped.
     void complain(const Str& text);
+    // No entry can lie between the bounds.
     bool isWindowReversed() const { return startTime_.isSet() && endTime_.isSet() && endTime_ < startTime_; }
     bool writes(OutputKind kind) const { return outputs_.test(kind); }
+    // No entry is read.
     bool isDirectoryOnly() const { return outputs_ == OutputKinds(1u << DIRECTORY_OUTPUT); }
     // Some output has a place for each variable and must know them all before the first entry.
     bool hasTableOutput() const {

@@ -29,7 +29,7 @@ unsigned short CodeOfLastPart(const Str& name, const Log& log);
 // was asked for.
 void Describe(NetCdfWriter& writer, NetCdf::NetCdfVar& var, const Unit& unit, const ElementURI* standardName,
               const char* coordinates, const char* requestedText);
-void AddFileAtts(NetCdfWriter& writer);
+void AddFileAtts(NetCdfWriter& writer);  // which conventions the file follows
 
 // Ends the file; one without content is removed.
 void Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome);
