@@ -2,7 +2,6 @@
 
 #include "data/RecordText.h"
 #include "io/InStream.h"
-#include "io/OutStream.h"
 #include "utils/TextBuffer.h"
 
 Str CodedStr::recordText() const {
@@ -12,8 +11,7 @@ Str CodedStr::recordText() const {
 }
 
 size_t CodedStr::write(OutStream& out) const {
-    const Str record = recordText();
-    return out.write(record.data(), record.length()).bytesWritten();
+    return RecordText::Write(out, recordText());
 }
 
 CodedStr* CodedStr::Read(InStream& in) {

@@ -5,7 +5,6 @@
 #include "data/Log.h"
 #include "data/RecordText.h"
 #include "io/InStream.h"
-#include "io/OutStream.h"
 #include "units/UnitRegistry.h"
 #include "utils/TextBuffer.h"
 
@@ -153,8 +152,7 @@ Str DataAccess::recordText() const {
 }
 
 size_t DataAccess::write(OutStream& out) const {
-    const Str record = recordText();
-    return out.write(record.data(), record.length()).bytesWritten();
+    return RecordText::Write(out, recordText());
 }
 
 DataAccess* DataAccess::Read(InStream& in) {

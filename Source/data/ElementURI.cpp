@@ -6,7 +6,6 @@
 #include "data/RecordText.h"
 #include "data/Slate.h"
 #include "io/InStream.h"
-#include "io/OutStream.h"
 #include "utils/StaticOrder.h"
 #include "utils/TextBuffer.h"
 
@@ -96,8 +95,7 @@ Str ElementURI::recordText() const {
 }
 
 size_t ElementURI::write(OutStream& out) const {
-    const Str record = recordText();
-    return out.write(record.data(), record.length()).bytesWritten();
+    return RecordText::Write(out, recordText());
 }
 
 ElementURI* ElementURI::Read(InStream& in) {

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "io/InStream.h"
+#include "io/OutStream.h"
 #include "utils/Str.h"
 
 namespace {
@@ -45,4 +46,8 @@ bool RecordText::ReadQuoted(InStream& in, unsigned int room, Str& text) {
     if (length == 0 || length > room || found[length - 1] != '"') return false;
     text.set(found, length - 1);
     return true;
+}
+
+size_t RecordText::Write(OutStream& out, const Str& record) {
+    return out.write(record.data(), record.length()).bytesWritten();
 }

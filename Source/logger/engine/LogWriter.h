@@ -45,7 +45,8 @@ public:
     virtual void endCycle() {}
     // What ends the output, with what was held back until then; bytes written. Only a new header follows.
     virtual unsigned int writeFooter() { return 0; }
-    // Configuration from the logger on board; writers in front of another hand it on. The converter never calls it.
+    // The vehicle's logger has been configured; it is borrowed for the call, and writers in front of another hand it
+    // on. The converter never calls it.
     virtual void config(Logger&) {}
     virtual void resetInputs() {}  // forget what one input was about
     // When memory is refused, a writer that holds much may have to end its output with what it has, and a message.

@@ -24,9 +24,9 @@ public:
     bool isStale() const { return watch_.hasChanged(); }
 
     int count() const { return requested_.count(); }
-    const char* name(int index) const { return requested_.at(index).name_; }      // as asked for
-    const char* unitName(int index) const { return requested_.at(index).unit_; }  // null when no unit was asked for
-    float error(int index) const { return requested_.at(index).error_; }
+    const char* name(int index) const { return requested_.at(index).name_; }       // as asked for
+    const char* unitName(int index) const { return requested_.at(index).unit_; }   // null when none was asked for
+    float error(int index) const { return requested_.at(index).error_; }           // NaN when none was given
     unsigned short code(int index) const { return variables_[index].code_; }       // ElementURI::NO_CODE until found
     bool isFound(int index) const { return code(index) < ElementURI::NUM_CODES; }  // the log has named it
     bool isUniversal(int index) const { return variables_[index].isUniversal_; }   // false until found
@@ -55,12 +55,8 @@ public:
     // Says on standard output why an output holds nothing; hasPlace(index) tells whether it has one for the variable.
     template <typename HasPlace>
     void printMissing(HasPlace hasPlace) const {
-        for (int i = 0; i < count(); ++i) {
-            if (!isFound(i)) printf("Could not find variable \"%s\"\n", name(i));
-        }
-        for (int i = 0; resolved_ && i < count(); ++i) {
-            if (!hasPlace(i)) printf("Never ran writer for variable \"%s\"\n", name(i));
-        }
+        printThose("Could not find variable", [this](int i) { return !isFound(i); });
+        if (resolved_) printThose("Never ran writer for variable", [&](int i) { return !hasPlace(i); });
     }
 
 private:
@@ -70,6 +66,16 @@ private:
         const Unit* unit_ = nullptr;
         int indexBefore_ = -1;
     };
+    // A line each, and one for those that would be too many: an output may have been asked for all of a log's.
+    template <typename IsMeant>
+    void printThose(const char* text, IsMeant isMeant) const {
+        static const int MAX_SHOWN = 20;
+        int meant = 0;
+        for (int i = 0; i < count(); ++i) {
+            if (isMeant(i) && ++meant <= MAX_SHOWN) printf("%s \"%s\"\n", text, name(i));
+        }
+        if (meant > MAX_SHOWN) printf("%s: %d more\n", text, meant - MAX_SHOWN);
+    }
     bool lookUpAll();
     bool lookUpCode(int index);  // true when the log knows the name
     void lookUpUnit(int index);

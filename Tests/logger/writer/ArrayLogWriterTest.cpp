@@ -12,8 +12,7 @@ namespace {
 class PlaceWriter final : public ArrayLogWriter {
 public:
     PlaceWriter(Order order, NameList& names, NameList& settings)
-        : ArrayLogWriter(order, RequestedVariables(names.count(), names.list()),
-                         RequestedVariables(settings.count(), settings.list())) {}
+        : ArrayLogWriter(order, {names.count(), names.list()}, {settings.count(), settings.list()}) {}
     unsigned int write(const LogEntry* entry, const Unit* unit) override {
         const unsigned int bytes = FilterLogWriter::write(entry, unit);
         isComplete_ = placeRequests() || isComplete_;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <tuple>
 
 #include "support/NameList.h"
@@ -56,6 +57,18 @@ TEST_F(VariableSelectionTest, ANameListedAgainMayBringItsUnit) {
     EXPECT_EQ(&Units::METER, selection.shownUnit(1));
     EXPECT_EQ(&Units::CENTIMETER, selection.shownUnit(4));
     EXPECT_EQ(nullptr, selection.shownUnit(5));
+}
+
+TEST_F(VariableSelectionTest, OfManyThatAreMissingTheFirstAreNamed) {
+    NameList names;
+    std::string expected;
+    for (int i = 0; i < 23; ++i) {
+        names.add("No.such" + std::to_string(i));
+        if (i < 20) expected += "Could not find variable \"No.such" + std::to_string(i) + "\"\n";
+    }
+    testing::internal::CaptureStdout();
+    VariableSelection({names.count(), names.list()}).printMissing([](int) { return false; });
+    EXPECT_EQ(expected + "Could not find variable: 3 more\n", testing::internal::GetCapturedStdout());
 }
 
 // Of a universal its own, of another variable that of the universal which it serves.
