@@ -29,7 +29,6 @@ public:
     ~DataEntry() override;
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
     void appendTo(TextBuffer& text, const Unit* unit) const override;
     // The value's text in the unit given, failing that in the access's, failing that in its own; "NULL" without a
     // value.
@@ -74,7 +73,6 @@ public:
 
 private:
     void shareValueWith(DataElement& element);
-    const char* arrow() const;  // from or to the element, doubled for a best value
 
     DataAccess* dataAccess_;  // owned by the log
     DataValue* dataValue_;    // owned when ownsValue_, else the element's current value

@@ -21,7 +21,7 @@ public:
     explicit DirectoryEntry(ElementURI* element, Log& log = Log::Current());
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
+    void appendTo(TextBuffer& text, const Unit* unit) const override;
 
     DirectoryType getDirectoryType() const { return directoryType_; }
     // Of a VERSION entry; it says nothing for another.

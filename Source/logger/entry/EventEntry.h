@@ -46,7 +46,7 @@ public:
     EventEntry(const Component* actor, const DataElement* element, EventType type, double accuracy);
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
+    void appendTo(TextBuffer& text, const Unit* unit) const override;
     // What stands behind the event type in the line of text: "Running Loop=3"; "Depth.depth=VALID", "Unknown" for an
     // element that the log does not name.
     virtual Str makeComponentActionString() const;
@@ -84,6 +84,8 @@ private:
     unsigned int writeCycleStart(Timestamp& timeBase, OutStream& out) const;
     size_t writeBody(OutStream& out) const;
     bool readBody(InStream& in, const Logger& logger);
+    void appendDataValue(TextBuffer& text) const;
+    void appendComponentAction(TextBuffer& text) const;
     size_t writeAction(OutStream& out) const;
     bool readAction(InStream& in, const Logger& logger);
 

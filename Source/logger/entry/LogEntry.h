@@ -35,9 +35,9 @@ public:
     // 0 for an entry that the log cannot hold.
     virtual unsigned int write(Timestamp& timeBase, OutStream& out) const = 0;
     // The entry's line of text, a value in the unit given (null: its own); empty for an entry that is not shown.
-    virtual Str toString(const Unit* unit) const = 0;
+    virtual Str toString(const Unit* unit) const;
     // The same text at the end of the caller's.
-    virtual void appendTo(TextBuffer& text, const Unit* unit) const;
+    virtual void appendTo(TextBuffer& text, const Unit* unit) const = 0;
 
     Type getType() const { return type_; }
     // NOT_SET_TIME in a directory entry, which has no time.

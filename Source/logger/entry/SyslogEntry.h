@@ -20,7 +20,7 @@ public:
     SyslogEntry(const SyslogEntry& other) = default;
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
+    void appendTo(TextBuffer& text, const Unit* unit) const override;
     // A shorter line for the note of a place on a map; empty at severity NONE, as toString.
     virtual Str toKmlString(const Unit* unit) const;
 
