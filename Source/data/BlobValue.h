@@ -24,8 +24,8 @@ public:
         setFrom(unit, values, count);
     }
 
-    BlobType getBlobType() const { return blobType_; }
-    size_t getCount() const;  // of whole elements; 0 for a type that is none
+    BlobType getBlobType() const { return blobType_; }  // NOT_BLOB when the name is of no array
+    size_t getCount() const;                            // of whole elements; 0 for a type that is none
 
     using StrValue::copyTo;
     using StrValue::setFrom;

@@ -84,15 +84,18 @@ struct CodedItems {
         return true;
     }
 
+    // From here on the store deletes it.
     T* own(T* item) {
         store_.push(item);
         return item;
     }
 
+    // Puts it at the end of the list unless it is there.
     void remember(T* item) {
         if (list_.find(item) < 0) list_.push(item);
     }
 
+    // Nothing is known of it any more, by text or by code; an owned one lives on.
     void remove(T* item, const Str& text) {
         byText_.pop(text);
         list_.pop(item);
@@ -100,6 +103,7 @@ struct CodedItems {
         vacate(*item);
     }
 
+    // What the log has last said of the code is of another item than the one registered.
     bool isRetold(unsigned short code) const { return retold_.at(code) != nullptr; }
 
     // A log is read from its start: nothing has been said otherwise yet.
@@ -111,6 +115,7 @@ struct CodedItems {
         retold_.clear();
     }
 
+    // Everything is forgotten and every item loses its code; what is owned lives on.
     void forget() {
         forgetRetold();
         for (int code = byCode_.getMaxIndex(); code >= 0; --code) {
@@ -133,6 +138,7 @@ struct CodedItems {
         }
     }
 
+    // Takes the item's code from it, if it has one; no other item gets it by that.
     void vacate(T& item) {
         if (item.getCode() >= NO_CODE) return;
         byCode_.set(item.getCode(), nullptr);

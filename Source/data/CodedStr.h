@@ -16,6 +16,7 @@ public:
     CodedStr(const char* name, unsigned short code = NO_CODE) : Str(name), code_(code) {}
 
     unsigned short getCode() const { return code_; }
+    // For the log that registers the name; the name's place there does not follow.
     void setCode(unsigned short code) { code_ = code; }
 
     // ` code=0005 name="Depth"` and a line feed; the number of bytes written.

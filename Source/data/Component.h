@@ -16,9 +16,11 @@ public:
     const CodedStr& getName() const { return name_; }
     bool isActive() const { return active_ && !failed_; }  // what it supplies can be read
     void setActive(bool active) { active_ = active; }      // false: switched off; a failed one stays inactive
+    // It has failed, be it switched on or off.
     bool isFailed() const { return failed_; }
     void setFailed(bool failed) { failed_ = failed; }
     const Timestamp& getLastRun() const { return lastRun_; }  // NOT_SET_TIME before the first
+    // What was set since then counts as new to it.
     void setLastRun(const Timestamp& t) { lastRun_ = t; }
 
 private:

@@ -15,9 +15,12 @@ public:
     Contradictions(const Contradictions&) = delete;
     Contradictions& operator=(const Contradictions&) = delete;
 
+    // A log is read from here on; the name is for the messages.
     void begin(const Str& logName);
     void end();  // outside of a log nothing is reported
     template <typename T>
+    // Looks at what the log has just said of the code: an ERROR if that is otherwise and has not been reported. Unless
+    // a log is read and somebody hears, nothing is done.
     void report(CodedItems<T>& items, unsigned short code);
 
     // The first of a kind, as a text; empty when there is none.

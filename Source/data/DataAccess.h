@@ -35,7 +35,10 @@ public:
     DataAccess& operator=(const DataAccess&) = delete;
 
     unsigned short getCode() const { return code_; }
+    // For the log that registers the access; its place there does not follow.
     void setCode(unsigned short code) { code_ = code; }
+    // Codes of the component's name, of the element and of the universal that it serves, in its log. SELF_CODE stands
+    // for the element itself; NUM_CODES or above, else, for none.
     unsigned short getOwnerCode() const { return ownerCode_; }
     unsigned short getElementCode() const { return elementCode_; }
     unsigned short getUniversalCode() const { return universalCode_; }
@@ -48,20 +51,24 @@ public:
     }
     const Unit& unitOrNone() const { return getUnit() == nullptr ? Units::NONE : *getUnit(); }
     Str getUnitName() const;  // the name as the log gave it; "none" without a unit
+    // How its values lie in the log, and in how many bytes; of a text the size says only that it has a type.
     BinaryDataType getBinaryType() const { return binaryType_; }
     unsigned short getTypeSize() const { return typeSize_; }
+    // Values can be decoded; isUntyped: nothing is known of them. A record may tell half of it and be neither.
     bool isTyped() const { return binaryType_ >= STRVALUE && typeSize_ != 0; }
     bool isUntyped() const { return binaryType_ == NO_TYPE && typeSize_ == 0; }
     DataAccessor::AccessorType getAccessorType() const { return accessorType_; }
     bool isWriter() const { return accessorType_ == DataAccessor::DATA_WRITER; }
     bool getNoInterpFlag() const { return noInterpFlag_; }  // values must not be interpolated between samples
     void setNoInterpFlag(bool noInterp) { noInterpFlag_ = noInterp; }
+    // Of the times of its entries in the log.
     Logger::TimePrecisionType getTimePrecision() const { return timePrecision_; }
     void setTimePrecision(Logger::TimePrecisionType precision) { timePrecision_ = precision; }
     // Nothing in the record, read under the same code, speaks against this access. A record without type leaves unit,
     // type and size open, and so does an access that has found none yet.
     bool agreesWith(const DataAccess& record) const;
     bool declaresTheSame(const DataAccess& other) const;  // everything but the code is equal
+    // Not null. A unit that has not been looked up stays a name.
     void copyUnitsTypeAndSizeFrom(const DataAccess* other);
     // How much was known of types when this access, without one, last looked for one to inherit; 0 before it did.
     unsigned int getTypesSeen() const { return typesSeen_; }

@@ -41,6 +41,7 @@ public:
     bool getNoInterpFlag() const { return noInterpFlag_; }  // its values must not be interpolated between samples
     // The coded access under which its entries stand in the log; null until the log made one.
     DataAccess* getDataAccess() const { return dataAccess_; }
+    // Borrowed from the log, which gives it when the accessor is attached.
     void setDataAccess(DataAccess* dataAccess) { dataAccess_ = dataAccess; }
 
     static int Str2RequestStrategy(const char* text);      // exact; -1 when the text is none of the words

@@ -5,7 +5,7 @@
 #include "data/Component.h"
 #include "data/DataReader.h"
 #include "data/DataWriter.h"
-#include "data/Slate.h"
+#include "data/Log.h"
 
 const char* const DataElement::UninitializedException::MESSAGE = "data element is not active.";
 
@@ -50,7 +50,7 @@ bool IsCheaper(float cost, float than) {
 }  // namespace
 
 void DataElement::UninitializedException::Report(const DataElement& element) {
-    Slate::GetLogger().syslog(element.getUri() + ": " + MESSAGE, Syslog::ERROR);
+    Log::Current().getLogger().syslog(element.getUri() + ": " + MESSAGE, Syslog::ERROR);
 }
 
 DataElement::DataElement(const ElementURI& uri, DataValue* value, float accuracy)

@@ -34,6 +34,7 @@ public:
     DataElement(const DataElement&) = delete;
     DataElement& operator=(const DataElement&) = delete;
 
+    // Its own copy of the name, with the code that the log has for it.
     const ElementURI& getUri() const { return name_; }
     void setCode(unsigned short code) { name_.setCode(code); }  // the log's, when the name gets it
     DataValue* getDataValue() const { return value_; }          // owned by the element
@@ -44,17 +45,20 @@ public:
         hasBeenSet_ = true;
     }
     const Timestamp& getTimestamp() const { return timestamp_; }  // of the last set; NOT_SET_TIME before
+    // For a value that was given, as by a log's reader; a set brings its own time.
     void setTimestamp(const Timestamp& t) { timestamp_ = t; }
     bool hasBeenSet() const { return hasBeenSet_; }  // or given a value object, as a log's reader does
     bool hasValue() const { return hasBeenSet_ && value_ != nullptr; }
 
     const Unit& getUnit() const;  // the value's, failing that the name's
+    // Of the value, failing that the one it is known to have, failing that of the name.
     const Unit& getBaseUnit() const {
         return value_ == nullptr && baseUnit_ != nullptr ? *baseUnit_ : getUnit().getBaseUnit();
     }
     size_t getTypeSize() const { return value_ == nullptr ? typeSize_ : value_->getTypeSize(); }  // bytes in the log
     // What is known of an element that has no value yet; a value tells its own.
     void setBaseUnit(const Unit& unit) { baseUnit_ = &unit.getBaseUnit(); }
+    // In bytes.
     void setTypeSize(size_t typeSize) { typeSize_ = typeSize; }
     BinaryDataType getBinaryType() const { return value_ == nullptr ? NO_TYPE : value_->getBinaryType(); }
 
@@ -214,6 +218,7 @@ public:
     bool isOwnersFailed() const override;
 
     void addSource(DataElement& source);  // borrowed; it feeds this one from now on. Once is enough
+    // Active or not.
     unsigned int sourceCount() const { return sources_.size(); }
     // Of the active sources the one that the strategy prefers, the earlier of equals; null when none is active.
     // MIN_ERROR is what the universal itself follows.

@@ -16,6 +16,7 @@ public:
     bool write(const Unit& unit, const T& value, const Timestamp& t) {
         return element_->set(*this, unit, value, t);
     }
+    // The same with a value in its own unit.
     bool write(const DataValue& value, const Timestamp& t) { return element_->set(*this, value, t); }
 
     bool isBest() const { return element_->isBest(); }  // no better element supplies the same universal

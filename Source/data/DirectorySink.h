@@ -9,6 +9,7 @@ class ElementURI;
 class DirectorySink {
 public:
     virtual ~DirectorySink() {}
+    // Each is called as soon as the item has its code, under the lock of its kind.
     virtual void takeNew(ElementURI& uri) = 0;
     virtual void takeNew(CodedStr& name) = 0;
     virtual void takeNew(DataAccess& access) = 0;

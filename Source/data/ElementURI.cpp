@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "data/BlobValue.h"
+#include "data/Log.h"
 #include "data/RecordText.h"
-#include "data/Slate.h"
 #include "io/InStream.h"
 #include "utils/StaticOrder.h"
 #include "utils/TextBuffer.h"
@@ -34,7 +34,7 @@ ElementURI::ElementURI(const Str& component, const Str& element, ElementType ele
                        unsigned short dimension2, unsigned short dimension3)
     : ElementURI(NO_CODE, buildURI(component, element), elementType, unit, binaryType, blobType, dimension1, dimension2,
                  dimension3) {
-    Slate::CodifyElementURI(*this);
+    Log::Current().codifyElementURI(*this);
 }
 
 ElementURI::ElementURI(const Str& component, const Str& part, const Str& lastPart, ElementType elementType,
@@ -66,7 +66,7 @@ ElementURI ElementURI::Create(const Str& component, const Str& element) {
 }
 
 ElementURI* ElementURI::FindURI(const Str& name) {
-    return Slate::FindElementURI(name);
+    return Log::Current().findElementURI(name);
 }
 
 int ElementURI::getDimensions() const {
@@ -99,7 +99,7 @@ size_t ElementURI::write(OutStream& out) const {
 }
 
 ElementURI* ElementURI::Read(InStream& in) {
-    return Read(in, Slate::GetLogger());
+    return Read(in, Log::Current().getLogger());
 }
 
 ElementURI* ElementURI::Read(InStream& in, const Logger& logger) {

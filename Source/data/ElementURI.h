@@ -44,16 +44,20 @@ public:
 
     virtual bool isUniversal() const { return false; }
 
+    // "component.element"; the element alone where the component is empty.
     static Str buildURI(const Str& component, const Str& element);
     static ElementURI Create(const Str& component, const Str& element);  // without a code
     static ElementURI* FindURI(const Str& name);  // the registered name, borrowed from the current log; null if none
 
+    // Of the log that the name is registered in; NUM_CODES or above where none has it. Setting it moves it in no log.
     unsigned short getCode() const { return code_; }
     void setCode(unsigned short code) { code_ = code; }
     bool hasCode() const { return code_ < NUM_CODES; }
+    // UNSPECIFIED_UNIT and NO_TYPE where nothing is known; a log tells them with its accesses, not with the name.
     const Unit& getUnit() const { return *unit_; }
     BinaryDataType getBinaryType() const { return binaryType_; }
     ElementType getElementType() const { return elementType_; }
+    // NOT_BLOB, and no dimensions, for all but arrays.
     BlobType getBlobType() const { return blobType_; }
     int getDimensions() const;  // how many are present
     unsigned short getDimension1() const { return dimension1_; }

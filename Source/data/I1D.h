@@ -9,6 +9,7 @@ template <typename T>
 class I1D {
 public:
     virtual ~I1D() {}
+    // How many numbers; it never changes.
     virtual unsigned int size() const = 0;
     virtual const T* data() const = 0;  // size() numbers in the base unit, as long as this lives
 

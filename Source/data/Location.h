@@ -13,6 +13,7 @@ public:
     static constexpr double EARTH_RADIUS_INVERTED = 1 / EARTH_RADIUS;
 
     Location();  // not a number
+    // Both angles are in the unit.
     Location(const Unit& unit, double lat, double lon);
     Location(const Location& other);
     Location& operator=(const Location& other);

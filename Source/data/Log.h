@@ -38,6 +38,7 @@ public:
     // As long as it lives, a log is this thread's current one. Uses end in the reverse order of their beginnings.
     class Use {
     public:
+        // Borrowed, outlives the use.
         explicit Use(Log& log) : before_(InUse_) { InUse_ = &log; }
         ~Use() { InUse_ = before_; }
         Use(const Use&) = delete;
@@ -49,8 +50,10 @@ public:
 
     void setLogger(const Logger* logger) { logger_ = logger; }  // borrowed
     const Logger& getLogger() const;                            // one that says nothing when none was set
+    // In force: by it entries are decoded and written.
     LogVersion& version() { return version_; }
     const LogVersion& version() const { return version_; }
+    // What becomes of names that are new while the log is written.
     DirectoryWrites& directoryWrites() { return directoryWrites_; }
     // Words that the names of the log's parts may begin with; borrowed, null for none.
     void setPriorityWords(const FlexArray<const char*>* words) { priorityWords_ = words; }
@@ -69,6 +72,7 @@ public:
     void setDirectoryRead() { directoryRead_ = true; }
     const Str& getSideFile() const { return sideFile_; }  // where the directory was read from; empty: the log
     void setSideFile(const Str& path) { sideFile_ = path; }
+    // A directory record of no known kind was passed over.
     void countUnknownRecord() { ++unknownRecords_; }
     unsigned long getUnknownRecords() const { return unknownRecords_; }  // directory records that were of no known kind
 
@@ -79,6 +83,7 @@ public:
     void codifyElementURI(ElementURI& uri);
     ElementURI* registerElementURI(ElementURI* uri);
     void deRegisterElementURI(ElementURI* uri);  // forgets it; an owned object lives on
+    // Null for a code that no name has.
     ElementURI* getElementURI(unsigned short code) const {
         MutexLocker lock(elementURIs_.mutex_);
         return elementURIs_.byCode_.at(code);
@@ -90,9 +95,11 @@ public:
         MutexLocker lock(elementURIs_.mutex_);
         return elementURIs_.count_;
     }
+    // All codes below it may be in use; none from it on is.
     unsigned short getNextElementURICode() const { return elementURIs_.nextCode_; }
 
     // Coded names, alike.
+    // Register as for element names: name is taken over.
     CodedStr* registerCodedName(CodedStr* name);
     CodedStr* getName(unsigned short code) const {
         MutexLocker lock(names_.mutex_);
@@ -103,6 +110,7 @@ public:
     unsigned short getNextNameCode() const { return names_.nextCode_; }
 
     // Data accesses, alike.
+    // Register as for element names: access is taken over.
     DataAccess* registerDataAccess(DataAccess* access);
     DataAccess* getDataAccess(unsigned short code) const {
         MutexLocker lock(dataAccesses_.mutex_);
@@ -120,6 +128,7 @@ public:
     DataAccess* findDescribingAccess(unsigned short elementCode, bool isUniversal) const;
     // Grows with what an access without type can inherit: accesses, and types that accesses have inherited.
     unsigned int countTypes() const { return getDataAccessCount() + inheritedTypes_; }
+    // An access has got its type from another.
     void countInheritedType() { ++inheritedTypes_; }
 
     // The items in the order of registration, those without a code included.
@@ -134,7 +143,9 @@ public:
     // What a log says of a code otherwise than what is registered under it holds from there on, until it says again
     // what is registered: entries are decoded by it, but nothing is known by it.
     void beginReading(const Str& name);  // from the log's start, where it has said nothing yet
+    // Sums up what was not reported one by one.
     void endReading() { contradictions_.end(); }
+    // Quick to ask: false for a log that never contradicts itself.
     bool isAnythingRetold() const { return retoldCount_.load(std::memory_order_relaxed) != 0; }
     DataAccess* getToldAccess(unsigned short code) const {  // what the log has last said of the code
         return isAnythingRetold() ? findToldAccess(code) : getDataAccess(code);
@@ -155,6 +166,7 @@ public:
     void mapDataElement(ElementURI* uri, DataElement* element);  // takes the element over
     // Gives the element the value that the configuration holds under "Config/" + its name, if any; makes it when null.
     void configureNewDataElement(Component* component, const ElementURI& uri, DataElement*& element);
+    // Null where no value has come yet, or none can.
     DataElement* getElement(unsigned short code) const {
         MutexLocker lock(elementURIs_.mutex_);
         return elementsByCode_.at(code);

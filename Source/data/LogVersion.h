@@ -6,6 +6,7 @@ public:
     static constexpr unsigned short OLDEST = 3;  // that can be read
     static constexpr unsigned short NEWEST = 8;
 
+    // One from OLDEST to NEWEST.
     LogVersion(unsigned short inForce = NEWEST) : inForce_(inForce) {}
 
     // A log in a version that is accepted is decoded by it, and it is the newest that later logs may have. False when

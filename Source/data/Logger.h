@@ -17,13 +17,16 @@ public:
     // The form in which an entry's time is stored: compact micros or compact millis.
     enum TimePrecisionType { TIME_PRECISION_MICROS = 0, TIME_PRECISION_MILLIS = 1 };
 
+    // The name is that of the facility; console, which may be null, is borrowed.
     Logger(const char* name, SyslogSink* console) : facility_(name), console_(console) {}
 
+    // Goes to the sink at once; nowhere without one.
     void syslog(const Str& text, Syslog::Severity severity) const;
     void syslog(const char* text, unsigned long n, Syslog::Severity severity) const;  // n in upper-case hexadecimal
     // An ERROR: what could not be done ("write") with a file, and why.
     void fileFailure(const char* failedTo, const Str& filename, const char* reason) const;
     const CodedStr& getFacility() const { return facility_; }
+    // Nobody hears: a message need not be made.
     bool isSilent() const { return console_ == nullptr; }
 
 private:

@@ -21,6 +21,7 @@ private:
 class Point3D : public Point<3> {
 public:
     Point3D() = default;
+    // In the base unit.
     Point3D(double x, double y, double z) {
         (*this)[0] = x;
         (*this)[1] = y;

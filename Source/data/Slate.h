@@ -14,6 +14,7 @@ class LogWriter;
 //   const bool changed = writer->write(Units::METER, 1.5, t);   // what the data entry on this writer says
 class Slate {
 public:
+    // The log as a whole; a logger is borrowed and may be null.
     static void Construct() { CurrentLog().construct(); }
     static void ClearDirectory() { CurrentLog().clearDirectory(); }
     static void Uninitialize() { CurrentLog().uninitialize(); }
@@ -22,14 +23,19 @@ public:
 
     // The directory as a whole: these stand among the log readers, and programs that call them link those.
     static void ReadDirectory(const Str& path);
+    // The writer, which may be null, is borrowed for the call. restarted, of a writer that begins a file anew, makes no
+    // difference: what is asked for is written in either case.
     static void WriteDirectory(LogWriter* writer, bool restarted);
     static void WriteElementURIEntry(ElementURI* uri, LogWriter* writer, bool restarted);
     static void WriteNameEntry(CodedStr* name, LogWriter* writer, bool restarted);
     static void WriteDataAccessEntry(DataAccess* access, LogWriter* writer, bool restarted);
     static bool IsDirectoryRead() { return CurrentLog().isDirectoryRead(); }
+    // New items get codes and entries from here on; or, simulated, codes alone.
     static void EnableDirectoryWrites() { CurrentLog().directoryWrites().enable(); }
     static void SimulateDirectoryWrites() { CurrentLog().directoryWrites().simulate(); }
 
+    // Element names: what is given to Register is taken over, what is found is the log's, null or NO_CODE when there is
+    // none.
     static void CodifyElementURI(ElementURI& uri) { CurrentLog().codifyElementURI(uri); }
     static ElementURI* RegisterElementURI(ElementURI* uri) { return CurrentLog().registerElementURI(uri); }
     static void DeRegisterElementURI(ElementURI* uri) { CurrentLog().deRegisterElementURI(uri); }
@@ -40,12 +46,14 @@ public:
     static unsigned int GetElementURICount() { return CurrentLog().getElementURICount(); }
     static unsigned short GetNextElementURICode() { return CurrentLog().getNextElementURICode(); }
 
+    // Coded names, alike.
     static CodedStr* RegisterCodedName(CodedStr* name) { return CurrentLog().registerCodedName(name); }
     static CodedStr* GetName(const unsigned short& code) { return CurrentLog().getName(code); }
     static CodedStr* FindCodedName(const Str& name) { return CurrentLog().findCodedName(name); }
     static CodedStr& GetCodedName(const Str& name) { return CurrentLog().getCodedName(name); }
     static unsigned short GetNextNameCode() { return CurrentLog().getNextNameCode(); }
 
+    // Data accesses, alike.
     static DataAccess* RegisterDataAccess(DataAccess* access) { return CurrentLog().registerDataAccess(access); }
     static DataAccess* GetDataAccess(const unsigned short& code) { return CurrentLog().getDataAccess(code); }
     static DataAccess* GetDataAccess(const DataAccessor& accessor, UniversalDataElement* universal) {
@@ -54,6 +62,8 @@ public:
     static unsigned int GetDataAccessCount() { return CurrentLog().getDataAccessCount(); }
     static unsigned short GetNextDataAccessCode() { return CurrentLog().getNextDataAccessCode(); }
 
+    // Elements, owned by the log, which takes values and mapped elements over; accuracies are in the base unit. Null
+    // where there is none.
     static DataElement* NewDataElement(const ElementURI& uri, Component* component, const Unit& unit,
                                        BinaryDataType type, float accuracy) {
         return CurrentLog().newDataElement(uri, component, unit, type, accuracy);
@@ -76,6 +86,7 @@ public:
     static DataElement* GetElement(const unsigned short& code) { return CurrentLog().getElement(code); }
     static DataElement* GetElement(const ElementURI& uri) { return CurrentLog().getElement(uri); }
 
+    // A component's accesses, owned by the log. The component outlives them; uri may be short-lived.
     static DataWriter* NewWriter(Component* owner, const ElementURI& uri,
                                  Logger::TimePrecisionType precision = Logger::TIME_PRECISION_MICROS,
                                  bool noInterpFlag = false) {

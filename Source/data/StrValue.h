@@ -7,6 +7,7 @@
 class StrValue : public DataValue {
 public:
     StrValue() : StrValue(Str()) {}  // empty
+    // The unit changes nothing of a text; arrays of numbers, which derive from it, need one.
     explicit StrValue(const Str& value, const Unit& unit = Units::NONE);
     StrValue(const char* s, size_t len, const Unit& unit = Units::NONE);  // len Str::NO_POS: up to the NUL
 

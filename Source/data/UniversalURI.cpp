@@ -1,6 +1,6 @@
 #include "data/UniversalURI.h"
 
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "units/Units.h"
 #include "utils/StaticOrder.h"
 
@@ -30,6 +30,6 @@ UniversalURI::UniversalURI(const char* name, const Unit& unit, BinaryDataType bi
     : ElementURI("", name, UNIVERSAL_ELEMENT, unit, binaryType, blobType, dimension1, dimension2, dimension3) {}
 
 UniversalURI* UniversalURI::FindURI(const Str& name) {
-    ElementURI* uri = Slate::FindElementURI(name);
+    ElementURI* uri = Log::Current().findElementURI(name);
     return uri != nullptr && uri->isUniversal() ? static_cast<UniversalURI*>(uri) : nullptr;
 }

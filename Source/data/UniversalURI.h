@@ -5,6 +5,7 @@
 // A standard name without a component: a quantity that many components can supply, with a fixed unit.
 class UniversalURI : public ElementURI {
 public:
+    // Codifies itself like other names of static life: for those of the catalogue.
     explicit UniversalURI(const char* name, const Unit& unit = UNSPECIFIED_UNIT, BinaryDataType binaryType = NO_TYPE,
                           BlobType blobType = NOT_BLOB, unsigned short dimension1 = 0, unsigned short dimension2 = 0,
                           unsigned short dimension3 = 0);

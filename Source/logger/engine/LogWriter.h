@@ -37,7 +37,7 @@ public:
 
     virtual unsigned int writeHeader() { return 0; }                  // bytes written
     virtual void setOutStream(OutStream& out) { logStream_ = &out; }  // borrowed, outlives the writer's use
-    // False without a stream and when the stream can take nothing more.
+    // It has a stream with a target; a writer with a file of its own: nothing has failed there.
     virtual bool isValid() { return logStream_ != nullptr && logStream_->isWritable(); }
     // One entry; unit: what its value is to be shown in, or null. The result is the number of bytes written.
     virtual unsigned int write(const LogEntry* entry, const Unit* unit) = 0;

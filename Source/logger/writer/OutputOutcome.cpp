@@ -1,8 +1,8 @@
 #include "logger/writer/OutputOutcome.h"
 
-#include "data/Slate.h"
+#include "data/Log.h"
 
 void OutputOutcome::fail(const char* failedTo, const Str& filename, const char* reason) {
-    if (isWhole()) Slate::GetLogger().fileFailure(failedTo, filename, reason);
+    if (isWhole()) Log::Current().getLogger().fileFailure(failedTo, filename, reason);
     fail();
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "data/BlobValue.h"
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "logger/entry/DataEntry.h"
 
 static const unsigned long long FREE_BYTES = 268435456;
@@ -25,7 +25,7 @@ bool PaddingLimit::admits(const DataEntry& entry, size_t room, size_t elements) 
 void PaddingLimit::report(const char* file, const char* name) {
     if (reported_) return;
     reported_ = true;
-    Slate::GetLogger().syslog(Str("Not all samples are in ") + file + ": arrays such as " + name +
-                                  " have dimensions that are far larger than what the log holds of them",
-                              Syslog::ERROR);
+    Log::Current().getLogger().syslog(Str("Not all samples are in ") + file + ": arrays such as " + name +
+                                          " have dimensions that are far larger than what the log holds of them",
+                                      Syslog::ERROR);
 }

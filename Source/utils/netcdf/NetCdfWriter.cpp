@@ -11,7 +11,7 @@
 
 #include "data/BlobValue.h"
 #include "data/ElementURI.h"
-#include "data/Slate.h"
+#include "data/Log.h"
 #include "io/OldFile.h"
 #include "utils/hdf5/Hdf5Library.h"
 #include "utils/netcdf/NetCdfBlock.h"
@@ -143,7 +143,7 @@ void NetCdfWriter::report(const char* failedTo) {
     reported_ = true;
     const bool onlyErrnoKnows = version4_ && (status_ > 0 || status_ == NC_EHDFERR) && systemError_ != 0;
     const char* const reason = onlyErrnoKnows ? strerror(systemError_) : status();
-    Slate::GetLogger().fileFailure(failedTo, filename_, reason);
+    Log::Current().getLogger().fileFailure(failedTo, filename_, reason);
 }
 
 // Definitions.

@@ -16,7 +16,7 @@ public:
     explicit JsonArray(bool formatted) : separator_(formatted ? ", " : ",") {}
 
     void addNumber(double number);    // null when it is NaN or infinite
-    void addString(const Str& text);  // as one that is quoted and escaped; what is not UTF-8 becomes U+FFFD
+    void addString(const Str& text);  // quoted and escaped; what is not UTF-8 becomes U+FFFD
     void beginArray();                // a nested one; what is added from here on goes there
     void endArray();                  // goes back to the one around it
     // The items from a place on, which end what is there, or those of a length at a place, so many times more.

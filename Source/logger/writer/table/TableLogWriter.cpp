@@ -4,7 +4,6 @@
 #include <cstring>
 
 #include "data/DataAccess.h"
-#include "data/Slate.h"
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/SyslogEntry.h"
