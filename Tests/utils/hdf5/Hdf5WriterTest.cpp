@@ -50,16 +50,6 @@ TEST_F(Hdf5WriterTest, ColumnsGrowAlongTheirLastDimension) {
     EXPECT_EQ("a.b", file.att("a/b", "name"));
 }
 
-TEST_F(Hdf5WriterTest, BlocksOfRecordsJoin) {
-    WriteAll(path_, 2500);
-    std::string row = "numbers{1,2500}:";
-    for (int n = 0; n < 2500; ++n) row += " " + std::to_string(n);
-    const Hdf5Reader file(path_);
-    EXPECT_EQ(row, file.show("a/b/row"));
-    const std::string cube = file.show("a/b/cube");
-    EXPECT_EQ("2499.11", cube.substr(cube.rfind(' ') + 1));
-}
-
 TEST_F(Hdf5WriterTest, WhatLargeRecordsHoldIsWrittenBeforeItTakesTooMuchRoom) {
     {
         Hdf5Writer writer(path_.c_str(), 0);
