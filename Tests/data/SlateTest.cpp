@@ -258,7 +258,8 @@ TEST_F(SlateTest, AnElementStandsBesideItsName) {
 
     Slate::DeRegisterElementURI(Slate::GetElementURI(4));
     EXPECT_EQ(nullptr, Slate::GetElement(4));
-    EXPECT_EQ(nullptr, Slate::FindElementURI("A.after"));
+    EXPECT_TRUE(Slate::FindElementURI("A.after") == nullptr && Slate::GetElementURI(4) == nullptr);
+    EXPECT_EQ(1u, Slate::GetElementURICount());
 }
 
 TEST_F(SlateTest, ABlobNameMakesABlob) {

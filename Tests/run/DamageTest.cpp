@@ -23,16 +23,3 @@ TEST_F(DamageTest, ALogCutAnywhereGivesTheEntriesBeforeTheCut) {
     }
     EXPECT_EQ(lines + 1, linesOf(whole));
 }
-
-TEST_F(DamageTest, NothingButDamage) {
-    std::string noise;
-    unsigned int state = 1;
-    for (int i = 0; i < 200000; ++i) {
-        state = state * 1664525u + 1013904223u;
-        noise += static_cast<char>(state >> 24);
-    }
-    linesOf(noise);
-    linesOf(std::string(100000, '\0'));
-    linesOf(std::string(100000, '\xFF'));
-    linesOf(noise + DiveLog::Of(2));
-}

@@ -1,5 +1,7 @@
 #include "logger/writer/SplitFileLogWriter.h"
 
+#include <future>
+
 #include "OutputFixture.h"
 
 class SplitFileLogWriterTest : public OutputFixture {
@@ -27,8 +29,17 @@ TEST_F(SplitFileLogWriterTest, AFileSpansTheTimeFromItsFirstEntryInclusive) {
     EXPECT_EQ("<.>", dir_.read("run0003"));
 }
 
+class ProbedWriter : public SplitFileLogWriter {
+public:
+    using SplitFileLogWriter::SplitFileLogWriter;
+    bool isFree() {  // for another thread
+        const auto take = [this] { return writeMutex_.tryLock() && writeMutex_.unlock() == 0; };
+        return std::async(std::launch::async, take).get();
+    }
+};
+
 TEST_F(SplitFileLogWriterTest, SplitsWhenAsked) {
-    SplitFileLogWriter writer(base_, inner(), nullptr, 1);
+    ProbedWriter writer(base_, inner(), nullptr, 1);
     writer.split(true, 5);
     writer.write(log_.cycle(0), nullptr);
     writer.split(false, -1);
@@ -37,6 +48,7 @@ TEST_F(SplitFileLogWriterTest, SplitsWhenAsked) {
     EXPECT_FALSE(dir_.has("run0006"));
     writer.resetFileBase(dir_.path("next").c_str(), 3);
     EXPECT_STREQ(dir_.path("next0003").c_str(), writer.getFilename().cStr());
+    EXPECT_TRUE(writer.isFree());
 }
 
 // A file that cannot be encoded is kept as it is.

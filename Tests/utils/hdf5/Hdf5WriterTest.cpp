@@ -18,47 +18,7 @@ Hdf5Shape ShapeOf(std::initializer_list<unsigned long long> dims) {
     return shape;
 }
 
-// A file with everything in it, over several blocks.
-void WriteAll(const std::string& path, int records) {
-    Hdf5Writer writer(path.c_str(), 0);
-    Hdf5Group& group = writer.root().addGroup("a").addGroup("b");
-    group.addAtt("name", "a.b");
-    Hdf5NumberColumn& cube = group.addNumberColumn("cube", ShapeOf({2, 3, 2}));
-    const uint16_t word[] = {'h', 'i'};
-    const uint64_t reference = group.addArray("word", ShapeOf({2}), word).reference();
-    for (int n = 0; n < records; ++n) {
-        double* const record = cube.addRecord();
-        for (int i = 0; i < 12; ++i) record[i] = n + 0.01 * i;
-        group.addNumberColumn("row").add(n);
-        group.addTextColumn("texts").add(n % 2 == 0 ? "even" : "");
-        group.addReferenceColumn("references").add(reference);
-    }
-    EXPECT_TRUE(writer.finalize()) << writer.status().cStr();
-}
 }  // namespace
-
-TEST_F(Hdf5WriterTest, ColumnsGrowAlongTheirLastDimension) {
-    WriteAll(path_, 2);
-    const Hdf5Reader file(path_);
-    EXPECT_EQ("numbers{1,2}: 0 1", file.show("a/b/row"));
-    EXPECT_EQ(
-        "numbers{2,3,2,2}: 0 1 0.01 1.01 0.02 1.02 0.03 1.03 0.04 1.04 0.05 1.05 0.06 1.06 0.07 1.07 0.08 1.08 0.09 "
-        "1.09 0.1 1.1 0.11 1.11",
-        file.show("a/b/cube"));
-    EXPECT_EQ("texts{1,2}: even||", file.show("a/b/texts"));
-    EXPECT_EQ("references{1,2}: [numbers{2}: hi] [numbers{2}: hi]", file.show("a/b/references"));
-    EXPECT_EQ("a.b", file.att("a/b", "name"));
-}
-
-TEST_F(Hdf5WriterTest, BlocksOfRecordsJoin) {
-    WriteAll(path_, 2500);
-    std::string row = "numbers{1,2500}:";
-    for (int n = 0; n < 2500; ++n) row += " " + std::to_string(n);
-    const Hdf5Reader file(path_);
-    EXPECT_EQ(row, file.show("a/b/row"));
-    const std::string cube = file.show("a/b/cube");
-    EXPECT_EQ("2499.11", cube.substr(cube.rfind(' ') + 1));
-}
 
 TEST_F(Hdf5WriterTest, WhatLargeRecordsHoldIsWrittenBeforeItTakesTooMuchRoom) {
     {

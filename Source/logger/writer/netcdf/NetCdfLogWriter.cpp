@@ -28,10 +28,6 @@ NetCdfLogWriter::~NetCdfLogWriter() {
     NetCdfLogWriter::writeFooter();
 }
 
-void NetCdfLogWriter::setBlockRecords(unsigned int records) {
-    if (netCdfWriter_ != nullptr) netCdfWriter_->setBlockRecords(records);
-}
-
 unsigned int NetCdfLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
     if (!isValid() || !initializeFilterLogWriter()) return 0;

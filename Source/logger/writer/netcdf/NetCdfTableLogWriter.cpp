@@ -20,10 +20,6 @@ NetCdfTableLogWriter::~NetCdfTableLogWriter() {
     NetCdfTableLogWriter::writeFooter();
 }
 
-void NetCdfTableLogWriter::setBlockRecords(unsigned int records) {
-    if (netCdfWriter_ != nullptr) netCdfWriter_->setBlockRecords(records);
-}
-
 unsigned int NetCdfTableLogWriter::writeHeader() {
     if (netCdfWriter_ != nullptr && initializeNetCdf()) netCdfInitialized_ = netCdfWriter_->initialize();
     return 0;

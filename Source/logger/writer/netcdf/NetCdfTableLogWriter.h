@@ -33,7 +33,6 @@ public:
     const Str& getFilename() override { return filename_; }
 
     bool isValid() override { return netCdfWriter_ != nullptr && netCdfWriter_->isOk(); }
-    void setBlockRecords(unsigned int records);  // as the NetCdfWriter's; before the first entry
 
 private:
     bool initializeNetCdf();

@@ -92,10 +92,10 @@ TEST_F(NetCdfLogWriterTest, NamesThatCollide) {
     const auto sample = [this](const char* name, double value) { return log_.data(log_.declare(name), value, value); };
     const char* const odd = "-\x01\xFF ";
     const std::initializer_list<const LogEntry*> samples = {
-        sample("A.b/c", 1), sample("A.b:c", 2), sample("Taken", 3),         sample("Taken.x", 4), sample("C.x_time", 5),
-        sample("C.x", 6),   sample(odd, 8),     sample("trajectory_id", 7), sample("C.y", 9)};
+        sample("A.b/c", 1),    sample("A.b:c", 2), sample("Taken", 3), sample("Taken.x", 4),
+        sample("C.x_time", 5), sample("C.x", 6),   sample(odd, 8),     sample("trajectory_id", 7)};
     log_.endDirectory();
-    write({"A.b/c", "A.b:c", "Taken", "Taken.x", "C.x_time", "C.x", "trajectory_id", odd, "C.y"}, samples);
+    write({"A.b/c", "A.b:c", "Taken", "Taken.x", "C.x_time", "C.x", "trajectory_id", odd}, samples);
     EXPECT_EQ(
         "Failed to add variable: A.b:c (index 1).\n"
         "nc_def_grp failed to define a new NetCdf group for var Taken with error: Name is in use (code -42).\n"
@@ -104,8 +104,7 @@ TEST_F(NetCdfLogWriterTest, NamesThatCollide) {
         "Failed to add variable: trajectory_id (index 6).\n",
         printed_);
     const NetCdfFile file(path_);
-    const std::pair<const char*, double> places[] = {
-        {"b/A.b.c", 1}, {"Taken", 3}, {"C/C.x_time", 5}, {"C/C.y", 9}, {"____", 8}};
+    const std::pair<const char*, double> places[] = {{"b/A.b.c", 1}, {"Taken", 3}, {"C/C.x_time", 5}, {"____", 8}};
     for (const auto& [place, value] : places) EXPECT_EQ(Numbers{value}, file.numbers(place)) << place;
     EXPECT_FALSE(file.has("C/C.x"));
 }
@@ -150,28 +149,4 @@ TEST_F(NetCdfLogWriterTest, ValuesOfAnotherKind) {
     EXPECT_EQ(Numbers({fill, fill, -1, fill, -7}), file.numbers("C/C.number"));
     EXPECT_EQ(Lines({""}), file.texts("C/C.text"));
     EXPECT_EQ(Numbers({NC_FILL_USHORT, NC_FILL_USHORT}), file.numbers("C/C.blob"));
-}
-
-// Blocks of any size hold the same, value for value.
-TEST_F(NetCdfLogWriterTest, BlocksDoNotShow) {
-    DataAccess* const a = log_.declare("A.a", Units::METER, FLOAT4);
-    DataAccess* const text = log_.declareText("A.text");
-    DataAccess* const row = log_.declareBlob("A.row", Units::NONE, BLOB_INT16LE, 3);
-    log_.endDirectory();
-    NameList names{"A.a", "A.text", "A.row"};
-    for (const char* blocks : {"single", "usual"}) {
-        NetCdfLogWriter writer(dir_.path(blocks).c_str(), true, names.count(), names.list(), nullptr, 0, nullptr);
-        if (blocks == std::string("single")) writer.setBlockRecords(1);
-        for (int sample = 0; sample < 600; ++sample) {
-            writer.write(log_.data(a, sample, sample * 0.5), nullptr);
-            if (sample % 2 == 0) writer.write(log_.text(text, sample, std::to_string(sample).c_str()), nullptr);
-            if (sample % 3 == 0) writer.write(log_.blob<short>(row, sample, {short(sample), 1}), nullptr);
-        }
-    }
-    const NetCdfFile single(dir_.path("single")), usual(dir_.path("usual"));
-    EXPECT_EQ(600u, usual.numbers("A/A.a").size());
-    for (const char* name : {"A/A.a", "A/A.a_time", "A/A.text_time", "A/A.row", "A/A.row_time"}) {
-        EXPECT_EQ(single.numbers(name), usual.numbers(name)) << name;
-    }
-    EXPECT_EQ(single.texts("A/A.text"), usual.texts("A/A.text"));
 }

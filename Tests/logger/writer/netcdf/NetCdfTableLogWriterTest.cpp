@@ -104,26 +104,6 @@ TEST_F(NetCdfTableLogWriterTest, WithoutACycleTheOnlyRowHasNoTime) {
     EXPECT_TRUE(std::isnan(file.numbers("Time")[0]));
 }
 
-// Blocks of any size give the same file, byte by byte.
-TEST_F(NetCdfTableLogWriterTest, BlocksDoNotShow) {
-    DataAccess* const count = log_.declare("A.count", Units::COUNT, SHORT2);
-    DataAccess* const depth = log_.declare("A.depth", Units::METER, FLOAT4);
-    log_.endDirectory();
-    NameList names{"A.count", "A.depth"};
-    const std::string single = dir_.path("single");
-    for (const std::string& path : {single, path_}) {
-        NetCdfTableLogWriter writer(path.c_str(), false, names.count(), names.list(), nullptr, false, 0, nullptr);
-        if (path == single) writer.setBlockRecords(1);
-        for (int i = 0; i < 1000; ++i) {
-            writer.write(log_.cycle(i), nullptr);
-            writer.write(log_.data(count, i, i), nullptr);
-            if (i % 3 == 0) writer.write(log_.data(depth, i, i * 0.75), nullptr);
-        }
-    }
-    EXPECT_EQ(1000u, NetCdfFile(path_).numbers("A.depth").size());
-    EXPECT_TRUE(dir_.read("single") == dir_.read("file"));
-}
-
 // The codes of a second input may be others.
 TEST_F(NetCdfTableLogWriterTest, AnotherInputContinuesTheTable) {
     NameList names{"A.a"}, units, settings{"S.s"};
