@@ -5,6 +5,7 @@ find_package(ZLIB REQUIRED)
 find_package(HDF5 REQUIRED COMPONENTS C)
 pkg_check_modules(NETCDF REQUIRED IMPORTED_TARGET netcdf>=4.7)
 pkg_check_modules(CJSON REQUIRED IMPORTED_TARGET libcjson>=1.7)
+pkg_check_modules(DEFLATE REQUIRED IMPORTED_TARGET libdeflate>=1.8)
 pkg_check_modules(MINIZIP REQUIRED IMPORTED_TARGET minizip)
 
 # The LZMA encoder comes as C sources; they are built as a library of their own, single-threaded.

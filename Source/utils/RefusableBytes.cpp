@@ -1,6 +1,7 @@
 #include "utils/RefusableBytes.h"
 
 #include <algorithm>
+#include <utility>
 
 static const size_t FIRST_ROOM = 256;
 
@@ -14,6 +15,13 @@ bool RefusableBytes::grow(size_t more) {
     bytes_ = bytes;
     room_ = room;
     return true;
+}
+
+void RefusableBytes::swap(RefusableBytes& other) {
+    std::swap(bytes_, other.bytes_);
+    std::swap(length_, other.length_);
+    std::swap(room_, other.room_);
+    std::swap(isRefused_, other.isRefused_);
 }
 
 void RefusableBytes::clear() {

@@ -25,7 +25,10 @@ public:
     void cutTo(size_t length) { length_ = length; }  // at most the length so far
     void clear();                                    // gives the memory back
 
+    void swap(RefusableBytes& other);
+
     char* data() { return bytes_; }  // until the next append; null before the first
+    const char* data() const { return bytes_; }
     size_t length() const { return length_; }
     bool isRefused() const { return isRefused_; }
     void refuse() { isRefused_ = true; }  // for a part that could not even be made

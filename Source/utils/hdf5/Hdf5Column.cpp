@@ -1,13 +1,11 @@
 #include "utils/hdf5/Hdf5Column.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
-#include <memory>
+#include <utility>
 
+#include "utils/hdf5/Deflate.h"
 #include "utils/hdf5/Hdf5Handle.h"
-
-static const unsigned int DEFLATE_LEVEL = 1;
 
 size_t Hdf5Shape::elements() const {
     unsigned long long product = 1;
@@ -57,7 +55,7 @@ void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
     const Hdf5Handle creation(file_.call([] { return H5Pcreate(H5P_DATASET_CREATE); }), &H5Pclose);
     file_.call([&] { return H5Pset_chunk(creation, shape_.rank_, chunk); });
     file_.call([&] { return H5Pset_shuffle(creation); });
-    file_.call([&] { return H5Pset_deflate(creation, DEFLATE_LEVEL); });
+    file_.call([&] { return H5Pset_deflate(creation, Deflate::LEVEL); });
     file_.call([&] { return H5Pset_obj_track_times(creation, false); });
     open(file_.call([&] { return H5Dcreate2(group, name, fileType, space, H5P_DEFAULT, creation, H5P_DEFAULT); }));
 }
@@ -72,8 +70,7 @@ void* Hdf5Column::addBytes(size_t bytes) {
     if (count_ == room_) flush();
     void* const room = block_.extend(bytes);
     if (room == nullptr) {
-        errno = ENOMEM;
-        file_.fail();
+        file_.refuse();
     } else {
         ++count_;
     }
@@ -81,27 +78,31 @@ void* Hdf5Column::addBytes(size_t bytes) {
 }
 
 void Hdf5Column::flush() {
-    const size_t records = count_;
-    if (records == 0) return;
+    if (count_ == 0) return;
     const MemoryReserve::Loan memory;
-    count_ = 0;
-    room_ = static_cast<size_t>(chunkRecords_ - (written_ + records) % chunkRecords_);
     const int last = shape_.rank_ - 1;
     hsize_t start[Hdf5Shape::MAX_RANK] = {};
+    start[last] = written_;
+    const size_t records = std::exchange(count_, 0);
+    const bool beginsChunk = written_ % chunkRecords_ == 0;
+    written_ += records;
+    room_ = static_cast<size_t>(chunkRecords_ - written_ % chunkRecords_);
+    shape_.dims_[last] = written_;
+    file_.countWritten(block_.length());
+    file_.call([&] { return H5Dset_extent(id(), shape_.dims_); });
+    if (!beginsChunk || !putChunk(start, static_cast<size_t>(chunkRecords_))) putRecords(start, records);
+    block_.clear();
+}
+
+void Hdf5Column::putRecords(const unsigned long long* start, size_t records) {
     hsize_t counts[Hdf5Shape::MAX_RANK];
     std::copy_n(shape_.dims_, shape_.rank_, counts);
-    start[last] = written_;
-    counts[last] = records;
-    written_ += records;
-    shape_.dims_[last] = written_;
-    file_.call([&] { return H5Dset_extent(id(), shape_.dims_); });
+    counts[shape_.rank_ - 1] = records;
     const Hdf5Handle fileSpace(file_.call([&] { return H5Dget_space(id()); }), &H5Sclose);
     file_.call([&] { return H5Sselect_hyperslab(fileSpace, H5S_SELECT_SET, start, nullptr, counts, nullptr); });
     const Hdf5Handle memorySpace(file_.call([&] { return H5Screate_simple(shape_.rank_, counts, nullptr); }),
                                  &H5Sclose);
     put(records, memorySpace, fileSpace);
-    file_.countWritten(block_.length());
-    block_.clear();
 }
 
 // Numbers.
@@ -113,18 +114,35 @@ void Hdf5NumberColumn::add(double number) {
     if (double* const record = addRecord()) *record = number;
 }
 
-// The records lie one after another, in the file side by side.
 void Hdf5NumberColumn::put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) {
-    const double* const block = reinterpret_cast<const double*>(block_.data());
-    std::unique_ptr<double[]> turned;
-    if (elements_ > 1) {
-        turned.reset(new double[records * elements_]);
-        for (size_t record = 0; record < records; ++record) {
-            for (size_t i = 0; i < elements_; ++i) turned[i * records + record] = block[record * elements_ + i];
-        }
+    turn(records);
+    file_.call([&] { return H5Dwrite(id(), H5T_NATIVE_DOUBLE, memorySpace, fileSpace, H5P_DEFAULT, block_.data()); });
+}
+
+// Passes the library's own filters by. Records that are still to come are zeros.
+bool Hdf5NumberColumn::putChunk(const unsigned long long* start, size_t chunkRecords) {
+    const size_t missing = chunkRecords * elements_ * sizeof(double) - block_.length();
+    void* const room = block_.extend(missing);
+    if (room == nullptr) return false;
+    memset(room, 0, missing);
+    turn(chunkRecords);
+    const RefusableBytes& packed = file_.packer().pack(block_);
+    if (packed.length() == 0) file_.refuse();
+    file_.call([&] { return H5Dwrite_chunk(id(), H5P_DEFAULT, 0, start, packed.length(), packed.data()); });
+    return true;
+}
+
+// The records lie one after another, in the file side by side.
+void Hdf5NumberColumn::turn(size_t records) {
+    if (elements_ == 1) return;
+    RefusableBytes turned;
+    double* const to = static_cast<double*>(turned.extend(block_.length()));
+    if (to == nullptr) return file_.refuse();
+    const double* from = reinterpret_cast<const double*>(block_.data());
+    for (size_t record = 0; record < records; ++record) {
+        for (size_t i = 0; i < elements_; ++i) to[i * records + record] = *from++;
     }
-    const double* const numbers = elements_ > 1 ? turned.get() : block;
-    file_.call([&] { return H5Dwrite(id(), H5T_NATIVE_DOUBLE, memorySpace, fileSpace, H5P_DEFAULT, numbers); });
+    block_.swap(turned);
 }
 
 // Texts.

@@ -40,10 +40,13 @@ protected:
     RefusableBytes block_;   // record after record
 
 private:
-    // Writes so many records from the block's beginning into the selected part of the file.
+    // Writes what is gathered, and what is still missing of the chunk that begins there; false where that is no way.
+    virtual bool putChunk(const unsigned long long*, size_t) { return false; }
+    // Writes so many records, all that are gathered, into the selected part of the file.
     virtual void put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) = 0;
 
     void create(Hdf5Id group, const char* name, Hdf5Id fileType);
+    void putRecords(const unsigned long long* start, size_t records);
 
     const size_t elementSize_;  // bytes
     Hdf5Shape shape_;           // a record's, then the records
@@ -64,6 +67,8 @@ public:
     void add(double number);  // where a record is one number
 
 private:
+    void turn(size_t records);
+    bool putChunk(const unsigned long long* start, size_t chunkRecords) override;
     void put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) override;
 };
 

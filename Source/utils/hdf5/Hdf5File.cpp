@@ -28,6 +28,11 @@ void Hdf5File::fail() {
     }
 }
 
+void Hdf5File::refuse() {
+    errno = ENOMEM;
+    fail();
+}
+
 void Hdf5File::keepOpen(Hdf5Item& item) {
     Hdf5Item*& place = open_[opened_++ % MAX_OPEN];
     if (place != nullptr) place->rest();

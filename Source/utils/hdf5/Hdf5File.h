@@ -7,6 +7,7 @@
 #include "utils/FlexArray.h"
 #include "utils/MemoryReserve.h"
 #include "utils/Str.h"
+#include "utils/hdf5/ChunkPacker.h"
 
 class Hdf5Column;
 class Hdf5Item;
@@ -35,7 +36,8 @@ public:
         if (result < 0) fail();
         return result;
     }
-    void fail();  // notes why the last call failed: errno, failing that what the library says
+    void refuse();  // fails for lack of memory
+    void fail();    // notes why the last call failed: errno, failing that what the library says
 
     void setId(Hdf5Id id) { id_ = id; }  // of the open file
     Hdf5Id id() const { return id_; }
@@ -44,6 +46,7 @@ public:
     // Bytes that a column has gathered. When all of them together take too much room, they are written.
     void countGathered(size_t bytes);
     void countWritten(size_t bytes) { gathered_ -= bytes; }  // of them
+    ChunkPacker& packer() { return packer_; }
     bool flush();   // writes what is gathered; false when that or anything before failed
     void forget();  // closes the columns, which are gone then with all that was not flushed
 
@@ -56,6 +59,7 @@ private:
     Str status_;
     Hdf5Item* open_[MAX_OPEN] = {};  // in the order of opening, around; null: none yet
     size_t opened_ = 0;
+    ChunkPacker packer_;
     FlexArray<Hdf5Column*> columns_;  // owned
     size_t gathered_ = 0;             // bytes that the columns hold
 };

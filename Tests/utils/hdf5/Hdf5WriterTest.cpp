@@ -67,3 +67,42 @@ TEST_F(Hdf5WriterTest, TheUserBlockIsWrittenIntoTheFileItself) {
     EXPECT_EQ("header", dir_.read("moved").substr(0, 6));
     EXPECT_TRUE(Hdf5Reader(dir_.path("moved")).isOpen());
 }
+
+// The library reads back what it would have written itself, also where chunks are the same again and where one begun
+// was written before it was whole.
+TEST_F(Hdf5WriterTest, RepeatedAndBrokenChunks) {
+    {
+        Hdf5Writer writer(path_.c_str(), 0);
+        for (const char* name : {"a", "b"}) {
+            Hdf5NumberColumn& column = writer.root().addNumberColumn(name, ShapeOf({65536}));
+            for (int n = 0; n < 7; ++n) {
+                std::fill_n(column.addRecord(), 65536, n == 6 ? 1.5 : n % 2);
+                if (n == 2) column.flush();
+            }
+        }
+        EXPECT_TRUE(writer.finalize());
+    }
+    for (const char* name : {"a", "b"}) {
+        const std::string shown = Hdf5Reader(path_).show(name);
+        EXPECT_EQ("numbers{65536,7}: 0 1 0 1 0 1 1.5 0 1 0", shown.substr(0, 39));
+        EXPECT_EQ(" 0 1 0 1 0 1 1.5", shown.substr(shown.size() - 16));
+    }
+}
+
+TEST_F(Hdf5WriterTest, MoreItemsThanAreOpenAtOnce) {
+    {
+        Hdf5Writer writer(path_.c_str(), 0);
+        for (int round = 0; round < 2; ++round) {
+            for (size_t i = 0; i < 1500; ++i) {
+                Hdf5Group& group = writer.root().addGroup(Str(i, 10));
+                group.addNumberColumn("n").add(static_cast<double>(i) + 0.5 * round);
+                group.addAtt(round == 0 ? "first" : "second", "text");
+            }
+        }
+        EXPECT_TRUE(writer.finalize()) << writer.status().cStr();
+    }
+    const Hdf5Reader file(path_);
+    EXPECT_EQ("numbers{1,2}: 0 0.5", file.show("0/n"));
+    EXPECT_EQ("numbers{1,2}: 1499 1499.5", file.show("1499/n"));
+    EXPECT_EQ("text text", file.att("7", "first") + " " + file.att("1400", "second"));
+}
