@@ -5,7 +5,7 @@
 #include "data/DataAccessor.h"
 #include "data/ElementURI.h"
 #include "data/Logger.h"
-#include "units/BinaryDataType.h"
+#include "units/Units.h"
 #include "utils/Mutex.h"
 #include "utils/Str.h"
 
@@ -46,6 +46,7 @@ public:
     const Unit* getUnit() const {  // null when the log's unit name names no unit
         return unit_ != nullptr || unitLookedUp_ ? unit_ : lookUpUnit();
     }
+    const Unit& unitOrNone() const { return getUnit() == nullptr ? Units::NONE : *getUnit(); }
     Str getUnitName() const;  // the name as the log gave it; "none" without a unit
     BinaryDataType getBinaryType() const { return binaryType_; }
     unsigned short getTypeSize() const { return typeSize_; }

@@ -75,6 +75,7 @@ public:
     virtual void appendTo(TextBuffer& text, const Unit& unit) const = 0;  // the text of toString(unit)
 
     const Unit* getUnit() const { return unit_; }  // null for a value made without one, which counts as unitless
+    const Unit& unitOrNone() const { return unit_ == nullptr ? Units::NONE : *unit_; }
     const Unit& getBaseUnit() const { return unitOrNone().getBaseUnit(); }
     void setUnit(const Unit& unit) { unit_ = &unit; }  // borrowed; the number in the base unit stays as it is
     void clearType() { binaryType_ = NO_TYPE; }        // the value and its bytes stay as they are
@@ -89,8 +90,6 @@ protected:
         : unit_(unit), typeSize_(typeSize), binaryType_(binaryType) {}
     DataValue(const DataValue&) = default;
     DataValue& operator=(const DataValue&) = default;
-
-    const Unit& unitOrNone() const { return unit_ == nullptr ? Units::NONE : *unit_; }
 
     const Unit* unit_;  // a constant of the process
     size_t typeSize_;   // bytes in the log

@@ -143,7 +143,7 @@ bool Timespan::setDuration(const char* text) {
         if (*text == '\0') break;
     }
     const Timespan span(total);
-    if (span == NOT_SET_TIME) return false;  // too long to be held
+    if (!span.isSet()) return false;  // too long to be held
     *this = span;
     return true;
 }

@@ -28,6 +28,7 @@ public:
     Timestamp(const Timestamp& other) = default;
     virtual ~Timestamp() = default;
 
+    bool isSet() const { return *this != NOT_SET_TIME; }
     virtual double asDouble() const;  // seconds, today to about a quarter of a microsecond
     virtual double asFloat() const;   // seconds computed in single precision: about two minutes of resolution today
 

@@ -78,6 +78,11 @@ TEST(TextBufferTest, OutgrowsItsOwnRoom) {
     EXPECT_EQ(expected, std::string(text.data(), text.length()));
     text.clear();
     EXPECT_EQ(Str("abc"), text.append("abc").toStr());
+    for (size_t length = 470; length <= 512; ++length) {  // with its number around the end of that room
+        TextBuffer full;
+        full.append(std::string(length, 'x').c_str()).appendFixed(1e30, 6);
+        EXPECT_EQ(std::string(length, 'x') + Fixed(1e30, 6), full.toStr().cStr());
+    }
 
     char place[8];
     TextBuffer lent(place, sizeof place);

@@ -5,13 +5,8 @@
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/SyslogEntry.h"
 
-static bool IsCycleStart(const LogEntry& entry) {
-    return entry.getType() == LogEntry::EVENT_LOG_ENTRY &&
-           static_cast<const EventEntry&>(entry).getEventType() == EventEntry::START_CYCLE;
-}
-
 void LogEngine::processEntry(LogEntry* entry) {
-    if (IsCycleStart(*entry)) endCycle();
+    if (EventEntry::IsCycleStart(*entry)) endCycle();
     for (unsigned int i = 0; i < associations_.count(); ++i) associations_.at(i)->matchAndProcess(entry);
 }
 

@@ -14,7 +14,6 @@
 #include "data/StrValue.h"
 #include "logger/entry/EntryStream.h"
 #include "logger/entry/EntryText.h"
-#include "units/Units.h"
 
 RecyclingPool DataEntry::Pool_("DataEntry", sizeof(DataEntry));
 const PoolDrain DataEntry::PoolDrain_(Pool_);
@@ -63,6 +62,10 @@ unsigned short DataEntry::getElementCode() const {
 
 unsigned short DataEntry::getUniversalCode() const {
     return dataAccess_ == nullptr ? ElementURI::NO_CODE : dataAccess_->getEffectiveUniversalCode();
+}
+
+unsigned short DataEntry::getBestCode() const {
+    return best_ ? getUniversalCode() : ElementURI::NO_CODE;
 }
 
 // The first access from `first` up to but not including `end` that is typed and matches; null when there is none.
@@ -116,11 +119,6 @@ static DataAccess* FindAccess(Log& log, unsigned short code, InStream& in, const
     return access;
 }
 
-static const Unit& UnitOf(const DataAccess& access) {
-    const Unit* unit = access.getUnit();
-    return unit == nullptr ? Units::NONE : *unit;
-}
-
 // The access's element, made when its first value comes; null, with a message, when the log does not name it.
 static DataElement* FindElement(Log& log, const DataAccess& access, const Logger& logger, LogEntry::Values values) {
     const unsigned short code = access.getElementCode();
@@ -132,23 +130,23 @@ static DataElement* FindElement(Log& log, const DataAccess& access, const Logger
         return nullptr;
     }
     if (values == LogEntry::SKIP_VALUES) return nullptr;
-    return log.newDataElement(*uri, nullptr, UnitOf(access), access.getBinaryType(), DataElement::NO_ACCURACY);
+    return log.newDataElement(*uri, nullptr, access.unitOrNone(), access.getBinaryType(), DataElement::NO_ACCURACY);
 }
 
 static DataValue* NewValue(const DataAccess& access, const DataElement* element) {
     if (access.getBinaryType() == STRVALUE && element != nullptr && element->getUri().getBlobType() != NOT_BLOB) {
         BlobValue* blob = new BlobValue(element->getUri());
-        blob->setUnit(UnitOf(access));
+        blob->setUnit(access.unitOrNone());
         return blob;
     }
-    return UnitOf(access).dataValue(access.getBinaryType());
+    return access.unitOrNone().dataValue(access.getBinaryType());
 }
 
 // The element's number where it can take the bytes itself: of the access's class and unit. Null where it cannot.
 static DataValue* ReusableValue(const DataAccess& access, const DataElement* element) {
     DataValue* value = element == nullptr ? nullptr : element->getDataValue();
     const bool fits = value != nullptr && access.getBinaryType() != STRVALUE &&
-                      value->getBinaryType() == access.getBinaryType() && value->getUnit() == &UnitOf(access);
+                      value->getBinaryType() == access.getBinaryType() && value->getUnit() == &access.unitOrNone();
     return fits ? value : nullptr;
 }
 
@@ -263,7 +261,7 @@ static size_t WriteValue(Log& log, DataAccess& access, const DataValue& value, O
     if (access.isUntyped()) InheritType(log, access);
     const BinaryDataType type = access.getBinaryType();
     if (type == value.getBinaryType() || type == NO_TYPE) return WriteBytes(access, value, out);
-    const std::unique_ptr<DataValue> declared(UnitOf(access).dataValue(type));
+    const std::unique_ptr<DataValue> declared(access.unitOrNone().dataValue(type));
     if (declared->getBinaryType() != type) return WriteBytes(access, value, out);  // it is a type that no class has
     declared->setFrom(value);
     return WriteBytes(access, *declared, out);
@@ -292,9 +290,8 @@ void DataEntry::shareValueWith(DataElement& element) {
 const Unit& DataEntry::displayUnit(const Unit* unit) const {
     if (unit != nullptr) return *unit;
     const Unit* accessUnit = dataAccess_ == nullptr ? nullptr : dataAccess_->getUnit();
-    const Unit* ownUnit = dataValue_ == nullptr ? nullptr : dataValue_->getUnit();
-    if (accessUnit != nullptr && (ownUnit == nullptr || dataValue_->fits(*accessUnit))) return *accessUnit;
-    return ownUnit == nullptr ? Units::NONE : *ownUnit;
+    const bool fits = accessUnit != nullptr && (dataValue_ == nullptr || dataValue_->fits(*accessUnit));
+    return fits ? *accessUnit : valueUnit();
 }
 
 double DataEntry::getNumber(const Unit& unit) const {

@@ -30,9 +30,12 @@ public:
     static constexpr int PREEMPTED = -1;  // as a running value; 0 is stopped, else the loop number
 
     explicit EventEntry(const Timestamp& t);  // START_CYCLE
+    // Components act: COMPONENT_FAIL, the count being of failures so far; COMPONENT_MISSION_RUN, with a loop number, 0
+    // or PREEMPTED; COMPONENT_LOAD. Actors and elements are the log's codes of their names.
     EventEntry(const Timestamp& t, unsigned short actor, FailureMode::FailType failType, int count);
     EventEntry(const Timestamp& t, unsigned short actor, int running);
     EventEntry(const Timestamp& t, unsigned short actor, bool loaded);
+    // SET_DATA_STATE, with bits of DataStateChange, and SET_DATA_ACCURACY, in the element's base unit.
     EventEntry(const Timestamp& t, unsigned short actor, unsigned short element, DataStateChange state);
     EventEntry(const Timestamp& t, unsigned short actor, unsigned short element, EventType type, double accuracy);
     // The same for live components; stamped now.
@@ -44,10 +47,17 @@ public:
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
     void appendTo(TextBuffer& text, const Unit* unit) const override;
+    // What stands behind the event type in the line of text: "Running Loop=3"; "Depth.depth=VALID", "Unknown" for an
+    // element that the log does not name.
     virtual Str makeComponentActionString() const;
     Str makeDataValueString() const;
 
+    // Codes are those of names; a cycle start has actor 0.
     EventType getEventType() const { return eventType_; }
+    bool isCycleStart() const { return eventType_ == START_CYCLE; }
+    static bool IsCycleStart(const LogEntry& entry) {
+        return entry.getType() == EVENT_LOG_ENTRY && static_cast<const EventEntry&>(entry).isCycleStart();
+    }
     unsigned short getActorCode() const { return actorCode_; }
     // Each of these belongs to its own kind of event and says nothing for another.
     unsigned short getElementCode() const { return elementCode_; }
@@ -57,10 +67,13 @@ public:
     bool isLoaded() const { return loaded_; }
     FailureMode::FailType getFailType() const { return failType_; }
     int getFailCount() const { return failCount_; }
-    double getAccuracy() const { return accuracy_; }
+    double getAccuracy() const { return accuracy_; }  // in the base unit, to the digits of a float
 
+    // The enumerator's name, "(undefined)" for any other number.
     static const char* EventTypeToString(EventType type);
+    // The names of all bits that are set, such as "AVAILABLE|VALID"; "NONE" without any.
     static Str StateChangeToString(DataStateChange state);
+    // As LogEntry::Read, past the header word. A cycle start that cannot be when it says sets error.
     static EventEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,
                             const Logger& logger, bool& error, Log& log = Log::Current());
 

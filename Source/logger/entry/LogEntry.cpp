@@ -14,7 +14,7 @@ const Str LogEntry::UNKNOWN("Unknown");
 static const char* const TYPE_NAMES[] = {"EVENT", "DIRECTORY", "DATA", "SYSLOG"};  // by LogEntry::Type
 
 LogEntry::LogEntry(Type type, const Timestamp& t, Log& log)
-    : type_(type), timestamp_(t == Timestamp::NOT_SET_TIME ? Timestamp::Now() : t), log_(&log) {}
+    : type_(type), timestamp_(t.isSet() ? t : Timestamp::Now()), log_(&log) {}
 
 const char* LogEntry::TypeToString(Type type) {
     return type >= EVENT_LOG_ENTRY && type <= SYSLOG_LOG_ENTRY ? TYPE_NAMES[type] : "(undefined)";

@@ -48,7 +48,7 @@ static bool ParseGpsFix(const Str& message, Timestamp& fix) {
     const double seconds = strtod(message.cStr() + GPS_FIX_LENGTH, nullptr);
     if (!(seconds > 0) || std::isinf(seconds)) return false;
     fix = Timestamp(seconds);
-    return fix != Timestamp::NOT_SET_TIME;
+    return fix.isSet();
 }
 
 SyslogEntry* SyslogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,

@@ -88,8 +88,7 @@ void BinaryLogReader::handle(LogEntry& entry) {
 bool BinaryLogReader::isInWindow(const LogEntry& entry) const {
     if (entry.getType() == LogEntry::DIRECTORY_LOG_ENTRY) return true;
     const Timestamp& t = entry.getTimestamp();
-    return (startTime_ == Timestamp::NOT_SET_TIME || t >= startTime_) &&
-           (endTime_ == Timestamp::NOT_SET_TIME || t <= endTime_);
+    return (!startTime_.isSet() || t >= startTime_) && (!endTime_.isSet() || t <= endTime_);
 }
 
 void BinaryLogReader::passOn(LogEntry& entry) {
@@ -98,7 +97,7 @@ void BinaryLogReader::passOn(LogEntry& entry) {
 }
 
 void BinaryLogReader::noteTime(const LogEntry& entry) {
-    const bool isFirst = firstTime_ == Timestamp::NOT_SET_TIME && timeBase_ != Timestamp::NOT_SET_TIME;
+    const bool isFirst = !firstTime_.isSet() && timeBase_.isSet();
     if (isFirst) firstTime_ = entry.getTimestamp();
     lastTime_ = entry.getTimestamp();
 }

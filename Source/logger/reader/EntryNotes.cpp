@@ -16,13 +16,13 @@ void EntryNotes::noteRecord(const LogEntry& entry) {
 }
 
 void EntryNotes::noteEvent(const LogEntry& entry, const Timespan& timeAdjust) {
-    if (static_cast<const EventEntry&>(entry).getEventType() != EventEntry::START_CYCLE) return;
+    if (!static_cast<const EventEntry&>(entry).isCycleStart()) return;
     const bool isAdjusted = timeAdjust != Timespan::INVALID_TIMESPAN;
     noteCycle(isAdjusted ? entry.getTimestamp() - timeAdjust : entry.getTimestamp());
 }
 
 void EntryNotes::noteCycle(const Timestamp& t) {
-    const bool isFirst = lastCycle_ == Timestamp::NOT_SET_TIME;
+    const bool isFirst = !lastCycle_.isSet();
     if (t == lastCycle_ || t == Timestamp::EPOCH_START_TIME) ++standing_;
     if (!isFirst && (t < lastCycle_ || t > lastCycle_ + LONGEST_CYCLE)) ++jumps_;
     lastCycle_ = t;

@@ -105,10 +105,6 @@ bool FileLogReader::openNextPart() {
     return isOpen;
 }
 
-void FileLogReader::readAll() {
-    for (int zeros = 0; zeros < MAX_ZERO_READS;) zeros = read() > 0 ? 0 : zeros + 1;
-}
-
 unsigned int FileLogReader::readOpenFile() {
     while (isReadable()) {
         const unsigned int n = readEntries();

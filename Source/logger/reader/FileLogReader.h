@@ -20,7 +20,13 @@ public:
     unsigned int read() override;  // the entries handled by one call, 0 at the end of a file
     // Reads to the end of the log. A numbered part may be missing where a later one is not, so the log has ended only
     // after MAX_ZERO_READS reads in a row gave nothing.
-    void readAll();
+    void readAll() {
+        readWhile([] { return true; });
+    }
+    template <typename GoesOn>
+    void readWhile(GoesOn goesOn) {  // the same, but goesOn() is asked before each read
+        for (int zeros = 0; zeros < MAX_ZERO_READS && goesOn();) zeros = read() > 0 ? 0 : zeros + 1;
+    }
     virtual bool valid() { return file_ != nullptr; }  // a file is open
 
     unsigned int getEntriesRead() const { return entriesRead_; }  // in all

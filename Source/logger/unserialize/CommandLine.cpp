@@ -49,7 +49,7 @@ void SetColor(RunSettings& settings, char* value) {
 
 Timestamp ReadTime(RunSettings& settings, const char* which, const char* value) {
     const Timestamp time(value);
-    if (time == Timestamp::NOT_SET_TIME) {
+    if (!time.isSet()) {
         settings.complain(Str("Cannot read the ") + which + " time " + value + ", it is ignored");
     }
     return time;
@@ -211,14 +211,15 @@ float ErrorIn(const char* argument) {
 
 void ApplyFollower(char* follower, RunSettings& settings) {
     OutputVariables& variables = settings.variables_;
-    const int current = variables.count_ - 1;
+    RequestedVariable& current = variables.requested_.last();
     if (follower[0] == '(') {
-        const char* const unit = variables.units_[current] = UnitIn(follower);
-        if (UnitRegistry::FindUnit(unit) == nullptr) Complain(settings, "unit", unit, "the log's unit is used");
-        return;
+        current.unit_ = UnitIn(follower);
+        if (UnitRegistry::FindUnit(current.unit_) != nullptr) return;
+        Complain(settings, "unit", current.unit_, "the log's unit is used");
+    } else {
+        current.error_ = ErrorIn(follower);
+        if (!std::isnan(current.error_)) ++variables.errorCount_;
     }
-    variables.errors_[current] = ErrorIn(follower);
-    if (!std::isnan(variables.errors_[current])) ++variables.errorCount_;
 }
 
 }  // namespace
@@ -233,14 +234,14 @@ CommandLine::Result CommandLine::parse(RunSettings& settings) {
         ShowUsage();
         return USAGE_SHOWN;
     }
-    const int nameCount = markRoles(settings);
+    markRoles(settings);
     const bool severalInputs =
         settings.slateFile_.find(';') != Str::NO_POS || settings.slateFile_.find('\n') != Str::NO_POS;
     if (severalInputs && settings.outputName_.isEmpty()) {
         fputs("Must specify output name with multiple input files.\n", stderr);
         return OUTPUT_NAME_MISSING;
     }
-    if (nameCount > 0) listVariables(nameCount, settings);
+    listVariables(settings);
     CheckWindow(settings);
     ChooseDefaultOutput(settings);
     if (!slateFileGiven_) settings.slateFile_ = DEFAULT_SLATE_FILE;
@@ -257,18 +258,15 @@ void CommandLine::ShowUsage() {
     fputs(USAGE_TAIL, stdout);
 }
 
-// Applies the options and finds out what every argument is; the result is the number of output names.
-int CommandLine::markRoles(RunSettings& settings) {
-    int nameCount = 0;
+// Applies the options and finds out what every argument is.
+void CommandLine::markRoles(RunSettings& settings) {
     for (int i = 1; i < argc_; ++i) {
         if (argv_[i][0] == '-') {
             i = applyGroup(i, settings);
         } else {
             roles_[i] = positionalRole(argv_[i], settings);
-            if (roles_[i] == NAME) ++nameCount;
         }
     }
-    return nameCount;
 }
 
 // Each letter that needs a value takes the next argument; the result is the index of the last one taken.
@@ -301,18 +299,14 @@ CommandLine::Role CommandLine::positionalRole(char* argument, RunSettings& setti
 
 // Every argument after a name that is no name itself, option groups and numeric option values included, says something
 // about that name. An argument equal to a file name never does.
-void CommandLine::listVariables(int nameCount, RunSettings& settings) {
-    OutputVariables& variables = settings.variables_;
-    variables.names_.reset(new char*[nameCount]());
-    variables.units_.reset(new char*[nameCount]());
-    variables.errors_.reset(new float[nameCount]);
+void CommandLine::listVariables(RunSettings& settings) {
+    RequestedVariables& requested = settings.variables_.requested_;
     for (int i = 1; i < argc_; ++i) {
         char* const argument = argv_[i];
         if (settings.slateFile_ == argument || settings.outputName_ == argument) continue;
         if (roles_[i] == NAME) {
-            variables.errors_[variables.count_] = NAN;
-            variables.names_[variables.count_++] = argument;
-        } else if (variables.count_ > 0 && !StartsWithLetter(argument)) {
+            requested.add({argument});
+        } else if (requested.count() > 0 && !StartsWithLetter(argument)) {
             ApplyFollower(argument, settings);
         }
     }

@@ -26,7 +26,7 @@
 #include "logger/writer/table/TextTableLogWriter.h"
 #include "logger/writer/text/TextLogWriter.h"
 
-// In the order of creation; of outputs that share a file the last one stays.
+// Of outputs that share a file the last one stays.
 const OutputAssembly::Output OutputAssembly::OUTPUTS[] = {
     {BINARY_OUTPUT, ".bin", &OutputAssembly::addBinary},
     {CSV_OUTPUT, ".csv", &OutputAssembly::addCsv},
@@ -112,8 +112,7 @@ void OutputAssembly::addBinary(const Str& filename) {
 
 void OutputAssembly::addCsv(const Str& filename) {
     LogWriter* const table =
-        new TextTableLogWriter(",", variables_.count_, variables_.names_.get(), variables_.units_.get(),
-                               settings_.hideUnits_, settings_.interpolate_);
+        new TextTableLogWriter(",", variables_.requested_, settings_.hideUnits_, settings_.interpolate_);
     LogWriter* const file = toFile(filename, table);
     engine_.addAssociation(isThinned() ? thin(file, true, false) : file, TableRule());
 }
@@ -171,14 +170,11 @@ void OutputAssembly::addMatlab(const Str& filename) {
 }
 
 HDF5LogWriter* OutputAssembly::newHdf5(const Str& filename, bool matlab) const {
-    return new HDF5LogWriter(filename, matlab, variables_.count_, variables_.names_.get(), variables_.units_.get(),
-                             variables_.settingCount_, variables_.settings_.get());
+    return new HDF5LogWriter(filename, matlab, variables_.requested_, variables_.settings_);
 }
 
 void OutputAssembly::addJson(const Str& filename) {
-    LogWriter* const json =
-        new JsonLogWriter(settings_.formattedJson_, variables_.count_, variables_.names_.get(), variables_.units_.get(),
-                          variables_.settingCount_, variables_.settings_.get());
+    LogWriter* const json = new JsonLogWriter(settings_.formattedJson_, variables_.requested_, variables_.settings_);
     LogWriter* const file = toFile(filename, json);
     engine_.addAssociation(isThinned() ? thin(file, false, false) : file, DataRule());
 }
@@ -217,28 +213,26 @@ std::unique_ptr<FileEncoder> OutputAssembly::newArchiver(const Str& filename) co
     return mayWrite(archiver->companionOf(filename), true) ? std::move(archiver) : nullptr;
 }
 
-// Stands a table of the vehicle's positions in front of a KML writer. The tables only read their lists.
+// Stands a table of the vehicle's positions in front of a KML writer.
 LogWriter* OutputAssembly::selectTrack(LogWriter* writer) const {
     const bool flat = settings_.minimalKml_;
-    const int count = KmlLogWriter::GetKmlCount(flat);
-    char** const names = const_cast<char**>(KmlLogWriter::GetKmlArgs(flat));
-    char** const units = const_cast<char**>(KmlLogWriter::GetKmlUnits(flat));
-    if (settings_.interpolate_) return new TableLogWriter(writer, count, names, units, true);
-    return new LinearApproximationLogWriter(writer, count, names, units, KmlLogWriter::GetKmlErrors(flat), true, false);
+    const RequestedVariables position(KmlLogWriter::GetKmlCount(flat), KmlLogWriter::GetKmlArgs(flat),
+                                      KmlLogWriter::GetKmlUnits(flat), KmlLogWriter::GetKmlErrors(flat));
+    if (settings_.interpolate_) return new TableLogWriter(writer, position, true);
+    return new LinearApproximationLogWriter(writer, position, true, false);
 }
 
 // Thinned series have times of their own, which the table then shows; settings go with whole series only.
 void OutputAssembly::addNetCdfTable(const Str& filename) {
-    NetCdfTableLogWriter* const table = new NetCdfTableLogWriter(
-        filename, false, variables_.count_, variables_.names_.get(), variables_.units_.get(),
-        isThinned() || settings_.interpolate_, isThinned() ? 0 : variables_.settingCount_, variables_.settings_.get());
+    const RequestedVariables none;
+    NetCdfTableLogWriter* const table =
+        new NetCdfTableLogWriter(filename, false, variables_.requested_, isThinned() || settings_.interpolate_,
+                                 isThinned() ? none : variables_.settings_);
     addArrayFile(table, true, TableRule());
 }
 
 void OutputAssembly::addNetCdf(const Str& filename) {
-    NetCdfLogWriter* const arrays =
-        new NetCdfLogWriter(filename, true, variables_.count_, variables_.names_.get(), variables_.units_.get(),
-                            variables_.settingCount_, variables_.settings_.get());
+    NetCdfLogWriter* const arrays = new NetCdfLogWriter(filename, true, variables_.requested_, variables_.settings_);
     addArrayFile(arrays, true, TableRule());
 }
 
@@ -256,13 +250,11 @@ LogWriter* OutputAssembly::toFile(const Str& filename, LogWriter* writer, std::u
 }
 
 LogWriter* OutputAssembly::limitToNames(LogWriter* writer, bool passCycleStarts) const {
-    return new FilterLogWriter(writer, variables_.count_, variables_.names_.get(), variables_.units_.get(),
-                               passCycleStarts, 0, nullptr);
+    return new FilterLogWriter(writer, variables_.requested_, passCycleStarts, RequestedVariables());
 }
 
 LogWriter* OutputAssembly::thin(LogWriter* writer, bool sendAtStartCycle, bool makeDirEntries) const {
-    return new LinearApproximationLogWriter(writer, variables_.count_, variables_.names_.get(), variables_.units_.get(),
-                                            variables_.errors_.get(), sendAtStartCycle, makeDirEntries);
+    return new LinearApproximationLogWriter(writer, variables_.requested_, sendAtStartCycle, makeDirEntries);
 }
 
 void OutputAssembly::writeDirectory() {

@@ -1,14 +1,13 @@
 #pragma once
 
 #include <bitset>
-#include <memory>
-
 #include "data/Syslog.h"
+#include "logger/writer/RequestedVariables.h"
 #include "utils/FlexArray.h"
 #include "utils/Str.h"
 #include "utils/Timestamp.h"
 
-// The outputs a run can make, in the order in which they are created.
+// The outputs a run can make. In which order they are created is for the OutputAssembly to say.
 enum OutputKind : unsigned int {
     BINARY_OUTPUT,
     CSV_OUTPUT,
@@ -25,16 +24,11 @@ enum OutputKind : unsigned int {
 };
 using OutputKinds = std::bitset<OUTPUT_KINDS>;
 
-// The variables that the outputs are about, in the parallel arrays that writers borrow for the length of the run.
-// The strings are the command line's or the automatic variable list's.
+// What the outputs are about. The texts are the command line's or the automatic variable list's.
 struct OutputVariables {
-    int count_ = 0;
-    int errorCount_ = 0;  // approximation errors given
-    int settingCount_ = 0;
-    std::unique_ptr<char*[]> names_;     // count_ of them, as are units and errors; null when there are none
-    std::unique_ptr<char*[]> units_;     // null: the unit of the log
-    std::unique_ptr<float[]> errors_;    // in the variable's base unit; NaN: none given. Null for an automatic list
-    std::unique_ptr<char*[]> settings_;  // settingCount_ names
+    RequestedVariables requested_;
+    RequestedVariables settings_;  // without units
+    int errorCount_ = 0;           // approximation errors given
 };
 
 // What the command line asks for.
@@ -66,15 +60,16 @@ struct RunSettings {
     Syslog::Severity minimalKmlSeverity_ = Syslog::CRITICAL;
     bool quiet_ = false;
 
-    FlexArray<char*> parents_;  // components whose variables are listed; borrowed from the command line
+    FlexArray<const char*> parents_;  // components whose variables are listed; borrowed from the command line
     OutputVariables variables_;
     FlexArray<Str*> complaints_{true};  // about words that mean nothing, each once; owned
 
+    // Keeps a sentence for the user until messages can be shown; one that is kept already is dropped.
     void complain(const Str& text);
-    bool isWindowReversed() const {
-        return startTime_ != Timestamp::NOT_SET_TIME && endTime_ != Timestamp::NOT_SET_TIME && endTime_ < startTime_;
-    }
+    // No entry can lie between the bounds.
+    bool isWindowReversed() const { return startTime_.isSet() && endTime_.isSet() && endTime_ < startTime_; }
     bool writes(OutputKind kind) const { return outputs_.test(kind); }
+    // No entry is read.
     bool isDirectoryOnly() const { return outputs_ == OutputKinds(1u << DIRECTORY_OUTPUT); }
     // Some output has a place for each variable and must know them all before the first entry.
     bool hasTableOutput() const {

@@ -10,8 +10,8 @@
 UnknownWords::UnknownWords(RunSettings& settings, const Log& log)
     : settings_(settings),
       log_(log),
-      selection_(settings.variables_.count_, settings.variables_.names_.get(), settings.variables_.units_.get(), log),
-      variables_(new Knowledge[settings.variables_.count_]()),
+      selection_(settings.variables_.requested_, log),
+      variables_(new Knowledge[selection_.count()]()),
       components_(new Knowledge[settings.parents_.size()]()),
       isMissionKnown_(settings.missionName_.isEmpty()) {}
 
@@ -67,15 +67,14 @@ void UnknownWords::complainOfVariable(int index) const {
     const Str name = Str("\"") + selection_.name(index) + "\"";
     if (variables_[index] == UNKNOWN) settings_.complain("No variable " + name + " is in the logs");
     if (variables_[index] == IN_ANOTHER_UNIT) {
-        settings_.complain(Str("The unit \"") + settings_.variables_.units_[index] + "\" does not fit the variable " +
-                           name);
+        settings_.complain(Str("The unit \"") + selection_.unitName(index) + "\" does not fit the variable " + name);
     }
 }
 
 void UnknownWords::complainOfSelection() const {
     Str words;
-    if (settings_.startTime_ != Timestamp::NOT_SET_TIME) words += " -s " + settings_.startTime_.toString(3);
-    if (settings_.endTime_ != Timestamp::NOT_SET_TIME) words += " -e " + settings_.endTime_.toString(3);
+    if (settings_.startTime_.isSet()) words += " -s " + settings_.startTime_.toString(3);
+    if (settings_.endTime_.isSet()) words += " -e " + settings_.endTime_.toString(3);
     if (!settings_.missionName_.isEmpty()) words += " -r " + settings_.missionName_;
     if (!words.isEmpty()) settings_.complain("No entry lies within" + words);
 }

@@ -27,7 +27,7 @@ int Unserialize::convert() {
     readInputs();
     engine_.uninitialize();
     outputs_.placeDirectory();
-    unknownWords_.complain(settings_.isDirectoryOnly() || firstTime_ != Timestamp::NOT_SET_TIME);
+    unknownWords_.complain(settings_.isDirectoryOnly() || firstTime_.isSet());
     reportComplaints();
     nameOutputs();
     sayDone();
@@ -69,7 +69,7 @@ void Unserialize::reportComplaints() {
 // Tables need to know every variable before the first entry. Other outputs learn names as they come; with a single
 // input they are given what its side file, or in a run that writes one the log itself, says.
 void Unserialize::listVariables() {
-    if (settings_.variables_.count_ > 0) return;
+    if (settings_.variables_.requested_.count() > 0) return;
     if (settings_.hasTableOutput()) {
         variableList_.readFrom(inputs_, log_, directories_, settings_, consoleEngine_);
         variableList_.giveTo(settings_.variables_);
@@ -117,17 +117,15 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
                                                          settings_.missionName_, &engine_, &consoleEngine_, log_);
     entries->setTimeAdjust(timeCorrection_);
     FileLogReader file(input, entries);  // owns the entry reader
-    for (int zeros = 0; zeros < FileLogReader::MAX_ZERO_READS; ++zeros) {
-        while (!isMemoryUsedUp_ && !writesInVain() && file.read() > 0) {
-            zeros = 0;
-            isMemoryUsedUp_ = MemoryReserve::WasTaken() && !regainMemory();
-            if (progress.isDue()) progress.show(bytesBefore_ + file.getBytesPassed());
-        }
-    }
+    file.readWhile([&] {
+        isMemoryUsedUp_ = MemoryReserve::WasTaken() && !regainMemory();
+        if (progress.isDue()) progress.show(bytesBefore_ + file.getBytesPassed());
+        return !isMemoryUsedUp_ && !writesInVain();
+    });
     bytesBefore_ += file.getBytesPassed();
     timeCorrection_ = entries->getTimeAdjust();
-    if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entries->getFirstTime();
-    lastTime_ = entries->getLastTime();
+    if (!firstTime_.isSet()) firstTime_ = entries->getFirstTime();
+    if (entries->getLastTime().isSet()) lastTime_ = entries->getLastTime();
     if (file.getEntriesRead() == 0) {
         reportNoEntry(input, file.getOpenError());
     } else {
@@ -157,7 +155,7 @@ void Unserialize::reportNoEntry(const Str& input, const Str& reason) {
 }
 
 void Unserialize::nameOutputs() {
-    if (firstTime_ == Timestamp::NOT_SET_TIME || !settings_.appendDates_ || settings_.toStandardOutput_) return;
+    if (!firstTime_.isSet() || !settings_.appendDates_ || settings_.toStandardOutput_) return;
     const OutputNaming naming(settings_, inputs_, firstTime_, lastTime_, logger_);
     for (unsigned int i = 0; i < outputs_.files().size(); ++i) {
         const OutputAssembly::File& file = *outputs_.files().at(i);

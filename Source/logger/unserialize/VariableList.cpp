@@ -1,13 +1,11 @@
 #include "logger/unserialize/VariableList.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "data/Log.h"
 #include "logger/engine/LogEngine.h"
 #include "logger/unserialize/Directories.h"
 #include "logger/unserialize/Inputs.h"
-#include "units/Units.h"
 
 namespace {
 
@@ -31,7 +29,7 @@ bool IsSetting(const ElementURI& name) {
            name.getElementType() == ElementURI::SETTING_ELEMENT || strncmp(name.cStr(), PREFIX, strlen(PREFIX)) == 0;
 }
 
-bool IsChild(const FlexArray<char*>& parents, const Str& name) {
+bool IsChild(const FlexArray<const char*>& parents, const Str& name) {
     if (parents.isEmpty()) return true;
     for (unsigned int i = 0; i < parents.size(); ++i) {
         if (VariableList::Selects(parents.at(i), name)) return true;
@@ -39,28 +37,12 @@ bool IsChild(const FlexArray<char*>& parents, const Str& name) {
     return false;
 }
 
-char* NewText(const Str& text) {
-    char* const copy = new char[text.length() + 1];
-    std::copy_n(text.cStr(), text.length() + 1, copy);
-    return copy;
-}
-
 const ElementURI* UniversalOf(const Log& log, const DataAccess& access) {
     const unsigned short code = access.getUniversalCode();
     return code < ElementURI::NUM_CODES ? log.getElementURI(code) : nullptr;
 }
 
-std::unique_ptr<char* []> ArrayOf(const FlexArray<char*>& texts) {
-    std::unique_ptr<char*[]> array(new char*[texts.size()]);
-    for (unsigned int i = 0; i < texts.size(); ++i) array[i] = texts.at(i);
-    return array;
-}
-
 }  // namespace
-
-VariableList::VariableList() {
-    for (FlexArray<char*>* const texts : {&names_, &units_, &settings_}) texts->setDoArrayDelete(true);
-}
 
 void VariableList::readFrom(const Inputs& inputs, Log& run, Directories& directories, const RunSettings& settings,
                             LogEngine& console) {
@@ -78,7 +60,7 @@ void VariableList::readFrom(const Inputs& inputs, Log& run, Directories& directo
     }
 }
 
-void VariableList::addDirectory(const Log& log, const FlexArray<char*>& parents, bool withSettings) {
+void VariableList::addDirectory(const Log& log, const FlexArray<const char*>& parents, bool withSettings) {
     const DataAccess* previous = nullptr;
     for (unsigned short code = 0; code < log.getNextDataAccessCode(); ++code) {
         const DataAccess* const access = log.getDataAccess(code);
@@ -102,28 +84,24 @@ bool VariableList::Selects(const char* parent, const Str& name) {
     return componentLength != Str::NO_POS && strncmp(parent, name.cStr(), componentLength) == 0;
 }
 
+const char* VariableList::newText(const Str& name, FastMap<Str, const Str*>& known) {
+    if (known.get(name) != nullptr) return nullptr;
+    Str* const text = new Str(name);
+    texts_.push(text);
+    known.put(name, text, false);
+    return text->cStr();
+}
+
 void VariableList::addSetting(const ElementURI& name) {
-    char* const text = NewText(name);
-    if (settingsByText_.put(name, text, false)) {
-        settings_.push(text);
-    } else {
-        delete[] text;
-    }
+    if (const char* const text = newText(name, settingTexts_)) settings_.add({text});
 }
 
 void VariableList::addVariable(const ElementURI& name, const DataAccess& access) {
-    if (namesByText_.get(name) != nullptr) return;
-    char* const text = NewText(name);
-    namesByText_.put(name, text, false);
-    names_.push(text);
-    const Unit* const unit = access.getUnit();
-    units_.push(NewText(unit == nullptr ? Units::NONE.getName() : unit->getName()));
+    const char* const text = newText(name, variableTexts_);
+    if (text != nullptr) variables_.add({text, access.unitOrNone().getName()});
 }
 
 void VariableList::giveTo(OutputVariables& variables) const {
-    variables.count_ = static_cast<int>(names_.size());
-    variables.names_ = ArrayOf(names_);
-    variables.units_ = ArrayOf(units_);
-    variables.settingCount_ = static_cast<int>(settings_.size());
-    variables.settings_ = ArrayOf(settings_);
+    variables.requested_.addAll(variables_);
+    variables.settings_.addAll(settings_);
 }

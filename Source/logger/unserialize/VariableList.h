@@ -15,14 +15,12 @@ class LogEngine;
 // the inputs describe. Variables come in the order of their accesses' codes, each followed by the universal it serves.
 class VariableList {
 public:
-    VariableList();
-
     // Reads the directory of every input, one after the other; that of a single input into the run's log, where it
     // stays. Messages are shown on the console after each.
     void readFrom(const Inputs& inputs, Log& run, Directories& directories, const RunSettings& settings,
                   LogEngine& console);
     // Adds what the log holds now; settings count when withSettings.
-    void addDirectory(const Log& log, const FlexArray<char*>& parents, bool withSettings);
+    void addDirectory(const Log& log, const FlexArray<const char*>& parents, bool withSettings);
     // Makes the list the run's variables: it owns their names and must outlive their use.
     void giveTo(OutputVariables& variables) const;
 
@@ -31,12 +29,14 @@ public:
     static bool Selects(const char* parent, const Str& name);
 
 private:
+    // A text of the list's own; null for a name that is among the known ones.
+    const char* newText(const Str& name, FastMap<Str, const Str*>& known);
     void addSetting(const ElementURI& name);
     void addVariable(const ElementURI& name, const DataAccess& access);
 
-    FlexArray<char*> names_{true};     // owned
-    FlexArray<char*> units_{true};     // one per name; owned
-    FlexArray<char*> settings_{true};  // owned
-    FastMap<Str, char*> namesByText_;  // the same names, for look-up
-    FastMap<Str, char*> settingsByText_;
+    RequestedVariables variables_;
+    RequestedVariables settings_;
+    FlexArray<Str*> texts_{true};             // of their names; owned
+    FastMap<Str, const Str*> variableTexts_;  // those of variables_, for look-up
+    FastMap<Str, const Str*> settingTexts_;
 };

@@ -3,11 +3,11 @@
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/EventEntry.h"
 
-FilterLogWriter::FilterLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList,
-                                 bool passCycleStarts, int attCount, char** attList)
+FilterLogWriter::FilterLogWriter(LogWriter* outputTo, const RequestedVariables& variables, bool passCycleStarts,
+                                 const RequestedVariables& attributes)
     : outputTo_(outputTo),
-      variables_(varCount, varList, unitList, log_),
-      attributes_(attCount, attList, nullptr, log_),
+      variables_(variables, log_),
+      attributes_(attributes, log_),
       passCycleStarts_(passCycleStarts),
       lastTime_(Timestamp::NOT_SET_TIME) {
     if (outputTo_ == nullptr) return;
@@ -39,20 +39,18 @@ unsigned int FilterLogWriter::write(const LogEntry* entry, const Unit* unit) {
 
 // A cycle start is passed on only once a previous cycle exists.
 unsigned int FilterLogWriter::writeEvent(const EventEntry& event) {
-    if (!passCycleStarts_ || event.getEventType() != EventEntry::START_CYCLE) return 0;
-    const unsigned int bytes = lastTime_ == Timestamp::NOT_SET_TIME ? 0 : writeCycleStart(&event);
+    if (!passCycleStarts_ || !event.isCycleStart()) return 0;
+    const unsigned int bytes = lastTime_.isSet() ? writeCycleStart(&event) : 0;
     lastTime_ = event.getTimestamp();
     return bytes;
 }
 
-// A best value also counts as its universal: one entry can feed two variables, and an attribute besides.
+// One entry can feed two variables, and an attribute besides.
 unsigned int FilterLogWriter::writeSelected(const DataEntry& entry, const Unit* unit) {
     const unsigned short code = entry.getElementCode();
-    const unsigned short universalCode = entry.getUniversalCode();
+    const unsigned short bestCode = entry.getBestCode();
     unsigned int bytes = writeVariable(entry, variables_.indexOf(code), unit);
-    if (entry.isBest() && universalCode != code) {
-        bytes += writeVariable(entry, variables_.indexOf(universalCode), unit);
-    }
+    if (bestCode != code) bytes += writeVariable(entry, variables_.indexOf(bestCode), unit);
     const int attribute = attributes_.indexOf(code);
     return attribute < 0 ? bytes : bytes + writeAtt(&entry, attribute, unit);
 }
@@ -98,9 +96,4 @@ unsigned int FilterLogWriter::writeAtt(const DataEntry* entry, int attIndex, con
 bool FilterLogWriter::initializeFilterLogWriter() {
     const bool variablesKnown = variables_.resolve();
     return attributes_.resolve() && variablesKnown;
-}
-
-int FilterLogWriter::ownerOf(int request) const {
-    if (isAttribute(request) && variables_.indexOfName(nameOf(request)) >= 0) return -1;
-    return request - positionOf(request) + selectionOf(request).firstIndexOfName(positionOf(request));
 }

@@ -48,7 +48,7 @@ unsigned int SplitFileLogWriter::write(const LogEntry* entry, const Unit* unit) 
 // Asked before the entry is written: a file ends with the first entry that takes it past its size.
 bool SplitFileLogWriter::isDue(const LogEntry* entry) const {
     if (!isTimed()) return capacity_ != 0 && bytesInFile_ > capacity_;
-    return entry != nullptr && splitTime_ != Timestamp::NOT_SET_TIME && entry->getTimestamp() > splitTime_;
+    return entry != nullptr && splitTime_.isSet() && entry->getTimestamp() > splitTime_;
 }
 
 void SplitFileLogWriter::split(bool reopen, int number) {

@@ -4,21 +4,16 @@
 #include <cstring>
 #include <utility>
 
+#include "data/DataAccess.h"
 #include "units/UnitRegistry.h"
-#include "units/Units.h"
 
-VariableSelection::VariableSelection(int count, char** names, char** unitNames, const Log& log)
-    : log_(log),
-      count_(count),
-      names_(names),
-      unitNames_(unitNames),
-      variables_(new Variable[count]),
-      codeLookup_(new int[ElementURI::NUM_CODES]) {
+VariableSelection::VariableSelection(const RequestedVariables& requested, const Log& log)
+    : log_(log), requested_(requested), variables_(new Variable[count()]), codeLookup_(new int[ElementURI::NUM_CODES]) {
     reset();
 }
 
 void VariableSelection::reset() {
-    std::fill_n(variables_.get(), count_, Variable());
+    std::fill_n(variables_.get(), count(), Variable());
     std::fill_n(codeLookup_.get(), ElementURI::NUM_CODES, -1);
     resolved_ = false;
     watch_.reset();
@@ -27,7 +22,7 @@ void VariableSelection::reset() {
 bool VariableSelection::lookUpAll() {
     watch_.look();
     resolved_ = true;
-    for (int index = 0; index < count_; ++index) {
+    for (int index = 0; index < count(); ++index) {
         lookUpUnit(index);
         if (!isFound(index) && !lookUpCode(index) && !log_.isDirectoryRead()) resolved_ = false;
     }
@@ -36,7 +31,7 @@ bool VariableSelection::lookUpAll() {
 
 // A universal is registered before any log names it; only a code tells that the log knows the name.
 bool VariableSelection::lookUpCode(int index) {
-    const ElementURI* uri = log_.findElementURI(names_[index]);
+    const ElementURI* uri = log_.findElementURI(name(index));
     if (uri == nullptr || !uri->hasCode()) return false;
     variables_[index].code_ = uri->getCode();
     variables_[index].isUniversal_ = uri->getElementType() == ElementURI::UNIVERSAL_ELEMENT;
@@ -45,13 +40,13 @@ bool VariableSelection::lookUpCode(int index) {
 }
 
 void VariableSelection::lookUpUnit(int index) {
-    const char* unitName = unitNames_ == nullptr ? nullptr : unitNames_[index];
-    if (unitName != nullptr && unit(index) == nullptr) variables_[index].unit_ = UnitRegistry::FindUnit(unitName);
+    if (unitName(index) == nullptr || unit(index) != nullptr) return;
+    variables_[index].unit_ = UnitRegistry::FindUnit(unitName(index));
 }
 
-int VariableSelection::indexOfName(const char* name) const {
-    for (int index = 0; index < count_; ++index) {
-        if (strcmp(names_[index], name) == 0) return index;
+int VariableSelection::indexOfName(const char* text) const {
+    for (int index = 0; index < count(); ++index) {
+        if (strcmp(name(index), text) == 0) return index;
     }
     return -1;
 }
@@ -66,16 +61,19 @@ const ElementURI* VariableSelection::standardName(int index, unsigned short univ
     return log_.getElementURI(isUniversal(index) ? code(index) : universalCode);
 }
 
+const Unit& VariableSelection::unitOf(int index, const DataAccess& access) const {
+    return unit(index) != nullptr ? *unit(index) : access.unitOrNone();
+}
+
 const Unit* VariableSelection::shownUnit(int index) const {
     const DataAccess* const describing = access(index);
     if (describing == nullptr) return unitOfName(index);
     if (describing->getBinaryType() == NO_TYPE) return nullptr;
-    if (unit(index) != nullptr) return unit(index);
-    return describing->getUnit() == nullptr ? &Units::NONE : describing->getUnit();
+    return &unitOf(index, *describing);
 }
 
 const Unit* VariableSelection::unitOfName(int index) const {
-    for (int i = 0; i < count_; ++i) {
+    for (int i = 0; i < count(); ++i) {
         if (unit(i) != nullptr && strcmp(name(i), name(index)) == 0) return unit(i);
     }
     return nullptr;

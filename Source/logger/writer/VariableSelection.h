@@ -4,42 +4,47 @@
 #include <memory>
 
 #include "data/ElementURI.h"
+#include "logger/writer/RequestedVariables.h"
 #include "logger/writer/SlateWatch.h"
 
 class DataAccess;
 
-// A list of variables that the user or the run asked for, by name and unit, and where each is found among the log's
-// codes. Names become known only as the log's directory is read, so they are resolved again whenever it has grown.
+// The variables that an output is asked for, and where each is found among the log's codes. Names become known only as
+// the log's directory is read, so they are resolved again whenever it has grown.
 class VariableSelection {
 public:
-    // The lists and the log are borrowed; units may be null, and so may each unit.
-    VariableSelection(int count, char** names, char** unitNames, const Log& log = Log::Current());
+    explicit VariableSelection(const RequestedVariables& requested, const Log& log = Log::Current());  // log: borrowed
 
     void reset();  // forget all codes and units; look everything up again
     // Looks up what is not resolved yet, when the directory has changed since the last try. True when every name is
     // resolved or, the directory having been read, can no longer be.
     bool resolve() { return resolved_ || (isStale() && lookUpAll()); }
-    bool isResolved() const { return resolved_; }
+    bool isResolved() const { return resolved_; }  // as the last resolve answered
     // The directory has grown, or was read to its end, since the last resolve.
     bool isStale() const { return watch_.hasChanged(); }
 
-    int count() const { return count_; }
-    const char* name(int index) const { return names_[index]; }
-    unsigned short code(int index) const { return variables_[index].code_; }  // ElementURI::NO_CODE until found
-    bool isFound(int index) const { return code(index) < ElementURI::NUM_CODES; }
-    bool isUniversal(int index) const { return variables_[index].isUniversal_; }
-    const Unit* unit(int index) const { return variables_[index].unit_; }  // the unit asked for; null when none
+    int count() const { return requested_.count(); }
+    const char* name(int index) const { return requested_.at(index).name_; }      // as asked for
+    const char* unitName(int index) const { return requested_.at(index).unit_; }  // null when no unit was asked for
+    float error(int index) const { return requested_.at(index).error_; }
+    unsigned short code(int index) const { return variables_[index].code_; }       // ElementURI::NO_CODE until found
+    bool isFound(int index) const { return code(index) < ElementURI::NUM_CODES; }  // the log has named it
+    bool isUniversal(int index) const { return variables_[index].isUniversal_; }   // false until found
+    const Unit* unit(int index) const { return variables_[index].unit_; }          // the unit asked for; null when none
     // The index of the variable with that code (the last of equal names), -1 when none was asked for.
     int indexOf(unsigned short code) const { return code < ElementURI::NUM_CODES ? codeLookup_[code] : -1; }
+    // A later name of the list has the same code: indexOf gives that one.
     bool isListedAgain(int index) const { return isFound(index) && codeLookup_[code(index)] != index; }
     // The index at which the same variable is listed before, -1 when it is not.
     int indexBefore(int index) const { return variables_[index].indexBefore_; }
     // The first index of the same name.
     int firstIndexOfName(int index) const { return indexOfName(name(index)); }
-    int indexOfName(const char* name) const;  // the first one; -1 when it was not asked for
+    int indexOfName(const char* text) const;  // the first one; -1 when it was not asked for
     // The access that describes the variable; null while there is none.
     const DataAccess* access(int index) const;
     const Unit* unitOfName(int index) const;  // the first asked for with that name; null when none was
+    // The unit in which it is written: the one asked for, else that of the log.
+    const Unit& unitOf(int index, const DataAccess& access) const;
     // The unit in which the variable is shown: the one asked for, else that of the log. Null while nothing tells what
     // the variable is: an access without a type holds no value, and of a name that the log does not know only a unit
     // tells.
@@ -50,10 +55,10 @@ public:
     // Says on standard output why an output holds nothing; hasPlace(index) tells whether it has one for the variable.
     template <typename HasPlace>
     void printMissing(HasPlace hasPlace) const {
-        for (int i = 0; i < count_; ++i) {
+        for (int i = 0; i < count(); ++i) {
             if (!isFound(i)) printf("Could not find variable \"%s\"\n", name(i));
         }
-        for (int i = 0; resolved_ && i < count_; ++i) {
+        for (int i = 0; resolved_ && i < count(); ++i) {
             if (!hasPlace(i)) printf("Never ran writer for variable \"%s\"\n", name(i));
         }
     }
@@ -70,9 +75,7 @@ private:
     void lookUpUnit(int index);
 
     const Log& log_;
-    const int count_;
-    char** const names_;      // borrowed
-    char** const unitNames_;  // borrowed; may be null
+    const RequestedVariables requested_;
     std::unique_ptr<Variable[]> variables_;
     std::unique_ptr<int[]> codeLookup_;  // by code, NUM_CODES of them: the index or -1
     bool resolved_ = false;

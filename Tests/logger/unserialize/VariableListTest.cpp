@@ -10,25 +10,28 @@ class VariableListTest : public ::testing::Test {
 protected:
     // What the log's directory adds, as "name unit" for each variable.
     std::string add(std::initializer_list<const char*> parents = {}, bool withSettings = true) {
-        FlexArray<char*> list;
-        for (const char* const parent : parents) list.push(const_cast<char*>(parent));
+        FlexArray<const char*> list;
+        for (const char* const parent : parents) list.push(parent);
         list_.addDirectory(Log::Current(), list, withSettings);
-        list_.giveTo(variables_);
+        OutputVariables variables;
+        list_.giveTo(variables);
         std::string all;
-        for (int i = 0; i < variables_.count_; ++i) {
-            all += std::string(i == 0 ? "" : ", ") + variables_.names_[i] + " " + variables_.units_[i];
+        for (int i = 0; i < variables.requested_.count(); ++i) {
+            const RequestedVariable& variable = variables.requested_.at(i);
+            all += std::string(i == 0 ? "" : ", ") + variable.name_ + " " + variable.unit_;
         }
         return all;
     }
     std::string settings() const {
+        OutputVariables variables;
+        list_.giveTo(variables);
         std::string all;
-        for (int i = 0; i < variables_.settingCount_; ++i) all += std::string(variables_.settings_[i]) + " ";
+        for (int i = 0; i < variables.settings_.count(); ++i) all += std::string(variables.settings_.at(i).name_) + " ";
         return all;
     }
 
     SmallLog log_;
     VariableList list_;
-    OutputVariables variables_;
 };
 
 TEST_F(VariableListTest, VariablesAndUniversalsInTheOrderOfCodes) {

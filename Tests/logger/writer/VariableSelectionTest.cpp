@@ -18,7 +18,7 @@ TEST_F(VariableSelectionTest, FindsCodesAndUnits) {
     DataAccess* depth = log_.declareServing("depth", "Depth.depth", Units::METER);
     NameList names{"Depth.depth", "depth", "Depth.rate"};
     NameList units{"cm", nullptr, "no such unit"};
-    VariableSelection selection(names.count(), names.list(), units.list());
+    VariableSelection selection({names.count(), names.list(), units.list()});
     EXPECT_TRUE(selection.resolve());
     EXPECT_EQ(0, selection.indexOf(depth->getElementCode()));
     EXPECT_EQ(1, selection.indexOf(depth->getUniversalCode()));
@@ -36,7 +36,7 @@ TEST_F(VariableSelectionTest, FindsCodesAndUnits) {
 TEST_F(VariableSelectionTest, ANameListedTwiceMapsToItsLastIndex) {
     DataAccess* depth = log_.declare("Depth.depth");
     NameList names{"Depth.depth", "Depth.rate", "Depth.depth"};
-    VariableSelection selection(names.count(), names.list(), nullptr);
+    VariableSelection selection({names.count(), names.list()});
     EXPECT_FALSE(selection.resolve());
     EXPECT_EQ(2, selection.indexOf(depth->getElementCode()));
     for (int code : {16382, 16383, 16384, 65534, 65535}) {  // which a log may say, and no lookup holds
@@ -50,7 +50,7 @@ TEST_F(VariableSelectionTest, ANameListedAgainMayBringItsUnit) {
     log_.declareUntyped("Depth.open");
     NameList names{"No.such", "Depth.depth", "Depth.open", "No.such", "Depth.depth", "Depth.open"};
     NameList units{nullptr, nullptr, nullptr, "second", "cm", "second"};
-    VariableSelection selection(names.count(), names.list(), units.list());
+    VariableSelection selection({names.count(), names.list(), units.list()});
     selection.resolve();
     EXPECT_EQ(&Units::SECOND, selection.shownUnit(0));
     EXPECT_EQ(&Units::METER, selection.shownUnit(1));
@@ -64,7 +64,7 @@ TEST_F(VariableSelectionTest, StandardNames) {
     const unsigned short other = log_.declare("Depth.rate")->getElementCode();
     DataAccess* const supplier = log_.declareServing("turbidity", "Ctd.turbidity");  // which no catalogue lists
     NameList names{"depth", "Depth.depth", "No.such", "turbidity"};
-    VariableSelection selection(names.count(), names.list(), nullptr);
+    VariableSelection selection({names.count(), names.list()});
     selection.resolve();
     EXPECT_EQ(supplier, selection.access(3));
     const std::tuple<int, int, const char*> cases[] = {

@@ -3,15 +3,13 @@
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/SyslogEntry.h"
 
-LinearApproximationLogWriter::LinearApproximationLogWriter(LogWriter* outputTo, int varCount, char** varList,
-                                                           char** unitList, const float* approxErrors,
+LinearApproximationLogWriter::LinearApproximationLogWriter(LogWriter* outputTo, const RequestedVariables& variables,
                                                            bool sendAtStartCycle, bool makeDirEntries)
-    : TableLogWriter(outputTo, varCount, varList, unitList, false),
-      approxErrors_(approxErrors),
+    : TableLogWriter(outputTo, variables, false),
       sendAtStartCycle_(sendAtStartCycle),
       makeDirEntries_(makeDirEntries),
-      varData_(new std::unique_ptr<VarData>[varCount]),
-      directory_(varCount, log_),
+      varData_(new std::unique_ptr<VarData>[columns_.count()]),
+      directory_(columns_.count(), log_),
       cycleStartEntry_(Timestamp::EPOCH_START_TIME) {}
 
 unsigned int LinearApproximationLogWriter::writeHeader() {
@@ -86,7 +84,7 @@ unsigned int LinearApproximationLogWriter::forceWrite(DataEntry* entry) {
 }
 
 unsigned int LinearApproximationLogWriter::startSeries(const DataEntry& entry, int column) {
-    varData_[column].reset(new VarData(entry, approxErrors_[column]));
+    varData_[column].reset(new VarData(entry, columns_.error(column)));
     return passOn(*varData_[column]->getDataEntry(), column);
 }
 

@@ -11,12 +11,17 @@
 // writer as data entries. Texts and arrays are passed on as they are. When the inputs change, every series ends.
 class LinearApproximationLogWriter : public TableLogWriter {
 public:
-    // approxErrors, per column in the base unit of the variable (NaN: only first, forced and last points pass), is
-    // borrowed like the lists. sendAtStartCycle: at each cycle start after which points were passed on, all columns are
-    // forced out and a cycle start follows. makeDirEntries: directory entries with codes of the output's own precede a
-    // column's first data entry and a facility's first message, so that the output is a log that reads alone.
+    // Of a variable without an error only first, forced and last points pass. sendAtStartCycle: at each cycle start
+    // after which points were passed on, all columns are forced out and a cycle start follows. makeDirEntries:
+    // directory entries with codes of the output's own precede a column's first data entry and a facility's first
+    // message, so that the output is a log that reads alone.
+    LinearApproximationLogWriter(LogWriter* outputTo, const RequestedVariables& variables, bool sendAtStartCycle,
+                                 bool makeDirEntries);
+    // From parallel lists; their texts are borrowed and outlive the writer.
     LinearApproximationLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList,
-                                 const float* approxErrors, bool sendAtStartCycle, bool makeDirEntries);
+                                 const float* approxErrors, bool sendAtStartCycle, bool makeDirEntries)
+        : LinearApproximationLogWriter(outputTo, RequestedVariables(varCount, varList, unitList, approxErrors),
+                                       sendAtStartCycle, makeDirEntries) {}
 
     unsigned int writeHeader() override;
     void endCycle() override;
@@ -38,7 +43,6 @@ private:
     unsigned int sendOutput(const DataEntry* entry, int column);
     unsigned int sendDescribed(const DataEntry& entry, int column, const Str& name, const Unit* unit);
 
-    const float* const approxErrors_;  // borrowed
     const bool sendAtStartCycle_;
     const bool makeDirEntries_;
     std::unique_ptr<std::unique_ptr<VarData>[]> varData_;  // per column, null until its first sample

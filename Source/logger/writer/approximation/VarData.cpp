@@ -4,18 +4,12 @@
 #include <limits>
 
 #include "data/DataValue.h"
-#include "units/Units.h"
 
 static const float NO_SLOPE = std::numeric_limits<float>::quiet_NaN();
 
-static const Unit& BaseUnitOf(const DataEntry& entry) {
-    const DataValue* value = entry.getDataValue();
-    return value == nullptr || value->getUnit() == nullptr ? Units::NONE : value->getBaseUnit();
-}
-
 VarData::VarData(const DataEntry& first, float approxError)
     : dataEntry_(new DataEntry(first)),
-      unit_(BaseUnitOf(first)),
+      unit_(first.valueUnit().getBaseUnit()),
       approxError_(approxError),
       minUpperSlope_(NO_SLOPE),
       maxLowerSlope_(NO_SLOPE),

@@ -15,8 +15,7 @@ DecimationLogWriter::DecimationLogWriter(LogWriter& outputTo, DecimationType typ
 unsigned int DecimationLogWriter::write(const LogEntry* entry, const Unit* unit) {
     if (entry == nullptr) return 0;
     if (entry->getType() == LogEntry::DATA_LOG_ENTRY) return sample(static_cast<const DataEntry&>(*entry), unit);
-    if (entry->getType() == LogEntry::EVENT_LOG_ENTRY &&
-        static_cast<const EventEntry*>(entry)->getEventType() == EventEntry::START_CYCLE) {
+    if (EventEntry::IsCycleStart(*entry)) {
         cycleTime_ = entry->getTimestamp();
         cycleStartPending_ = cycleStarts_;
     }

@@ -3,7 +3,6 @@
 #include <limits>
 
 #include "data/DataValue.h"
-#include "units/Units.h"
 
 LinearApproxLogWriter::LinearApproxLogWriter(LogWriter& outputTo, const Str& varName, DataValue* approxError,
                                              bool cycleStarts, Logger& logger)
@@ -60,8 +59,7 @@ void LinearApproxLogWriter::setParameter(DataValue* value, Logger& logger) {
 
 // As a double of the same unit: not every class of value holds NaN.
 void LinearApproxLogWriter::makeBoundNaN() {
-    const Unit* const unit = approxErrorValue_->getUnit();
-    approxErrorValue_.reset((unit == nullptr ? Units::NONE : *unit).dataValue(DOUBLE8));
+    approxErrorValue_.reset(approxErrorValue_->unitOrNone().dataValue(DOUBLE8));
 }
 
 float LinearApproxLogWriter::bound() const {

@@ -52,8 +52,7 @@ unsigned int KmlLogWriter::write(const LogEntry* entry, const Unit*) {
         return 0;
     }
     const bool isMessage = entry->getType() == LogEntry::SYSLOG_LOG_ENTRY;
-    const bool isCycle = entry->getType() == LogEntry::EVENT_LOG_ENTRY &&
-                         static_cast<const EventEntry*>(entry)->getEventType() == EventEntry::START_CYCLE;
+    const bool isCycle = EventEntry::IsCycleStart(*entry);
     if (!isLocated() || !(isMessage || (isCycle && hasMoved()))) return 0;
     TextBuffer text;
     const Str point = beginPoint(text);

@@ -29,12 +29,6 @@ const NetCdfConventions::Types* NetCdfConventions::FindTypes(BinaryDataType type
     return nullptr;
 }
 
-const Unit& NetCdfConventions::UnitOf(const VariableSelection& selection, int index, const DataAccess& access) {
-    if (selection.unit(index) != nullptr) return *selection.unit(index);
-    const Unit* const unit = access.getUnit();
-    return unit != nullptr ? *unit : Units::NONE;
-}
-
 unsigned short NetCdfConventions::CodeOfLastPart(const Str& name, const Log& log) {
     const size_t dot = name.findLastOf('.');
     return log.getElementURICode(dot < name.length() ? name.cStr() + dot + 1 : name.cStr());
@@ -62,18 +56,11 @@ void NetCdfConventions::AddFileAtts(NetCdfWriter& writer) {
     writer.addGlobalAtt("CF:featureType", "trajectory");
 }
 
-bool NetCdfConventions::Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome) {
+void NetCdfConventions::Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome) {
     if (!hasContent) {
         writer.discard();
         outcome.removed();
-        return false;
+    } else if (!writer.finalize()) {
+        outcome.fail();
     }
-    const bool isWhole = writer.finalize();
-    if (!isWhole) outcome.fail();
-    return isWhole;
-}
-
-void NetCdfConventions::PrintNothingWritten(const VariableSelection& selection, NetCdf::NetCdfVar* const* vars) {
-    puts("No netCDF file written");
-    selection.printMissing([vars](int index) { return vars[index] != nullptr; });
 }

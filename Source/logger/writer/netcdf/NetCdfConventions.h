@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+
 #include "logger/writer/OutputOutcome.h"
 #include "logger/writer/VariableSelection.h"
 #include "utils/netcdf/NetCdfWriter.h"
@@ -20,8 +22,6 @@ struct Types {
 // Null, and said on standard output, for a type that the outputs cannot handle.
 const Types* FindTypes(BinaryDataType type, const Str& elementName);
 
-// The unit in which a variable is written: the one asked for, else that of the log.
-const Unit& UnitOf(const VariableSelection& selection, int index, const DataAccess& access);
 // For a name that the log does not know: the code that the log has for the part after the last '.'.
 unsigned short CodeOfLastPart(const Str& name, const Log& log);
 
@@ -29,10 +29,14 @@ unsigned short CodeOfLastPart(const Str& name, const Log& log);
 // was asked for.
 void Describe(NetCdfWriter& writer, NetCdf::NetCdfVar& var, const Unit& unit, const ElementURI* standardName,
               const char* coordinates, const char* requestedText);
-void AddFileAtts(NetCdfWriter& writer);
+void AddFileAtts(NetCdfWriter& writer);  // which conventions the file follows
 
-// Ends the file; one without content is removed. True when it is whole.
-bool Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome);
-// Says why there is nothing in the file. vars has an item for each of the selection.
-void PrintNothingWritten(const VariableSelection& selection, NetCdf::NetCdfVar* const* vars);
+// Ends the file; one without content is removed.
+void Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome);
+// Says why there is nothing in the file; hasPlace(index) as printMissing's.
+template <typename HasPlace>
+void PrintNothingWritten(const VariableSelection& selection, HasPlace hasPlace) {
+    puts("No netCDF file written");
+    selection.printMissing(hasPlace);
+}
 }  // namespace NetCdfConventions

@@ -8,8 +8,8 @@
 #include "logger/writer/netcdf/NetCdfConventions.h"
 #include "logger/writer/netcdf/NetCdfNames.h"
 
-NetCdfSettings::NetCdfSettings(int count, char** names, const Log& log)
-    : log_(log), selection_(count, names, nullptr, log), settings_(new Setting[count]) {}
+NetCdfSettings::NetCdfSettings(const RequestedVariables& settings, const Log& log)
+    : log_(log), selection_(settings, log), settings_(new Setting[settings.count()]) {}
 
 // Of a number that has not come yet.
 static NetCdfAttValue Placeholder(NetCdf::NetCdfType type) {

@@ -14,7 +14,7 @@ class DataEntry;
 // are kept here and put at the end.
 class NetCdfSettings {
 public:
-    NetCdfSettings(int count, char** names, const Log& log);  // both are borrowed
+    NetCdfSettings(const RequestedVariables& settings, const Log& log);  // the log is borrowed
 
     // Makes the attributes that are still missing, with placeholders. False while the log may still name a setting.
     bool define(NetCdfWriter& writer);

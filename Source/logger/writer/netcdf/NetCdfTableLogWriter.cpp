@@ -7,13 +7,13 @@
 
 static const char* const COORDINATES = "Time depth latitude longitude";
 
-NetCdfTableLogWriter::NetCdfTableLogWriter(const Str& filename, bool version4, int varCount, char** varList,
-                                           char** unitList, bool interpolate, int attCount, char** attList)
-    : TableLogWriter(varCount, varList, unitList, interpolate),
+NetCdfTableLogWriter::NetCdfTableLogWriter(const Str& filename, bool version4, const RequestedVariables& variables,
+                                           bool interpolate, const RequestedVariables& settings)
+    : TableLogWriter(nullptr, variables, interpolate),
       filename_(filename),
       netCdfWriter_(NetCdfWriter::NewNetCdfWriter(filename_.cStr(), version4, NetCdfConventions::TRAJECTORY_NAME)),
-      settings_(attCount, attList, log_),
-      vars_(new NetCdf::NetCdfVar*[varCount]()),
+      settings_(settings, log_),
+      vars_(new NetCdf::NetCdfVar*[columns_.count()]()),
       holders_(true) {}
 
 NetCdfTableLogWriter::~NetCdfTableLogWriter() {
@@ -54,7 +54,7 @@ bool NetCdfTableLogWriter::defineColumn(int column) {
     if (vars_[column] != nullptr) return true;
     if (const DataAccess* const access = columns_.access(column)) {
         addVar(column, log_.getElementURI(columns_.code(column)), access->getBinaryType(),
-               NetCdfConventions::UnitOf(columns_, column, *access), access->getUniversalCode());
+               columns_.unitOf(column, *access), access->getUniversalCode());
         return true;
     }
     const Str name = columns_.name(column);
@@ -106,9 +106,9 @@ unsigned int NetCdfTableLogWriter::writeFooter() {
         rows += writeRow();
         settings_.put(*netCdfWriter_);
     } else {
-        NetCdfConventions::PrintNothingWritten(columns_, vars_.get());
+        NetCdfConventions::PrintNothingWritten(columns_, [this](int column) { return vars_[column] != nullptr; });
     }
-    finalized_ = NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
+    NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
     return rows;
 }
 

@@ -13,10 +13,14 @@
 // Without a file, when it cannot be created, the writer is silent.
 class NetCdfTableLogWriter final : public TableLogWriter, public HasFilename {
 public:
-    // The lists are borrowed. Names that are not known yet, and what stands for those that the log never gives, are
-    // settled as the log is read.
+    // Names that are not known yet, and what stands for those that the log never gives, are settled as the log is read.
+    NetCdfTableLogWriter(const Str& filename, bool version4, const RequestedVariables& variables, bool interpolate,
+                         const RequestedVariables& settings);
+    // From parallel lists; their texts are borrowed and outlive the writer.
     NetCdfTableLogWriter(const Str& filename, bool version4, int varCount, char** varList, char** unitList,
-                         bool interpolate, int attCount, char** attList);
+                         bool interpolate, int attCount, char** attList)
+        : NetCdfTableLogWriter(filename, version4, RequestedVariables(varCount, varList, unitList), interpolate,
+                               RequestedVariables(attCount, attList)) {}
     ~NetCdfTableLogWriter() override;  // finishes the file, if that has not been done
 
     unsigned int writeHeader() override;  // defines what it can; 0
@@ -40,7 +44,6 @@ private:
     const Str filename_;
     const std::unique_ptr<NetCdfWriter> netCdfWriter_;  // null: the file could not be created
     bool netCdfInitialized_ = false;
-    bool finalized_ = false;
     NetCdfSettings settings_;
     const std::unique_ptr<NetCdf::NetCdfVar*[]> vars_;  // per column, the file's; null: none; columns may share one
     FlexArray<DataValue*> holders_;                     // owned; the values that the variables point to

@@ -4,17 +4,11 @@
 
 #include "data/DataAccess.h"
 #include "data/DataValue.h"
-#include "units/Units.h"
 #include "utils/AuvMath.h"
 
 namespace {
 
 const double NOT_NUMBER = std::numeric_limits<double>::quiet_NaN();
-
-const Unit& UnitOf(const DataEntry& entry) {
-    const DataValue* value = entry.getDataValue();
-    return value == nullptr || value->getUnit() == nullptr ? Units::NONE : *value->getUnit();
-}
 
 std::unique_ptr<DataEntry> At(const Timestamp& t, DataEntry* entry) {
     entry->setTimestamp(t);
@@ -23,12 +17,12 @@ std::unique_ptr<DataEntry> At(const Timestamp& t, DataEntry* entry) {
 
 std::unique_ptr<DataEntry> CopyWithNumber(const DataEntry& entry, double number, const Timestamp& t) {
     std::unique_ptr<DataEntry> copy = At(t, new DataEntry(entry, entry.getDataValue()));
-    copy->setNumber(UnitOf(entry), number);
+    copy->setNumber(entry.valueUnit(), number);
     return copy;
 }
 
 double Interpolated(const Timestamp& t, const DataEntry& before, const DataEntry& after) {
-    const Unit& unit = UnitOf(after);
+    const Unit& unit = after.valueUnit();
     return AuvMath::Interpolate1D(t.asDouble(), before.getNumber(unit), after.getNumber(unit),
                                   before.getTimestamp().asDouble(), after.getTimestamp().asDouble());
 }
@@ -232,7 +226,7 @@ PendingRows::Cell PendingRows::Between(const Timestamp& t, const Cell& before, c
     switch (after.fill_) {
         case HELD:
             if (!first.isNumber()) return {before.text_, At(t, new DataEntry(first, before.text_.get()))};
-            return {nullptr, CopyWithNumber(last, first.getNumber(UnitOf(last)), t)};
+            return {nullptr, CopyWithNumber(last, first.getNumber(last.valueUnit()), t)};
         case NOT_A_NUMBER:
             return {nullptr, CopyWithNumber(last, NOT_NUMBER, t)};
         default:

@@ -36,8 +36,8 @@ public:
     const Timestamp& frontTime() const;
     const DataEntry* frontCell(int column);  // null for an empty cell
     const SyslogEntry* frontSyslog() const;  // null when the row has none
-    void dropFront();
-    void forgetSamples();  // when all rows have left: nothing to interpolate from
+    void dropFront();                        // only while there is a row
+    void forgetSamples();                    // when all rows have left: nothing to interpolate from
 
     // The column holds samples that are no writes, or texts: its empty cells are shown as not-a-number.
     bool isReaderColumn(int column) const { return columns_[column].isReader_; }

@@ -11,16 +11,10 @@
 #include "logger/writer/HasFilename.h"
 #include "logger/writer/table/PendingRows.h"
 
-TableLogWriter::TableLogWriter(int varCount, char** varList, char** unitList, bool interpolate)
-    : TableLogWriter(nullptr, varCount, varList, unitList, interpolate) {}
-
-TableLogWriter::TableLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList, bool interpolate)
-    : outputTo_(outputTo),
-      columns_(varCount, varList, unitList, log_),
-      interpolate_(interpolate),
-      lastTime_(Timestamp::NOT_SET_TIME) {
+TableLogWriter::TableLogWriter(LogWriter* outputTo, const RequestedVariables& variables, bool interpolate)
+    : outputTo_(outputTo), columns_(variables, log_), interpolate_(interpolate), lastTime_(Timestamp::NOT_SET_TIME) {
     if (outputTo_ != nullptr) outputTo_->addParent();
-    if (interpolate_) pendingRows_.reset(new PendingRows(varCount));
+    if (interpolate_) pendingRows_.reset(new PendingRows(columns_.count()));
 }
 
 TableLogWriter::~TableLogWriter() {
@@ -47,12 +41,11 @@ unsigned int TableLogWriter::write(const LogEntry* entry, const Unit*) {
     }
 }
 
-// A best value fills its universal's column besides its own; that of an element which is its own universal it fills
-// twice. A thinned series then tests the value that ended a segment too, which the next one would otherwise replace.
+// The column of an element which is its own universal is filled twice by a best value. A thinned series then tests the
+// value that ended a segment too, which the next one would otherwise replace.
 unsigned int TableLogWriter::writeSample(const DataEntry& entry) {
-    unsigned int bytes = writeCells(entry, entry.getElementCode());
-    if (entry.isBest()) bytes += writeCells(entry, entry.getUniversalCode());
-    return bytes;
+    const unsigned int bytes = writeCells(entry, entry.getElementCode());
+    return bytes + writeCells(entry, entry.getBestCode());
 }
 
 unsigned int TableLogWriter::writeCells(const DataEntry& entry, unsigned short code) {
@@ -70,9 +63,9 @@ unsigned int TableLogWriter::writeCell(const DataEntry& entry, int column) {
 }
 
 unsigned int TableLogWriter::writeEvent(const EventEntry& entry) {
-    if (entry.getEventType() != EventEntry::START_CYCLE) return 0;
+    if (!entry.isCycleStart()) return 0;
     unsigned int bytes = 0;
-    if (lastTime_ != Timestamp::NOT_SET_TIME) {
+    if (lastTime_.isSet()) {
         bytes = writeRow();
         clearRow();
     }
@@ -130,7 +123,7 @@ size_t TableLogWriter::heldBytes() {
 
 void TableLogWriter::endEarly() {
     if (interpolate_) {
-        log_.getLogger().syslog("Failed to write " + outputName() + ": " + strerror(ENOMEM), Syslog::ERROR);
+        log_.getLogger().fileFailure("write", outputName(), strerror(ENOMEM));
         writeAllInterpolated();
         endedEarly_ = true;
     }

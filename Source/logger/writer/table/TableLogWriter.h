@@ -17,10 +17,13 @@ class SyslogEntry;
 // can no longer change. What a row looks like is left to derived writers.
 class TableLogWriter : public LogWriter {
 public:
-    // The lists are borrowed and outlive the writer; unitList may be null, and so may each unit.
-    TableLogWriter(int varCount, char** varList, char** unitList, bool interpolate);
     // outputTo, which may be null, receives what the base operations forward; it is shared.
-    TableLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList, bool interpolate);
+    TableLogWriter(LogWriter* outputTo, const RequestedVariables& variables, bool interpolate);
+    // From parallel lists; their texts are borrowed and outlive the writer. unitList may be null, and so may each unit.
+    TableLogWriter(LogWriter* outputTo, int varCount, char** varList, char** unitList, bool interpolate)
+        : TableLogWriter(outputTo, RequestedVariables(varCount, varList, unitList), interpolate) {}
+    TableLogWriter(int varCount, char** varList, char** unitList, bool interpolate)
+        : TableLogWriter(nullptr, varCount, varList, unitList, interpolate) {}
     ~TableLogWriter() override;
 
     unsigned int writeHeader() override;

@@ -11,17 +11,17 @@ static const size_t TIMES_ROOM = 128;  // bytes that the times of a row, and sep
 static const char NO_VALUE[] = "nan";
 static const char NUMBER_CHARACTERS[] = "0123456789.-naif ";  // and those of its unit
 
-TextTableLogWriter::TextTableLogWriter(const char* separator, int varCount, char** varList, char** unitList,
-                                       bool hideUnits, bool interpolate)
-    : TableLogWriter(varCount, varList, unitList, interpolate),
+TextTableLogWriter::TextTableLogWriter(const char* separator, const RequestedVariables& variables, bool hideUnits,
+                                       bool interpolate)
+    : TableLogWriter(nullptr, variables, interpolate),
       separator_(separator),
       separatorLength_(strlen(separator)),
       hideUnits_(hideUnits),
-      cells_(new Cell[varCount]) {
+      cells_(new Cell[columns_.count()]) {
     for (const unsigned char c : {'"', '\r', '\n'}) forcesQuotes_[c] = true;
     if (separatorLength_ == 1) forcesQuotes_[static_cast<unsigned char>(*separator_)] = true;
     quotesNumbers_ = separatorLength_ != 1 || needsQuotes(NUMBER_CHARACTERS, strlen(NUMBER_CHARACTERS));
-    for (int column = 0; column < varCount; ++column) setCell(column, nullptr);
+    for (int column = 0; column < columns_.count(); ++column) setCell(column, nullptr);
 }
 
 unsigned int TextTableLogWriter::writeHeader() {
@@ -62,14 +62,23 @@ void TextTableLogWriter::setCell(int column, const DataEntry* entry) {
 unsigned int TextTableLogWriter::writeRow() {
     if (!isValid()) return 0;
     OutText row(*logStream_, TIMES_ROOM + cellsLength_ + Cell::ROOM);
-    char time[Timestamp::TEXT_ROOM];
-    row.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
-    row.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
+    appendTime(row);
     char* at = row.roomFor(cellsLength_ + Cell::ROOM);
     for (int column = 0; column < columns_.count(); ++column) at = cells_[column].putTo(at);
     *at++ = '\n';
     row.addUpTo(at);
     return static_cast<unsigned int>(row.put());
+}
+
+// Without any cycle start the only row has no time.
+void TextTableLogWriter::appendTime(TextBuffer& row) const {
+    if (!lastTime_.isSet()) {
+        row.append(NO_VALUE).append(separator_).append(NO_VALUE);
+        return;
+    }
+    char time[Timestamp::TEXT_ROOM];
+    row.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
+    row.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
 }
 
 unsigned int TextTableLogWriter::writeFooter() {

@@ -11,8 +11,11 @@
 class TextTableLogWriter : public TableLogWriter {
 public:
     // The separator is borrowed; hideUnits: values without their unit.
+    TextTableLogWriter(const char* separator, const RequestedVariables& variables, bool hideUnits, bool interpolate);
+    // From parallel lists; their texts are borrowed and outlive the writer.
     TextTableLogWriter(const char* separator, int varCount, char** varList, char** unitList, bool hideUnits,
-                       bool interpolate);
+                       bool interpolate)
+        : TextTableLogWriter(separator, RequestedVariables(varCount, varList, unitList), hideUnits, interpolate) {}
 
     unsigned int writeHeader() override;
     unsigned int writeFooter() override;
@@ -33,6 +36,7 @@ private:
     };
 
     void setCell(int column, const DataEntry* entry);  // null: "nan"
+    void appendTime(TextBuffer& row) const;
     void quoteWhereNeeded(TextBuffer& text, size_t begin) const;
     bool isPlainNumber(const DataEntry& entry, const Unit& unit) const;
     bool needsQuotes(const char* text, size_t length) const;

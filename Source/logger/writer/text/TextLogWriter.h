@@ -5,6 +5,7 @@
 // Writes each entry as one line: its text, then a line feed. An entry without a text writes nothing.
 class TextLogWriter final : public LogWriter {
 public:
+    // withDirectory: each file begins with the log's version. The stream is borrowed.
     explicit TextLogWriter(bool withDirectory) : withDirectory_(withDirectory) {}
     TextLogWriter(OutStream& out, bool withDirectory) : LogWriter(out), withDirectory_(withDirectory) {}
 

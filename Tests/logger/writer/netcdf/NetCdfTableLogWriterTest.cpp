@@ -94,6 +94,16 @@ TEST_F(NetCdfTableLogWriterTest, WhatIsMissingIsNaN) {
     EXPECT_EQ("m", file.att("No.such", "units"));
 }
 
+TEST_F(NetCdfTableLogWriterTest, WithoutACycleTheOnlyRowHasNoTime) {
+    DataAccess* const depth = log_.declare("Depth.depth", Units::METER);
+    log_.endDirectory();
+    write({"Depth.depth"}, {log_.data(depth, 0, 1.5)});
+    const NetCdfFile file(path_);
+    EXPECT_EQ(Numbers({1.5}), file.numbers("Depth.depth"));
+    ASSERT_EQ(1u, file.numbers("Time").size());
+    EXPECT_TRUE(std::isnan(file.numbers("Time")[0]));
+}
+
 // Blocks of any size give the same file, byte by byte.
 TEST_F(NetCdfTableLogWriterTest, BlocksDoNotShow) {
     DataAccess* const count = log_.declare("A.count", Units::COUNT, SHORT2);

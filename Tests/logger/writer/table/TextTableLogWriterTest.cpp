@@ -52,3 +52,15 @@ TEST(TextTableLogWriterTest, QuotesWhatWouldBreakTheTable) {
                   out.bytes_);
     }
 }
+
+TEST(TextTableLogWriterTest, WithoutACycleTheOnlyRowHasNoTime) {
+    SmallLog log;
+    DataAccess* const depth = log.declare("Depth.depth", Units::METER);
+    NameList names({"Depth.depth"});
+    MemoryOutStream out;
+    TextTableLogWriter table(",", 1, names.list(), nullptr, true, false);
+    table.setOutStream(out);
+    table.write(log.data(depth, 0, 1.5), nullptr);
+    table.writeFooter();
+    EXPECT_EQ("nan,nan,1.500000\n", out.bytes_);
+}
