@@ -7,7 +7,7 @@
 // written to the stream before put.
 class OutText : public TextBuffer {
 public:
-    explicit OutText(OutStream& out) : OutText(out, out.roomFor(USUAL_LENGTH)) {}
+    explicit OutText(OutStream& out, size_t expectedLength = LINE_LENGTH) : OutText(out, out.roomFor(expectedLength)) {}
 
     // Hands the text over, once; the number of bytes written.
     size_t put() {
@@ -17,7 +17,7 @@ public:
     }
 
 private:
-    static constexpr size_t USUAL_LENGTH = 1024;  // bytes that hardly a line exceeds
+    static constexpr size_t LINE_LENGTH = 1024;  // bytes that hardly a line exceeds
 
     OutText(OutStream& out, char* place) : TextBuffer(place, out.room()), out_(out), place_(place) {}
 

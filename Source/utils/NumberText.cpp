@@ -12,54 +12,43 @@ namespace {
 
 __extension__ typedef unsigned __int128 Wide;
 
-// A double without its sign, exactly: whole numbers, and a fraction of one in units of 2^-128.
-struct Parts {
-    unsigned long long whole_;
-    Wide fraction_;
-};
-
 constexpr int MANTISSA_BITS = DBL_MANT_DIG - 1;
 constexpr double FIRST_WITHOUT_FRACTION = 4503599627370496.0;  // 2^52
 
-// Of a number below that. One that is so small that its last bits have no place here counts as none at all.
-Parts PartsOf(double value) {
+// The fraction of mantissa / 2^fractionBits in units of 1/unit, an exact half to the even neighbour as in printf; it
+// may come to a whole one. Exact: 64 bits of fraction times the unit, and one that stands for any bits below.
+unsigned long long RoundedFraction(unsigned long long mantissa, int fractionBits, unsigned long long unit) {
+    constexpr unsigned long long HALF = 1ull << 63;
+    const int bitsBelow = fractionBits - 64;
+    Wide product = static_cast<Wide>(mantissa << std::max(-bitsBelow, 0)) * unit;
+    if (bitsBelow > 0) product = product >> bitsBelow | (product << (128 - bitsBelow) != 0 ? 1 : 0);
+    const unsigned long long units = static_cast<unsigned long long>(product >> 64);
+    const unsigned long long dropped = static_cast<unsigned long long>(product);
+    return units + (dropped > HALF - (units & 1) ? 1 : 0);
+}
+
+// With three or six decimals, those of times and of values; of a magnitude below 2^52. The place behind the text.
+template <unsigned int DECIMALS>
+char* PutQuickly(char* at, double value) {
+    constexpr unsigned long long UNIT = DECIMALS == 3 ? 1000 : 1000000;
     constexpr unsigned long long HIDDEN_BIT = 1ull << MANTISSA_BITS;
     constexpr int FRACTION_BITS_AT_EXPONENT_0 = 1023 + MANTISSA_BITS;
+    constexpr int MOST_FRACTION_BITS = 127;  // more of them mean a value that rounds to zero all the same
     unsigned long long bits;
     memcpy(&bits, &value, sizeof bits);
     const unsigned long long mantissa = (bits & (HIDDEN_BIT - 1)) | HIDDEN_BIT;
     const int exponent = static_cast<int>(bits >> MANTISSA_BITS & 0x7FF);
-    const int fractionBits = std::min(FRACTION_BITS_AT_EXPONENT_0 - exponent, 127);
-    return {fractionBits > MANTISSA_BITS ? 0 : mantissa >> fractionBits, static_cast<Wide>(mantissa)
-                                                                             << (128 - fractionBits)};
-}
-
-// The fraction in units of 1/unit, an exact half to the even neighbour as in printf; at most the unit itself.
-unsigned long long Rounded(Wide fraction, unsigned long long unit) {
-    constexpr unsigned long long HALF = 1ull << 63;
-    const Wide low = static_cast<Wide>(static_cast<unsigned long long>(fraction)) * unit;
-    const Wide high = (fraction >> 64) * unit + (low >> 64);
-    const unsigned long long units = static_cast<unsigned long long>(high >> 64);
-    const unsigned long long dropped = static_cast<unsigned long long>(high);
-    const bool isOdd = (units & 1) != 0 || static_cast<unsigned long long>(low) != 0;
-    return units + ((dropped > HALF || (dropped == HALF && isOdd)) ? 1 : 0);
-}
-
-// With three or six decimals: those of times and of values. The place behind the text.
-char* PutQuickly(char* at, double value, unsigned int decimals) {
-    const unsigned long long unit = decimals == 3 ? 1000 : 1000000;
-    Parts parts = PartsOf(value);
-    unsigned long long fraction = Rounded(parts.fraction_, unit);
-    if (fraction == unit) {
-        ++parts.whole_;
-        fraction = 0;
-    }
+    const int fractionBits = std::min(FRACTION_BITS_AT_EXPONENT_0 - exponent, MOST_FRACTION_BITS);
+    const unsigned long long fraction = RoundedFraction(mantissa, fractionBits, UNIT);
+    const bool isCarried = fraction == UNIT;
+    const unsigned long long whole =
+        (fractionBits > MANTISSA_BITS ? 0 : mantissa >> fractionBits) + (isCarried ? 1 : 0);
     *at = '-';
-    at += std::signbit(value) ? 1 : 0;
-    at = parts.whole_ < 1000 ? Digits::PutShort(at, parts.whole_)
-                             : std::to_chars(at, at + NumberText::MAX_LENGTH, parts.whole_).ptr;
+    at += bits >> 63;
+    at = whole < 1000 ? Digits::PutShort(at, whole) : std::to_chars(at, at + NumberText::MAX_LENGTH, whole).ptr;
     *at++ = '.';
-    return decimals == 3 ? Digits::PutThree(at, fraction) : Digits::PutSix(at, fraction);
+    const unsigned long long digits = isCarried ? 0 : fraction;
+    return DECIMALS == 3 ? Digits::PutThree(at, digits) : Digits::PutSix(at, digits);
 }
 
 size_t LongFixed(double value, unsigned int decimals, char* buf) {
@@ -83,7 +72,7 @@ size_t NumberText::Fixed(double value, unsigned int decimals, char* buf) {
     if ((decimals != 3 && decimals != 6) || std::fabs(value) >= FIRST_WITHOUT_FRACTION) {
         return LongFixed(value, decimals, buf);
     }
-    char* const end = PutQuickly(buf, value, decimals);
+    char* const end = decimals == 3 ? PutQuickly<3>(buf, value) : PutQuickly<6>(buf, value);
     *end = '\0';
     return static_cast<size_t>(end - buf);
 }

@@ -23,17 +23,29 @@ public:
     unsigned int writeToColumn(const DataEntry* entry, int column) override;
 
 private:
-    void appendCell(const char* text, size_t length);
+    // What stands in a column, as in the row: the separator and the text of the value.
+    struct Cell {
+        static constexpr size_t ROOM = 32;  // bytes that hardly a cell exceeds
+
+        void keep(const TextBuffer& text);
+        char* putTo(char* at) const;  // the place behind it; with it up to ROOM bytes are overwritten
+
+        char text_[ROOM] = {};
+        size_t length_ = 0;
+        Str longText_;  // in place of the other, where it is longer
+    };
+
+    void setCell(int column, const DataEntry* entry);  // null: "nan"
+    void appendTime(TextBuffer& row) const;
+    void quoteWhereNeeded(TextBuffer& text, size_t begin) const;
+    bool isPlainNumber(const DataEntry& entry, const Unit& unit) const;
     bool needsQuotes(const char* text, size_t length) const;
-    void setCell(int column, const char* text, size_t length);
-    void appendTime();
-    unsigned int putLine();
 
     const char* const separator_;  // borrowed
     const size_t separatorLength_;
     bool forcesQuotes_[256] = {};  // by character
+    bool quotesNumbers_;           // perhaps, and not only for their units
     const bool hideUnits_;
-    std::unique_ptr<Str[]> valueStrings_;  // per column the separator and the text of its cell, as in the row
-    TextBuffer value_;                     // these two are kept for their room
-    TextBuffer line_;
+    std::unique_ptr<Cell[]> cells_;  // per column
+    size_t cellsLength_ = 0;         // of all of them, in bytes
 };

@@ -8,17 +8,37 @@
 #include "support/NameList.h"
 #include "support/SmallLog.h"
 
+TEST(TextTableLogWriterTest, QuotesNumbersForTheirDigitsAndTheirUnits) {
+    static const Unit SPLIT("split_second", "s;2", Units::SECOND, 0.5, 0);
+    SmallLog log;
+    DataAccess* number = log.declare("A.number", SPLIT);
+    NameList names({"A.number"});
+    const std::pair<const char*, const char*> cases[] = {
+        {",", ",1.500000 s;2\n"}, {";", ";\"1.500000 s;2\"\n"}, {"5", "5\"1.500000 s;2\"\n"}};
+    for (const auto& [separator, cell] : cases) {
+        MemoryOutStream out;
+        TextTableLogWriter table(separator, 1, names.list(), nullptr, false, false);
+        table.setOutStream(out);
+        table.write(log.cycle(0), nullptr);
+        table.write(log.data(number, 0, 1.5), nullptr);
+        table.write(log.cycle(1), nullptr);
+        EXPECT_EQ("2012-06-01T12:30:00.000Z" + (separator + ("1338553800.000" + std::string(cell))), out.bytes_);
+    }
+}
+
 TEST(TextTableLogWriterTest, QuotesWhatWouldBreakTheTable) {
     SmallLog log;
     DataAccess* text = log.declareText("A.\"text\",");
     NameList names({"A.\"text\","});
-    const std::tuple<std::string, const char*, const char*> cases[] = {{",", "plain; 'text'\t", "plain; 'text'\t"},
-                                                                       {",", "a\nb", "\"a\nb\""},
-                                                                       {",", "a\rb", "\"a\rb\""},
-                                                                       {";", "a,b", "a,b"},
-                                                                       {"::", "a:b", "a:b"},
-                                                                       {"::", "a::b", "\"a::b\""},
-                                                                       {"\xA7", "a\xA7", "\"a\xA7\""}};
+    const std::tuple<std::string, const char*, const char*> cases[] = {
+        {",", "plain; 'text'\t", "plain; 'text'\t"},
+        {",", "a\nb", "\"a\nb\""},
+        {",", "a\rb", "\"a\rb\""},
+        {";", "a,b", "a,b"},
+        {"::", "a:b", "a:b"},
+        {"::", "a::b", "\"a::b\""},
+        {"\xA7", "a\xA7", "\"a\xA7\""},
+        {",", "a text that is longer, by far, than a number", "\"a text that is longer, by far, than a number\""}};
     for (const auto& [separator, content, cell] : cases) {
         MemoryOutStream out;
         TextTableLogWriter table(separator.c_str(), 1, names.list(), nullptr, false, false);
