@@ -14,8 +14,9 @@
 static const char SLATE[] = "slate";
 static const size_t SLATE_LENGTH = sizeof SLATE - 1;
 
-static bool EndsWithSlate(const Str& name) {
-    return name.length() >= SLATE_LENGTH && name.substr(name.length() - SLATE_LENGTH) == SLATE;
+static bool EndsWith(const char* text, const Str& end) {
+    const size_t length = strlen(text);
+    return length >= end.length() && end == text + (length - end.length());
 }
 
 OutputNaming::OutputNaming(const RunSettings& settings, const Inputs& inputs, const Timestamp& first,
@@ -25,7 +26,7 @@ OutputNaming::OutputNaming(const RunSettings& settings, const Inputs& inputs, co
       firstDate_(first.toSmallerString()),
       lastDate_(last.toSmallerString()),
       symlink_(settings.symlink_),
-      dropsSlate_(!settings.outputNameGiven_ && EndsWithSlate(settings.slateFile_)) {}
+      dropsSlate_(!settings.outputNameGiven_ && EndsWith(settings.slateFile_.cStr(), SLATE)) {}
 
 void OutputNaming::finish(const Str& filename) const {
     Parts parts;
@@ -60,11 +61,6 @@ bool OutputNaming::split(const Str& filename, Parts& parts) const {
 
 static bool BeginsWith(const char* text, const Str& start) {
     return strncmp(text, start.cStr(), start.length()) == 0;
-}
-
-static bool EndsWith(const char* text, const Str& end) {
-    const size_t length = strlen(text);
-    return length >= end.length() && end == text + (length - end.length());
 }
 
 // They go only now that there is a new one in their stead.
