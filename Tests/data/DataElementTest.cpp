@@ -148,4 +148,10 @@ TEST_F(DataElementTest, OneShotAccessKnowsNamesAndCodes) {
     EXPECT_EQ(1u, element->getTypeSize()) << "a value tells its own";
     EXPECT_TRUE(Slate::WriteOnce(*uri, Units::BOOL, true, T));
     EXPECT_TRUE(Slate::ReadOnce(code, Units::BOOL, flag) && flag);
+    Double number;
+    const unsigned short unknown = 8;
+    EXPECT_TRUE(Slate::ReadOnce(code, number) && number.getValue() == 1);
+    EXPECT_TRUE(Slate::WriteOnce(*uri, Double(Units::BOOL, 0, true), T));
+    EXPECT_FALSE(Slate::ReadOnce(unknown, number) || Slate::WriteOnce(unknown, number, T));
+    EXPECT_TRUE(Slate::ReadOnce(code, Units::BOOL, flag) && !flag);
 }

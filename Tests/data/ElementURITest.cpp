@@ -82,6 +82,7 @@ TEST_F(ElementURITest, TakesTheCodeOfTheRegisteredName) {
     Slate::RegisterElementURI(new ElementURI(7, "CTD.temperature.raw", ElementURI::DATA_ELEMENT));
     const ElementURI again("CTD", "temperature", "raw", ElementURI::DATA_ELEMENT, Units::CELSIUS);
     EXPECT_EQ(7, again.getCode());
+    EXPECT_EQ(0, again.getDimension1() + again.getDimension2() + again.getDimension3());
     EXPECT_EQ(ElementURI::FindURI("CTD.temperature.raw"), Slate::GetElementURI(again));
     EXPECT_EQ(nullptr, ElementURI::FindURI("ctd.temperature.raw"));
 }

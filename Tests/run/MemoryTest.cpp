@@ -48,6 +48,7 @@ TEST_F(MemoryTest, NoRunEndsByASignalAndNoneInSilence) {
             const bool isTold = run.out_.find("ERROR") != std::string::npos || run.out_.find("No memory") == 0;
             EXPECT_TRUE(run.status_ == 0 || (run.status_ == 1 && isTold))
                 << output << " in " << megabytes << " MB: " << run.status_ << " " << run.out_;
+            EXPECT_GE(1u, CountOf(run.out_, "No memory is left")) << run.out_;
             if (isTold) ++refusals;
         }
     }

@@ -91,6 +91,7 @@ TEST(TimestampTest, Doubles) {
     EXPECT_EQ(At(1, 500000), Timestamp(1.5));
     EXPECT_EQ(At(-2, 499999), Timestamp(-1.5));
     EXPECT_EQ(1338553856.0, At(1338553800, 250000).asFloat());  // single precision
+    EXPECT_EQ(1.5, At(1, 500000).asFloat());
     for (const double x : {-32445540.0, 1e19, -1e19, double(INFINITY), double(-INFINITY), double(NAN)})
         EXPECT_EQ(Timestamp::NOT_SET_TIME, Timestamp(x)) << x;
 }

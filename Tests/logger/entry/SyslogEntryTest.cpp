@@ -67,6 +67,7 @@ TEST_F(SyslogEntryTest, AGpsFixMovesTheTimeBase) {
     const std::pair<const char*, double> cases[] = {{"GPS fix at: 1338553801.9", 1.5},
                                                     {"GPS fix at: 1338553790", -10.4},
                                                     {"GPS fix at: 0", 0},
+                                                    {"GPS fix at: 1", -1338553799.4},
                                                     {"GPS fix at: none", 0},
                                                     {"GPS fix at: inf", 0},
                                                     {"GPS fix at: nan", 0},

@@ -10,6 +10,7 @@ protected:
 };
 
 TEST_F(SplitFileLogWriterTest, AFileEndsWithTheEntryThatTakesItPastItsSize) {
+    dir_.write("run0007", "replaced");
     {
         SplitFileLogWriter writer(base_, 8, inner(4), nullptr, 7);
         EXPECT_FALSE(writer.valid());
