@@ -11,7 +11,7 @@
 // lends; a file that is given to it may have other writers, so everything goes there at once.
 // Errors: what the file does not take stays gathered, and is tried again with what comes next.
 // Threads: locks each single write; a primitive made of several writes is not atomic.
-class FileOutStream : public OutStream {
+class FileOutStream final : public OutStream {
 public:
     FileOutStream() : FileOutStream(nullptr, false) {}          // no file: writes go nowhere until open
     FileOutStream(const char* path, bool append, bool update);  // as open; a failure shows in isWritable, firstError

@@ -63,9 +63,10 @@ static void MakeStamp(SecondStamp& stamp, const Timestamp& t) {
 // where that lies halfway between two.
 static unsigned long DateMillis(const Timestamp& t) {
     const unsigned long micros = static_cast<unsigned long>(t.getTimeval().tv_usec);
-    if (micros % MICROS_PER_MILLI == MICROS_PER_MILLI / 2)
-        return static_cast<unsigned long>(t.printedFraction(DATE_DECIMALS));
-    return (micros + MICROS_PER_MILLI / 2) / MICROS_PER_MILLI % MILLIS;
+    const unsigned long rest = micros % MICROS_PER_MILLI;
+    if (rest == MICROS_PER_MILLI / 2) return static_cast<unsigned long>(t.printedFraction(DATE_DECIMALS));
+    const unsigned long millis = micros / MICROS_PER_MILLI + (rest > MICROS_PER_MILLI / 2 ? 1 : 0);
+    return millis == MILLIS ? 0 : millis;
 }
 
 static void AppendStampOfSecond(TextBuffer& text, const Timestamp& t, unsigned int decimals) {

@@ -83,7 +83,7 @@ void FileLogWriter::encode() {
 
 unsigned int FileLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
-    if (!valid()) return 0;
+    if (!isWritable()) return 0;
     const unsigned int bytes = logWriter_->write(entry, unit);
     if (bytes != 0) {
         writtenInCycle_ = true;
@@ -113,9 +113,8 @@ void FileLogWriter::resetFilename(const Str& filename) {
     open(next.cStr(), false);
 }
 
-void FileLogWriter::checkStream(const char* failedTo) {
+void FileLogWriter::tellFailure(const char* failedTo) {
     const int error = fileStream_.firstError();
-    if (error == 0) return;
     outcome_->fail(failedTo, filename_.isEmpty() ? Str(fileStream_.getName()) : filename_,
                    error == ENXIO ? "nobody reads it" : strerror(error));
 }

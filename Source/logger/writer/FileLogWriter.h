@@ -55,6 +55,9 @@ protected:
 
 private:
     void adoptWriter();
-    void checkStream(const char* failedTo);
+    void checkStream(const char* failedTo) {
+        if (fileStream_.firstError() != 0) tellFailure(failedTo);
+    }
+    void tellFailure(const char* failedTo);
     void encode();
 };
