@@ -4,8 +4,8 @@
 #include "data/Slate.h"
 #include "utils/Timestamp.h"
 
-// A named part of the vehicle's software that reads and writes data. Building one gives its name a code in the Slate.
-// Its accessors borrow it. Threads: not synchronised.
+// A named part of the vehicle's software that reads and writes data. Building one gives its name a code in the current
+// log. Its accessors borrow it. Threads: not synchronised.
 class Component {
 public:
     explicit Component(const Str& name, bool active = true) : name_(Slate::GetCodedName(name)), active_(active) {}

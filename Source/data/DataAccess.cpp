@@ -2,6 +2,7 @@
 
 #include "data/Component.h"
 #include "data/DataElement.h"
+#include "data/Log.h"
 #include "data/RecordText.h"
 #include "io/InStream.h"
 #include "io/OutStream.h"
@@ -107,6 +108,24 @@ void DataAccess::copyUnitsTypeAndSizeFrom(const DataAccess* other) {
     tempUnitName_.reset(other->tempUnitName_ == nullptr ? nullptr : new Str(*other->tempUnitName_));
     binaryType_ = other->binaryType_;
     typeSize_ = other->typeSize_;
+}
+
+// What a log has named keeps its name, so the labels are made once for all lines.
+void DataAccess::appendLabel(TextBuffer& text, const Log& log, bool best, const Str& unknown) const {
+    const MutexLocker lock(labelMutex_);
+    if (!hasLabels_) hasLabels_ = makeLabels(log, unknown);
+    text.append(labels_[best]);
+}
+
+// True when the log gives both names.
+bool DataAccess::makeLabels(const Log& log, const Str& unknown) const {
+    const Str* const owner = log.getName(ownerCode_);
+    const Str* const element = log.getElementURI(elementCode_);
+    for (const bool best : {false, true}) {
+        const char* const arrow = !isWriter() ? "<--" : best ? "==>" : "-->";
+        labels_[best] = (owner == nullptr ? unknown : *owner) + arrow + (element == nullptr ? unknown : *element) + "=";
+    }
+    return owner != nullptr && element != nullptr;
 }
 
 unsigned char DataAccess::flags() const {

@@ -6,9 +6,13 @@
 #include "data/ElementURI.h"
 #include "data/Logger.h"
 #include "units/BinaryDataType.h"
+#include "utils/Mutex.h"
+#include "utils/Str.h"
 
 class InStream;
+class Log;
 class OutStream;
+class TextBuffer;
 class UniversalDataElement;
 
 // The coded record of one attachment: which component reads or writes which element, under which universal name, in
@@ -68,11 +72,15 @@ public:
     Str recordText() const;  // that record
     // A new access, owned by the caller; null when the record is malformed.
     static DataAccess* Read(InStream& in);
+    // "Navigator-->Navigator.heading=", before a value in the log's lines: who did what to which element. The arrow of
+    // a write is doubled for a best value; unknown stands for a name that the log does not give.
+    void appendLabel(TextBuffer& text, const Log& log, bool best, const Str& unknown) const;
     // One line for people, at most 1023 characters; with markup it starts with the code and names the unit.
     Str asString(bool markup) const;
 
 private:
     const Unit* lookUpUnit() const;
+    bool makeLabels(const Log& log, const Str& unknown) const;
     // The same component on the same element, in the same way; unit, type and size may differ.
     bool isSameAttachment(const DataAccess& other) const;
     bool hasUnitOf(const DataAccess& other) const;  // under whatever name
@@ -93,6 +101,9 @@ private:
     std::unique_ptr<Str> tempUnitName_;  // the unit name of a log record; null when the unit was given
     mutable bool unitLookedUp_ = false;  // the name, found or not
     bool noInterpFlag_ = false;
+    mutable Str labels_[2];           // of other values, and of best ones
+    mutable bool hasLabels_ = false;  // for good: they give both names
+    mutable Mutex labelMutex_;
     unsigned int typesSeen_ = 0;
     Logger::TimePrecisionType timePrecision_ = Logger::TIME_PRECISION_MICROS;
 };

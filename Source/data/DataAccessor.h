@@ -31,7 +31,7 @@ public:
     DataAccessor(const DataAccessor&) = delete;
     DataAccessor& operator=(const DataAccessor&) = delete;
 
-    virtual DataElement* getElement() const { return element_; }  // never null; the Slate's
+    virtual DataElement* getElement() const { return element_; }  // never null; the log's
     virtual Component* getOwner() const { return owner_; }        // null when no component has it
     virtual const ElementURI& getUri() const;                     // of the element, of a universal its own
     const Unit& getUnit() const;                                  // of the element
@@ -39,7 +39,7 @@ public:
     AccessorType getAccessorType() const { return accessorType_; }
     Logger::TimePrecisionType getTimePrecision() const { return timePrecision_; }  // of its entries' times
     bool getNoInterpFlag() const { return noInterpFlag_; }  // its values must not be interpolated between samples
-    // The coded access under which its entries stand in the log; null until the Slate made one.
+    // The coded access under which its entries stand in the log; null until the log made one.
     DataAccess* getDataAccess() const { return dataAccess_; }
     void setDataAccess(DataAccess* dataAccess) { dataAccess_ = dataAccess; }
 
@@ -48,9 +48,9 @@ public:
 
 protected:
     Component* const owner_;      // borrowed; may be null
-    DataElement* const element_;  // owned by the Slate
+    DataElement* const element_;  // owned by the log
     const AccessorType accessorType_;
     const Logger::TimePrecisionType timePrecision_;
     const bool noInterpFlag_;
-    DataAccess* dataAccess_ = nullptr;  // owned by the Slate
+    DataAccess* dataAccess_ = nullptr;  // owned by the log
 };

@@ -22,7 +22,7 @@ class DataElement {
 public:
     static constexpr float NO_ACCURACY = std::numeric_limits<float>::quiet_NaN();
 
-    // What a read of an element that is not active reports, through the Slate's logger; nothing is thrown.
+    // What a read of an element that is not active reports, through the current log's logger; nothing is thrown.
     struct UninitializedException {
         static const char* const MESSAGE;
         static void Report(const DataElement& element);  // one ERROR: "Depth.depth: data element is not active."
@@ -35,7 +35,7 @@ public:
     DataElement& operator=(const DataElement&) = delete;
 
     const ElementURI& getUri() const { return name_; }
-    void setCode(unsigned short code) { name_.setCode(code); }  // the Slate's, when the name gets it
+    void setCode(unsigned short code) { name_.setCode(code); }  // the log's, when the name gets it
     DataValue* getDataValue() const { return value_; }          // owned by the element
     // Replaces the value by one that the element owns from now on.
     void setDataValue(DataValue* value) {
@@ -159,7 +159,7 @@ protected:
     static float Scaled(float accuracySI, const Unit& unit);
 
     ElementURI name_;
-    UniversalDataElement* universal_ = nullptr;  // owned by the Slate
+    UniversalDataElement* universal_ = nullptr;  // owned by the log
     DataWriter* notifier_ = nullptr;             // borrowed
     FlexArray<DataWriter*> writers_;             // borrowed
     FlexArray<DataWriter*> suppliers_;           // those of them that supply the element

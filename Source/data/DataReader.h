@@ -3,7 +3,7 @@
 #include "data/DataAccessor.h"
 #include "data/DataElement.h"
 
-// A component's access to a datum that it reads. The Slate makes and owns it.
+// A component's access to a datum that it reads. The log makes and owns it.
 class DataReader : public DataAccessor {
 public:
     // The element and the owner, who may be null, are borrowed. The element does not learn of it here: registerRead.
@@ -40,6 +40,6 @@ public:
     }
 
 private:
-    UniversalDataElement* const universal_;  // owned by the Slate
+    UniversalDataElement* const universal_;  // owned by the log
     const RequestStrategy strategy_;
 };

@@ -3,7 +3,7 @@
 #include "data/DataAccessor.h"
 #include "data/DataElement.h"
 
-// A component's access to a datum that it writes. The Slate makes and owns it.
+// A component's access to a datum that it writes. The log makes and owns it.
 class DataWriter : public DataAccessor {
 public:
     // The element and the owner, who may be null, are borrowed. The element does not learn of it here: registerWrite.

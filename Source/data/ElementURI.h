@@ -27,7 +27,7 @@ public:
     static constexpr unsigned int MAX_NAME_LENGTH = 255;  // bytes that a record read from a log holds at most
     static const Unit UNSPECIFIED_UNIT;                   // for names whose unit is not known
 
-    // Codifies the name in the Slate, which keeps its address: for names that live as long as the process.
+    // Codifies the name in the current log, which keeps its address: for names that live as long as the process.
     ElementURI(const Str& component, const Str& element, ElementType elementType, const Unit& unit = UNSPECIFIED_UNIT,
                BinaryDataType binaryType = NO_TYPE, BlobType blobType = NOT_BLOB, unsigned short dimension1 = 0,
                unsigned short dimension2 = 0, unsigned short dimension3 = 0);
@@ -35,7 +35,7 @@ public:
     ElementURI(const Str& component, const Str& part, const Str& lastPart, ElementType elementType,
                const Unit& unit = UNSPECIFIED_UNIT, BinaryDataType binaryType = NO_TYPE, BlobType blobType = NOT_BLOB,
                unsigned short dimension1 = 0, unsigned short dimension2 = 0, unsigned short dimension3 = 0);
-    // With an explicit code (NO_CODE too): never touches the Slate.
+    // With an explicit code (NO_CODE too): no log is asked.
     ElementURI(unsigned short code, const Str& name, ElementType elementType, const Unit& unit = UNSPECIFIED_UNIT,
                BinaryDataType binaryType = NO_TYPE, BlobType blobType = NOT_BLOB, unsigned short dimension1 = 0,
                unsigned short dimension2 = 0, unsigned short dimension3 = 0);
@@ -46,7 +46,7 @@ public:
 
     static Str buildURI(const Str& component, const Str& element);
     static ElementURI Create(const Str& component, const Str& element);  // without a code
-    static ElementURI* FindURI(const Str& name);  // the registered name, borrowed from the Slate; null if none
+    static ElementURI* FindURI(const Str& name);  // the registered name, borrowed from the current log; null if none
 
     unsigned short getCode() const { return code_; }
     void setCode(unsigned short code) { code_ = code; }
@@ -68,7 +68,7 @@ public:
     // same form. A universal has its own form, whatever a log says.
     bool agreesWith(const ElementURI& record) const;
     // A new name, owned by the caller; null when the record is malformed. A blob whose type or size is impossible keeps
-    // its name, loses its dimensions, and is reported once, without a logger through the Slate's.
+    // its name, loses its dimensions, and is reported once, without a logger through the current log's.
     static ElementURI* Read(InStream& in);
     static ElementURI* Read(InStream& in, const Logger& logger);
 

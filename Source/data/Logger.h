@@ -11,8 +11,7 @@ public:
     virtual void logMessage(const Str& text, Syslog::Severity severity, const CodedStr& facility) = 0;
 };
 
-// A named source of messages. Its facility has no code and is not registered in the Slate, where it would take a code
-// of the log.
+// A named source of messages. Its facility has no code and is not registered in a log, where it would take a code.
 class Logger {
 public:
     // The form in which an entry's time is stored: compact micros or compact millis.

@@ -54,10 +54,12 @@ public:
         return changed;
     }
     void appendTo(TextBuffer& text, const Unit& unit) const override {
-        double number = 0;
-        if (!copyTo(unit, number)) {
+        if (!fits(unit)) {
             text.append("nan", 3);
-        } else if (std::is_integral<T>::value) {
+            return;
+        }
+        const double number = unit.getScaled(static_cast<double>(value_));
+        if (std::is_integral<T>::value) {
             text.appendInt(AuvMath::Truncate<int>(number));
         } else {
             text.appendFixed(number, DECIMALS);
@@ -153,7 +155,7 @@ public:
     size_t toStream(OutStream& out) const override {
         char bytes[Packing::SIZE];
         Packing::Pack(this->value_, bytes);
-        return out.write(bytes, sizeof bytes).bytesWritten();
+        return out.put(bytes, sizeof bytes).bytesWritten();
     }
     void fromBinary(const void* bytes) override { this->value_ = Packing::Unpack(bytes); }
     bool equalsForStorage(Number candidate) const override { return Packing::AreSame(this->value_, candidate); }

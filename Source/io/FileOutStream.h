@@ -7,7 +7,9 @@
 #include "utils/Mutex.h"
 #include "utils/Str.h"
 
-// Writes a standard I/O file through a large standard I/O buffer.
+// Writes a file. What goes to one that it opens is gathered in a buffer of its own, whose free part is the room that it
+// lends; a file that is given to it may have other writers, so everything goes there at once.
+// Errors: what the file does not take stays gathered, and is tried again with what comes next.
 // Threads: locks each single write; a primitive made of several writes is not atomic.
 class FileOutStream : public OutStream {
 public:
@@ -35,12 +37,17 @@ public:
     // ENXIO: nobody reads the pipe, which is not waited for.
     int firstError() const { return firstError_; }
 
+protected:
+    char* makeRoom(size_t n) override;
+
 private:
+    void passOn();  // what is gathered, to the file
+    size_t gathered() const { return static_cast<size_t>(room_ - buffer_.get()); }
     void noteError();
 
     FILE* file_;
     bool autoClose_;                  // the file is owned
-    std::unique_ptr<char[]> buffer_;  // what standard I/O gathers the bytes of an opened file in
+    std::unique_ptr<char[]> buffer_;  // gathers the bytes of an opened file, up to the room
     Mutex fileMutex_;
     Str filename_;
     int firstError_ = 0;

@@ -28,55 +28,58 @@ OutStream& OutStream::write(const char* s) {
 // ---- Numbers of a fixed width
 
 OutStream& OutStream::writeChar(signed char value) {
-    return write(BytesOf(value), 1);
+    return put(BytesOf(value), 1);
 }
 OutStream& OutStream::writeShort(short value) {
-    return write(BytesOf(value), 2);
+    return put(BytesOf(value), 2);
 }
 OutStream& OutStream::writeInt24(int value) {
-    return write(BytesOf(value), 3);
+    return put(BytesOf(value), 3);
 }
 OutStream& OutStream::writeInt(int value) {
-    return write(BytesOf(value), 4);
+    return put(BytesOf(value), 4);
 }
 OutStream& OutStream::writeLongLong(long long value) {
-    return write(BytesOf(value), 8);
+    return put(BytesOf(value), 8);
 }
 OutStream& OutStream::writeFloat(float value) {
-    return write(BytesOf(value), 4);
+    return put(BytesOf(value), 4);
 }
 OutStream& OutStream::writeFloat2(float value) {
-    return write(BytesOf(value, 2), 2);
+    return put(BytesOf(value, 2), 2);
 }
 OutStream& OutStream::writeFloat3(float value) {
-    return write(BytesOf(value, 1), 3);
+    return put(BytesOf(value, 1), 3);
 }
 OutStream& OutStream::writeDouble(double value) {
-    return write(BytesOf(value), 8);
+    return put(BytesOf(value), 8);
 }
 OutStream& OutStream::writeDouble6(double value) {
-    return write(BytesOf(value, 2), 6);
+    return put(BytesOf(value, 2), 6);
 }
 
 // ---- Compact codes: the low 1-bits of the first byte, up to the first 0-bit, count the bytes that follow it.
 
+// So many of the number's low bytes, at most eight. All of them are put where there is room: what follows overwrites
+// the others.
+OutStream& OutStream::putLowBytes(unsigned long long bits, size_t n) {
+    char* const at = roomFor(sizeof bits);
+    if (at == nullptr) return write(BytesOf(bits), n);
+    memcpy(at, &bits, sizeof bits);
+    putUpTo(at + n);
+    return *this;
+}
+
 // The forms are chosen as for a signed number although readers take it unsigned: existing logs are written so.
 OutStream& OutStream::writeUShortCompact(const unsigned short& value) {
     const unsigned int bits = value;
-    if (AllAlike(bits, 0xFF80u)) {
-        const unsigned char code = static_cast<unsigned char>(bits << 1);
-        return write(BytesOf(code), 1);
-    }
-    if (AllAlike(bits, 0xC000u)) {
-        const unsigned short code = static_cast<unsigned short>(bits << 2 | 1);
-        return write(BytesOf(code), 2);
-    }
+    if (AllAlike(bits, 0xFF80u)) return putLowBytes(bits << 1, 1);
+    if (AllAlike(bits, 0xC000u)) return putLowBytes(bits << 2 | 1, 2);
     return writeUShortWide(value);
 }
 
 OutStream& OutStream::writeUShortWide(unsigned short value) {
-    const char code[] = {0x03, BytesOf(value)[0], BytesOf(value)[1]};
-    return write(code, sizeof(code));
+    return putLowBytes(static_cast<unsigned int>(value) << 8 | 0x03, 3);
 }
 
 // By length, from 1 on: the bits that must be alike. The forms of 4 and 8 bytes leave three bits below their sign
@@ -90,16 +93,16 @@ OutStream& OutStream::writeLongLongCompact(const long long& value) {
     const unsigned long long bits = static_cast<unsigned long long>(value);
     size_t length = 1;
     for (const unsigned long long mask : ALIKE_BITS) {
-        if (AllAlike(bits, mask)) {
-            const unsigned long long marker = (1ull << (length - 1)) - 1;
-            const unsigned long long code = bits << length | marker;
-            return write(BytesOf(code), length);
-        }
+        if (AllAlike(bits, mask)) return putLowBytes(bits << length | ((1ull << (length - 1)) - 1), length);
         ++length;
     }
-    char code[9] = {static_cast<char>(0xFF)};
-    memcpy(code + 1, &bits, sizeof(bits));
-    return write(code, sizeof(code));
+    return writeLongLongWide(value);
+}
+
+OutStream& OutStream::writeLongLongWide(long long value) {
+    char code[1 + sizeof value] = {static_cast<char>(0xFF)};
+    memcpy(code + 1, &value, sizeof value);
+    return put(code, sizeof code);
 }
 
 // ---- Hexadecimal digits, one character at a time

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <sys/single_threaded.h>
+
 #include <cstddef>
+#include <cstring>
 
 #include "utils/Str.h"
 
@@ -20,6 +23,26 @@ public:
     virtual OutStream& write(const char* s);                  // up to its NUL, which is not written
     virtual OutStream& writeHex(const char* s);               // likewise, two digits a byte
 
+    // Where the next bytes can be put instead of written: the stream's own place with room() bytes, at least so many;
+    // null when it lends none, as while there are other threads. putUpTo the end of what was put there writes it.
+    char* roomFor(size_t n) {
+        if (!__libc_single_threaded) return nullptr;
+        return n <= room() ? room_ : makeRoom(n);
+    }
+    size_t room() const { return static_cast<size_t>(roomEnd_ - room_); }
+    void putUpTo(const char* end) {
+        lastWritten_ = static_cast<size_t>(end - room_);
+        room_ += lastWritten_;
+    }
+    // As write, but in line where the room has place for them: for the few bytes of a number.
+    OutStream& put(const char* buf, size_t n) {
+        char* const at = roomFor(n);
+        if (at == nullptr) return write(buf, n);
+        memcpy(at, buf, n);
+        putUpTo(at + n);
+        return *this;
+    }
+
     OutStream& writeChar(signed char value);                     // 1 byte
     OutStream& writeShort(short value);                          // 2 bytes
     OutStream& writeInt24(int value);                            // the three low bytes
@@ -35,6 +58,7 @@ public:
     OutStream& writeUShortWide(unsigned short value);
     // 1 to 9 bytes. Some numbers whose bit 27 or 55 is not as the bits above it come back with the other sign.
     OutStream& writeLongLongCompact(const long long& value);
+    OutStream& writeLongLongWide(long long value);          // its form of nine bytes, which brings every number back
     OutStream& writeCharHex(signed char value);             // 2 digits, upper-case
     OutStream& writeUCharHex(unsigned char value);          // 2 digits
     OutStream& writeShortHex(short value);                  // 4 digits, the most significant first
@@ -54,8 +78,13 @@ public:
     size_t bytesWritten() const { return lastWritten_; }  // by the last primitive
 
 protected:
-    size_t lastWritten_ = 0;  // bytes written by the most recent primitive
+    virtual char* makeRoom(size_t) { return nullptr; }  // room for so many bytes, where it is short; null: none
+
+    size_t lastWritten_ = 0;   // bytes written by the most recent primitive
+    char* room_ = nullptr;     // where the next byte goes; null in a stream that lends no room
+    char* roomEnd_ = nullptr;  // behind the last one that has place
 
 private:
+    OutStream& putLowBytes(unsigned long long bits, size_t n);
     OutStream& writeHexDigits(unsigned int value, unsigned int digits);
 };

@@ -1,5 +1,7 @@
 #include "units/Unit.h"
 
+#include <cstring>
+
 #include "units/UnitRegistry.h"
 #include "utils/AuvMath.h"
 
@@ -17,6 +19,7 @@ void Convert(T& value, bool needMultiplier, double multiplier, bool needAddend, 
 Unit::Unit(const char* name, const char* abbreviation, BinaryDataType type)
     : name_(name),
       abbreviation_(abbreviation),
+      abbreviationLength_(strlen(abbreviation)),
       baseUnit_(*this),
       defaultDataType_(type == NO_TYPE ? FLOAT3 : type),
       toSiAddend_(0),
@@ -32,6 +35,7 @@ Unit::Unit(const char* name, const char* abbreviation, BinaryDataType type)
 Unit::Unit(const char* name, const char* abbreviation, const BaseUnit& base, double multiplier, double addend)
     : name_(name),
       abbreviation_(abbreviation),
+      abbreviationLength_(strlen(abbreviation)),
       baseUnit_(base),
       defaultDataType_(base.getDefaultDataType()),
       toSiAddend_(addend),

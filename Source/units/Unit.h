@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "units/BinaryDataType.h"
 
 class BaseUnit;
@@ -19,6 +21,7 @@ public:
 
     const char* getName() const { return name_; }                           // "meter_per_second"
     const char* getAbbreviation() const { return abbreviation_; }           // "m/s"
+    size_t getAbbreviationLength() const { return abbreviationLength_; }    // bytes
     const Unit& getBaseUnit() const { return baseUnit_; }                   // the unit itself where it is a base
     BinaryDataType getDefaultDataType() const { return defaultDataType_; }  // never NO_TYPE
 
@@ -71,6 +74,7 @@ private:
 
     const char* const name_;
     const char* const abbreviation_;
+    const size_t abbreviationLength_;
     const Unit& baseUnit_;
     const BinaryDataType defaultDataType_;
     const double toSiAddend_;

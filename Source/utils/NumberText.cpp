@@ -1,82 +1,65 @@
 #include "utils/NumberText.h"
 
 #include <algorithm>
-#include <array>
 #include <cfloat>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 
+#include "utils/Digits.h"
+
 namespace {
 
-// Up to these the scaled value fits: below 2^33 * 10^9 < 2^63, and 53 bits of mantissa * 10^9 < 2^83.
-constexpr double QUICK_MAGNITUDE = 8589934592.0;
-constexpr unsigned int QUICK_DECIMALS = 9;
+__extension__ typedef unsigned __int128 Wide;
 
-constexpr std::array<unsigned long long, QUICK_DECIMALS + 1> POWERS_OF_TEN = {
-    1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000, 1000000000};
+// A double without its sign, exactly: whole numbers, and a fraction of one in units of 2^-128.
+struct Parts {
+    unsigned long long whole_;
+    Wide fraction_;
+};
 
-// A double is an integer mantissa over a power of two, so value * 10^decimals is an exact 128-bit product and a shift.
-// What the shift drops decides the rounding; an exact half goes to the even neighbour, as in printf.
-unsigned long long ScaledAndRounded(double magnitude, unsigned int decimals) {
-    constexpr int MANTISSA_BITS = DBL_MANT_DIG - 1;
+constexpr int MANTISSA_BITS = DBL_MANT_DIG - 1;
+constexpr double FIRST_WITHOUT_FRACTION = 4503599627370496.0;  // 2^52
+
+// Of a number below that. One that is so small that its last bits have no place here counts as none at all.
+Parts PartsOf(double value) {
     constexpr unsigned long long HIDDEN_BIT = 1ull << MANTISSA_BITS;
     constexpr int FRACTION_BITS_AT_EXPONENT_0 = 1023 + MANTISSA_BITS;
-    constexpr int MOST_FRACTION_BITS = 100;  // more of them mean a value that rounds to zero all the same
-
     unsigned long long bits;
-    memcpy(&bits, &magnitude, sizeof(bits));
+    memcpy(&bits, &value, sizeof bits);
     const unsigned long long mantissa = (bits & (HIDDEN_BIT - 1)) | HIDDEN_BIT;
-    const int fractionBits =
-        std::min(FRACTION_BITS_AT_EXPONENT_0 - static_cast<int>(bits >> MANTISSA_BITS), MOST_FRACTION_BITS);
-
-    __extension__ typedef unsigned __int128 Product;
-    const Product product = static_cast<Product>(mantissa) * POWERS_OF_TEN[decimals];
-    const Product half = static_cast<Product>(1) << (fractionBits - 1);
-    const Product dropped = product & (2 * half - 1);
-    const unsigned long long scaled = static_cast<unsigned long long>(product >> fractionBits);
-    const bool up = dropped > half || (dropped == half && (scaled & 1) != 0);
-    return scaled + (up ? 1 : 0);
+    const int exponent = static_cast<int>(bits >> MANTISSA_BITS & 0x7FF);
+    const int fractionBits = std::min(FRACTION_BITS_AT_EXPONENT_0 - exponent, 127);
+    return {fractionBits > MANTISSA_BITS ? 0 : mantissa >> fractionBits, static_cast<Wide>(mantissa)
+                                                                             << (128 - fractionBits)};
 }
 
-// "00" to "99", one after the other.
-constexpr std::array<char, 200> DIGIT_PAIRS = [] {
-    std::array<char, 200> pairs{};
-    for (size_t i = 0; i < 100; ++i) {
-        pairs[2 * i] = static_cast<char>('0' + i / 10);
-        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-    }
-    return pairs;
-}();
-
-// The last count digits of number go just before at, which moves in front of them; number loses them.
-void PrependDigits(unsigned long long& number, unsigned int count, char*& at) {
-    for (; count >= 2; count -= 2, number /= 100) {
-        at -= 2;
-        memcpy(at, &DIGIT_PAIRS[2 * (number % 100)], 2);
-    }
-    if (count == 0) return;
-    *--at = static_cast<char>('0' + number % 10);
-    number /= 10;
+// The fraction in units of 1/unit, an exact half to the even neighbour as in printf; at most the unit itself.
+unsigned long long Rounded(Wide fraction, unsigned long long unit) {
+    constexpr unsigned long long HALF = 1ull << 63;
+    const Wide low = static_cast<Wide>(static_cast<unsigned long long>(fraction)) * unit;
+    const Wide high = (fraction >> 64) * unit + (low >> 64);
+    const unsigned long long units = static_cast<unsigned long long>(high >> 64);
+    const unsigned long long dropped = static_cast<unsigned long long>(high);
+    const bool isOdd = (units & 1) != 0 || static_cast<unsigned long long>(low) != 0;
+    return units + ((dropped > HALF || (dropped == HALF && isOdd)) ? 1 : 0);
 }
 
-size_t QuickFixed(double value, unsigned int decimals, char* buf) {
-    unsigned long long rest = ScaledAndRounded(std::fabs(value), decimals);
-    char text[NumberText::MAX_LENGTH];
-    char* const end = text + sizeof(text);
-    char* at = end;
-    if (decimals > 0) {
-        PrependDigits(rest, decimals, at);
-        *--at = '.';
+// With three or six decimals: those of times and of values. The place behind the text.
+char* PutQuickly(char* at, double value, unsigned int decimals) {
+    const unsigned long long unit = decimals == 3 ? 1000 : 1000000;
+    Parts parts = PartsOf(value);
+    unsigned long long fraction = Rounded(parts.fraction_, unit);
+    if (fraction == unit) {
+        ++parts.whole_;
+        fraction = 0;
     }
-    do {
-        PrependDigits(rest, rest >= 10 ? 2 : 1, at);
-    } while (rest > 0);
-    if (std::signbit(value)) *--at = '-';
-    const size_t length = static_cast<size_t>(end - at);
-    memcpy(buf, at, length);
-    buf[length] = '\0';
-    return length;
+    *at = '-';
+    at += std::signbit(value) ? 1 : 0;
+    at = parts.whole_ < 1000 ? Digits::PutShort(at, parts.whole_)
+                             : std::to_chars(at, at + NumberText::MAX_LENGTH, parts.whole_).ptr;
+    *at++ = '.';
+    return decimals == 3 ? Digits::PutThree(at, fraction) : Digits::PutSix(at, fraction);
 }
 
 size_t LongFixed(double value, unsigned int decimals, char* buf) {
@@ -97,6 +80,10 @@ size_t NumberText::Fixed(double value, unsigned int decimals, char* buf) {
         memcpy(buf, "nan", sizeof("nan"));
         return strlen("nan");
     }
-    const bool quick = std::fabs(value) < QUICK_MAGNITUDE && decimals <= QUICK_DECIMALS;
-    return quick ? QuickFixed(value, decimals, buf) : LongFixed(value, decimals, buf);
+    if ((decimals != 3 && decimals != 6) || std::fabs(value) >= FIRST_WITHOUT_FRACTION) {
+        return LongFixed(value, decimals, buf);
+    }
+    char* const end = PutQuickly(buf, value, decimals);
+    *end = '\0';
+    return static_cast<size_t>(end - buf);
 }

@@ -7,10 +7,6 @@
 static const size_t LONGEST_INTEGER = 20;  // characters of the least long long
 static const char HEX_DIGITS[] = "0123456789ABCDEF";
 
-TextBuffer::~TextBuffer() {
-    if (chars_ != own_) delete[] chars_;
-}
-
 TextBuffer& TextBuffer::appendInt(long long value) {
     char* const at = roomFor(LONGEST_INTEGER);
     length_ += static_cast<size_t>(std::to_chars(at, at + LONGEST_INTEGER, value).ptr - at);
@@ -46,9 +42,9 @@ TextBuffer& TextBuffer::appendWhole(double value, unsigned int decimals) {
 
 void TextBuffer::grow(size_t more) {
     const size_t room = std::max(2 * room_, length_ + more);
-    char* const chars = new char[room];
-    memcpy(chars, chars_, length_);
-    if (chars_ != own_) delete[] chars_;
-    chars_ = chars;
+    std::unique_ptr<char[]> larger(new char[room]);
+    memcpy(larger.get(), chars_, length_);
+    outgrown_ = std::move(larger);
+    chars_ = outgrown_.get();
     room_ = room;
 }

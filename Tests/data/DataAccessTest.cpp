@@ -1,45 +1,27 @@
 #include "data/DataAccess.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
-
-#include "support/MemoryStreams.h"
+#include "Records.h"
 #include "units/Units.h"
-
-static std::unique_ptr<DataAccess> ReadBack(const Str& record) {
-    MemoryInStream in(record);
-    return std::unique_ptr<DataAccess>(DataAccess::Read(in));
-}
-
-static std::string Record(const DataAccess& access) {
-    MemoryOutStream out;
-    const size_t written = access.write(out);
-    EXPECT_EQ(written, out.bytes_.size());
-    return out.bytes_;
-}
 
 static const char* const DEPTH =
     " code=0001 owner=0000 element=0002 universal=3FFF unitName=\"meter\" type=0B size=0003 fl=01\n";
 
 TEST(DataAccessTest, RecordsTellEveryField) {
     const char* const records[] = {
-        DEPTH,
-        " code=00AB owner=3FFF element=0010 universal=FFFF unitName=\"none\" type=FF size=0000 fl=00\n",
+        DEPTH, " code=00AB owner=3FFF element=0010 universal=FFFF unitName=\"none\" type=FF size=0000 fl=00\n",
         " code=0001 owner=0000 element=0002 universal=0003 unitName=\"furlong\" type=00 size=FFFF fl=07\n",
-        " code=0001 owner=0000 element=0002 universal=0003 unitName=\"\" type=90 size=0001 fl=04\n",
-    };
+        " code=0001 owner=0000 element=0002 universal=0003 unitName=\"\" type=90 size=0001 fl=04\n"};
     for (const char* record : records) {
-        const std::unique_ptr<DataAccess> access = ReadBack(record);
+        const std::unique_ptr<DataAccess> access = ReadBack<DataAccess>(record);
         ASSERT_NE(nullptr, access) << record;
-        EXPECT_EQ(record, Record(*access));
+        EXPECT_EQ(record, RecordOf(*access));
     }
-    const std::unique_ptr<DataAccess> reader = ReadBack(records[1]);
+    const std::unique_ptr<DataAccess> reader = ReadBack<DataAccess>(records[1]);
     EXPECT_FALSE(reader->isWriter());
     EXPECT_TRUE(reader->isUntyped());
     EXPECT_EQ(0x10, reader->getEffectiveUniversalCode());
     EXPECT_EQ(&Units::NONE, reader->getUnit());
-    const std::unique_ptr<DataAccess> writer = ReadBack(records[2]);
+    const std::unique_ptr<DataAccess> writer = ReadBack<DataAccess>(records[2]);
     EXPECT_TRUE(writer->isWriter() && writer->getNoInterpFlag());
     EXPECT_EQ(Logger::TIME_PRECISION_MILLIS, writer->getTimePrecision());
     EXPECT_EQ(nullptr, writer->getUnit());
@@ -47,14 +29,12 @@ TEST(DataAccessTest, RecordsTellEveryField) {
 
 TEST(DataAccessTest, MalformedRecordsGiveNothing) {
     const Str full = DEPTH;
-    for (size_t length = 0; length < full.length(); ++length) {
-        EXPECT_EQ(nullptr, ReadBack(full.substr(0, length))) << length;
-    }
+    ExpectNothingOfCut<DataAccess>(full);
     for (size_t i = 0; i < full.length(); ++i) {  // no field may begin or end elsewhere
         Str damaged = full;
         damaged.setChar(i, '~');
         const bool isInUnitName = i > full.find('"') && i < full.findLastOf('"');
-        EXPECT_EQ(isInUnitName, ReadBack(damaged) != nullptr) << damaged.cStr();
+        EXPECT_EQ(isInUnitName, ReadBack<DataAccess>(damaged) != nullptr) << damaged.cStr();
     }
 }
 

@@ -59,6 +59,9 @@ TEST_F(DataElementTest, IsOrphanedUntilSomebodySuppliesIt) {
     sensor_.setFailed(true);
     EXPECT_FALSE(element->isActive() || element->isActivatable());
 
+    EXPECT_TRUE(Slate::NewInputReader(&pilot_, Named("Sensor.depth"))->isInput());
+    EXPECT_FALSE(Slate::NewReader(&pilot_, Named("Sensor.depth"))->isInput());
+
     DataWriter* fixed = Slate::NewWriter(&pilot_, Named("Config/x", ElementURI::CONFIG_ELEMENT));
     fixed->write(Units::METER, 1.0, T);
     EXPECT_TRUE(fixed->getElement()->isActive()) << "configuration needs no supplier";

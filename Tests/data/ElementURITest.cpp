@@ -1,25 +1,12 @@
 #include "data/ElementURI.h"
 
-#include <memory>
 #include <tuple>
 
-#include "support/MemoryStreams.h"
+#include "Records.h"
 #include "support/SlateFixture.h"
 #include "units/Units.h"
 
 typedef SlateFixture ElementURITest;
-
-static std::unique_ptr<ElementURI> ReadBack(const Str& record) {
-    MemoryInStream in(record);
-    return std::unique_ptr<ElementURI>(ElementURI::Read(in));
-}
-
-static std::string Record(const ElementURI& uri) {
-    MemoryOutStream out;
-    const size_t written = uri.write(out);
-    EXPECT_EQ(written, out.bytes_.size());
-    return out.bytes_;
-}
 
 TEST_F(ElementURITest, JoinsComponentAndElement) {
     const std::tuple<const char*, const char*, const char*> names[] = {{"CTD", "depth", "CTD.depth"},
@@ -46,10 +33,10 @@ TEST_F(ElementURITest, RecordsByKind) {
         {ElementURI(ElementURI::NO_CODE, "", ElementURI::UNIVERSAL_ELEMENT), " code=3FFF elementURI=\"\" type=04\n"},
     };
     for (const auto& [uri, record] : records) {
-        EXPECT_EQ(record, Record(uri));
-        const std::unique_ptr<ElementURI> read = ReadBack(record);
+        EXPECT_EQ(record, RecordOf(uri));
+        const std::unique_ptr<ElementURI> read = ReadBack<ElementURI>(record);
         ASSERT_NE(nullptr, read) << record;
-        EXPECT_EQ(record, Record(*read));
+        EXPECT_EQ(record, RecordOf(*read));
     }
     EXPECT_EQ(3, records[2].first.getDimensions());
     EXPECT_TRUE(log_.take().empty());
@@ -57,24 +44,19 @@ TEST_F(ElementURITest, RecordsByKind) {
 
 TEST_F(ElementURITest, MalformedRecordsGiveNothing) {
     const Str full = " code=0001 elementURI=\"N.m\" type=12 blobType=11 fixedSize=0003,0003,0003\n";
-    ASSERT_NE(nullptr, ReadBack(full));
-    for (size_t length = 0; length < full.length(); ++length) {
-        EXPECT_EQ(nullptr, ReadBack(full.substr(0, length))) << length;
-    }
+    ExpectNothingOfCut<ElementURI>(full);
     const std::string longest = " code=0001 elementURI=\"" + std::string(255, 'x');
-    EXPECT_NE(nullptr, ReadBack((longest + "\" type=02\n").c_str()));
-    EXPECT_EQ(nullptr, ReadBack((longest + "x\" type=02\n").c_str()));
-    const char* const records[] = {
-        " code=0001 elementURI=\"N.m\" type=02",
-        " code=0001 elementURI=\"N.m\" type=02\r",
-        " code=0001 elementURI=\"N.m\" type=05\n",
-        " code=0001 elementURI=\"N.m\" type=22\n",
-        " code=0001 elementURI=\"N.m\" type=12\n",
-        " code=0001 elementURI=\"N.m\" type=12 blobType=11 fixedSize=0003,\n",
-        " code=0001 elementURI=\"N.m\" type=12 blobType=11 fixedSize=0003,0000\n",
-        " code=0001 elementURI=\"N.m\" type=12 blobType=11 fixedSize=0001,0001,0001,0001\n",
-    };
-    for (const char* record : records) EXPECT_EQ(nullptr, ReadBack(record)) << record;
+    EXPECT_NE(nullptr, ReadBack<ElementURI>((longest + "\" type=02\n").c_str()));
+    EXPECT_EQ(nullptr, ReadBack<ElementURI>((longest + "x\" type=02\n").c_str()));
+    const char* const records[] = {" code=0001 elementURI=\"N.m\" type=02",
+                                   " code=0001 elementURI=\"N.m\" type=02\r",
+                                   " code=0001 elementURI=\"N.m\" type=05\n",
+                                   " code=0001 elementURI=\"N.m\" type=22\n",
+                                   " code=0001 elementURI=\"N.m\" type=12\n",
+                                   " code=0001 elementURI=\"N.m\" type=12 blobType=11 fixedSize=0003,\n",
+                                   " code=0001 elementURI=\"N.m\" type=12 blobType=11 fixedSize=0003,0000\n",
+                                   " code=0001 elementURI=\"N.m\" type=12 blobType=11 fixedSize=0001,0001,0001,0001\n"};
+    for (const char* record : records) EXPECT_EQ(nullptr, ReadBack<ElementURI>(record)) << record;
 }
 
 TEST_F(ElementURITest, ImpossibleArraysKeepTheirNameOnly) {
@@ -87,7 +69,7 @@ TEST_F(ElementURITest, ImpossibleArraysKeepTheirNameOnly) {
         {"blobType=00 fixedSize=0001", NOT_BLOB, true},
         {"blobType=FF fixedSize=FFFF,FFFF,FFFF", NOT_BLOB, true}};
     for (const auto& [array, blobType, isReported] : arrays) {
-        const auto uri = ReadBack((" code=0007 elementURI=\"N.m\" type=12 " + array + "\n").c_str());
+        const auto uri = ReadBack<ElementURI>((" code=0007 elementURI=\"N.m\" type=12 " + array + "\n").c_str());
         ASSERT_NE(nullptr, uri) << array;
         EXPECT_EQ(7, uri->getCode());
         EXPECT_EQ(blobType, uri->getBlobType()) << array;

@@ -4,19 +4,6 @@
 
 #include "data/Slate.h"
 
-TEST(LogTest, OneCodeMeansDifferentThingsInTwoLogs) {
-    Log first;
-    Log second;
-    for (const auto& [log, name] : {std::pair<Log*, const char*>{&first, "A.b"}, {&second, "C.d"}}) {
-        const Log::Use use(*log);
-        EXPECT_NE(nullptr, Slate::RegisterElementURI(new ElementURI(7, name, ElementURI::DATA_ELEMENT)));
-    }
-    EXPECT_STREQ("A.b", first.getElementURI(7)->cStr());
-    EXPECT_STREQ("C.d", second.getElementURI(7)->cStr());
-    EXPECT_EQ(nullptr, first.findElementURI("C.d"));
-    EXPECT_EQ(nullptr, Log::OfProcess().getElementURI(7));
-}
-
 TEST(LogTest, AUniversalHasItsOwnCodeInEachLog) {
     Log& process = Log::OfProcess();
     EXPECT_EQ(&UniversalURI::DEPTH,

@@ -4,10 +4,16 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <random>
+#include <thread>
 
 #include "io/FileInStream.h"
 #include "io/FileOutStream.h"
+#include "io/OutText.h"
+#include "support/FileSizeLimit.h"
+#include "support/MemoryStreams.h"
 #include "support/TempDir.h"
 
 class FileStreamTest : public testing::Test {
@@ -58,6 +64,55 @@ TEST_F(FileStreamTest, KeepsTheReasonOfTheFirstFailure) {
     EXPECT_STREQ("unknown", FileOutStream().getName());
 }
 
+TEST_F(FileStreamTest, WhatTheFileDoesNotTakeIsTriedAgain) {
+    FileOutStream out(path(), false, false);
+    const std::string text(1500, 't');
+    signal(SIGXFSZ, SIG_IGN);
+    {
+        const FileSizeLimit limit(1000);
+        out << text.c_str();
+        out.flush();
+        EXPECT_EQ(EFBIG, out.firstError());
+        EXPECT_EQ(1000u, content().size());
+        EXPECT_FALSE(out.seek(0));
+        EXPECT_EQ(1500, out.tell());
+        EXPECT_EQ(0u, out.write(std::string(300000, 'x').data(), 300000).bytesWritten());
+    }
+    signal(SIGXFSZ, SIG_DFL);
+    out.close();
+    EXPECT_EQ(text, content());
+}
+
+// What goes into the room that the stream lends, and what does not fit there, comes out in the order of its coming.
+TEST_F(FileStreamTest, LendsRoomToNumbersAndTexts) {
+    FileOutStream out(path(), false, false);
+    MemoryOutStream expected;  // lends none
+    std::mt19937_64 random(20120601);
+    for (int i = 0; i < 3000; ++i) {
+        const unsigned long long bits = random();
+        const std::string piece(bits % (i % 500 == 0 ? 300000 : 3000), static_cast<char>('a' + i % 26));
+        for (OutStream* const stream : {static_cast<OutStream*>(&out), static_cast<OutStream*>(&expected)}) {
+            stream->writeLongLongCompact(static_cast<long long>(bits) >> bits % 64);
+            stream->writeUShortCompact(static_cast<unsigned short>(bits)).writeInt24(i).writeDouble(i);
+            if (i % 3 == 0) stream->write(piece.data(), piece.size());
+            OutText text(*stream);
+            text.append(piece.data(), piece.size()).appendInt(i);
+            EXPECT_EQ(text.length(), text.put());
+            EXPECT_EQ(text.length(), stream->bytesWritten());
+        }
+    }
+    EXPECT_EQ(static_cast<int>(expected.bytes_.size()), out.tell());
+    out.close();
+    EXPECT_TRUE(expected.bytes_ == content());
+    EXPECT_EQ(nullptr, out.roomFor(1));
+}
+
+TEST_F(FileStreamTest, LendsNoRoomWhileThereAreOtherThreads) {
+    FileOutStream out(path(), false, false);
+    EXPECT_NE(nullptr, out.roomFor(1));
+    std::thread([&out] { EXPECT_EQ(nullptr, out.roomFor(1)); }).join();
+}
+
 TEST_F(FileStreamTest, APipeIsNotWaitedForUntilItIsRead) {
     ASSERT_EQ(0, mkfifo(path(), 0600));
     FileOutStream out(path(), false, false);
@@ -80,6 +135,7 @@ TEST_F(FileStreamTest, WritesAFileThatIsFlushedAtEachLine) {
     std::string text = "x";
     {
         FileOutStream out(file, true);
+        EXPECT_EQ(nullptr, out.roomFor(1));  // others write there too
         out << "x";
         for (int i = 0; i < 50; ++i, text += piece) out << piece.c_str();
     }

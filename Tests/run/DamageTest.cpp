@@ -24,24 +24,6 @@ TEST_F(DamageTest, ALogCutAnywhereGivesTheEntriesBeforeTheCut) {
     EXPECT_EQ(lines + 1, linesOf(whole));
 }
 
-// Damage may look like the length of a text and take that many bytes with it, but no more than a length can say.
-TEST_F(DamageTest, EntriesAfterDamageAreFoundAgain) {
-    const std::string whole = DiveLog::Of(5000);
-    ASSERT_GT(whole.size(), 2u * SyslogEntry::MAX_MESSAGE_LENGTH);
-    const size_t allLines = linesOf(whole);
-    DiveLog directory;
-    directory.begin();
-    const size_t directoryLength = directory.bytes().size();
-    for (size_t i = 0; i < 20; ++i) {
-        const size_t at = directoryLength + i * 997;  // a prime: the places fall on every part of an entry
-        for (const char fill : {'\0', '\x02', '\x2A', '\xFF'}) {
-            std::string damaged = whole;
-            damaged.replace(at, 5, 5, fill);
-            EXPECT_LT(allLines / 3, linesOf(damaged)) << at << " " << static_cast<int>(fill);
-        }
-    }
-}
-
 TEST_F(DamageTest, NothingButDamage) {
     std::string noise;
     unsigned int state = 1;

@@ -32,9 +32,12 @@ TEST_F(FailureTest, Inputs) {
 }
 
 TEST_F(FailureTest, OutputsThatCannotBeCreated) {
-    expectMessage("Failed to open missing/out.asc: No such file or directory", {"-ao", "missing/out.asc", "dive"});
+    for (const char* const option : {"-a", "-n", "-N", "-m", "-H"}) {
+        expectMessage("Failed to open missing/out: No such file or directory", {option, "-o", "missing/out", "dive"});
+        expectMessage("Failed to open .: Is a directory", {option, "-o", ".", "dive"});
+    }
+    EXPECT_EQ(0u, run({"-no", "missing/out", "dive"}).find("NetCdf error: "));
     EXPECT_EQ(0u, CountOf(program_.run({"-qao", "missing/out.asc", "dive"}).out_, "rename"));
-    expectMessage("Failed to open .: Is a directory", {"-ao", ".", "dive"});
 }
 
 // Whatever name the run finds it under, or would find it under once it is there.
@@ -50,7 +53,8 @@ TEST_F(FailureTest, AnOutputNeverReplacesItsInput) {
         {"link", {"-bo", "link", "dive"}},
         {"dive.dir", {"-ao", "dive.dir", "dive"}},
         {"parts", {"-bo", "parts", "parts"}},
-        {"parts0001", {"-bo", "parts0001", "parts"}},
+        {"./parts0001", {"-bo", "./parts0001", "parts"}},
+        {"parts0024", {"-bo", "parts0024", "parts"}},  // after a gap that a reader bridges
         {"parts0004.bak", {"-bo", "parts0004.bak", "parts"}},
         {"more/Courier0001", {"-bPo", "c", "more/Courier0001", "more"}},
         {"track.kmz", {"-ko", "track.kml", "track.kmz"}},
@@ -61,8 +65,10 @@ TEST_F(FailureTest, AnOutputNeverReplacesItsInput) {
         EXPECT_EQ(1u, CountOf(MessagesIn(run(arguments)), message)) << output;
         for (const char* input : inputs) EXPECT_TRUE(log == read(input)) << output << " " << input;
     }
-    EXPECT_EQ("dive dive.dir empty empty directory link more parts0000 parts0004.bak stdout track.kml track.kmz ",
-              program_.list());
+    EXPECT_EQ(0u, CountOf(run({"-bo", "parts0025", "parts"}), "is an input"));
+    EXPECT_EQ(
+        "dive dive.dir empty empty directory link more parts0000 parts0004.bak parts0025 stdout track.kml track.kmz ",
+        program_.list());
 }
 
 TEST_F(FailureTest, WhatIsNoFileIsOnlyWrittenTo) {
@@ -139,11 +145,19 @@ TEST_F(FailureTest, AReaderThatLeaves) {
     EXPECT_EQ("0\n", read("err").substr(read("err").find('\n') + 1));  // one message before
 }
 
-TEST_F(FailureTest, AFileThatGrowsTooLargeKeepsWhatWasWritten) {
+// At the start, in the midst, and when no more than the end of the file does not fit any more.
+TEST_F(FailureTest, ADiskThatFillsUp) {
     write("dive", DiveLog::Of(20000));
-    const FileSizeLimit limit(1500000);
-    expectMessage("Failed to write dive.asc: File too large", {"-a", "dive"});
-    EXPECT_EQ(1500000u, read("dive.asc").size());
+    for (const std::string option : {"-a asc", "-c csv", "-n nc", "-N nc4", "-m mat", "-H h5"}) {
+        const std::string name = "dive." + option.substr(3);
+        run({option.substr(0, 2), "dive"});
+        const size_t whole = read(name).size();
+        for (const size_t room : {size_t(4000), whole / 2, whole - 1}) {
+            const FileSizeLimit limit(room);
+            expectMessage("Failed to write " + name + ": File too large", {option.substr(0, 2), "dive"});
+            EXPECT_TRUE(option != "-a asc" || room == read(name).size());
+        }
+    }
 }
 
 // Twenty arrays that claim 65535 elements, and hold none in fifty samples each.

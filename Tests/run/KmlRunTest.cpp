@@ -125,23 +125,6 @@ TEST_F(KmlRunTest, LogsWithoutATrackGiveAnEmptyDocument) {
     EXPECT_EQ("  </Document>\n</kml>\n", body(nothing, {"-ki"}));
 }
 
-TEST_F(KmlRunTest, HostileTextAndNumbersLeaveItWellFormed) {
-    SKIP_WITHOUT("xmllint");
-    TrackLog log;
-    log.dive(3);
-    for (const char* message : {"]]>", "a]]", "<b>&", "\x01\x1F\x7F", "\xFF\xC3", "\xEF\xBF\xBF", "\xED\xA0\x80"}) {
-        log.add(log.log_.syslog(3, message, Syslog::FAULT));
-    }
-    log.fix(4, NAN, INFINITY, -INFINITY);
-    log.fix(1e6, 1e300, -1e300, 1e300);
-    log.fix(-1e6, 36.5, -122, 1);
-    log.add(log.log_.cycle(5));
-    const std::string document = body(log, {"-kv", "A&<B>]]>\x02\xFF"});
-    EXPECT_EQ(7u, CountOf(document, "#fault"));
-    EXPECT_EQ(0u, CountOf(document, "nan") + CountOf(document, "inf"));
-    kml(log, {"-kC", "<&\""}, "(ERROR): Cannot read the colour \"<&\"\", it is written as it stands\n");
-}
-
 // It has messages of severities that do not exist, and places off the earth.
 TEST_F(KmlRunTest, TheTrackOfADamagedDiveIsDrawn) {
     synthesize("--minutes 20 --damage 200");

@@ -1,7 +1,6 @@
 #include <cstdlib>
 
 #include "RunFixture.h"
-#include "support/FileSizeLimit.h"
 
 // The .mat and .h5 files of whole logs, as other programs read them.
 
@@ -48,33 +47,32 @@ TEST_F(MatlabRunTest, ThinnedSeries) {
 TEST_F(MatlabRunTest, AnotherLibraryReadsArraysAndCells) {
     DiveLog dive;
     DataAccess* const plane = dive.log_.declareBlob("A.plane", Units::METER, BLOB_UINT8, 2, 3);
+    DataAccess* const row = dive.log_.declareBlob("A.row", Units::METER, BLOB_INT16LE, 2);
+    DataAccess* const cube = dive.log_.declareBlob("A.cube", Units::METER, BLOB_UINT8, 2, 2, 2);
+    DataAccess* const open = dive.log_.declareBlob("A.open", Units::METER, BLOB_FLOAT32BE);
     DataAccess* const mode = dive.log_.declareText("A.mode");
     DataAccess* const silent = dive.log_.declare("A.silent");
     dive.add(dive.log_.version(8));
-    for (DataAccess* const access : {plane, mode, silent}) dive.declare(access);
+    for (DataAccess* const access : {plane, row, cube, open, mode, silent}) dive.declare(access);
     dive.add(dive.log_.blob<unsigned char>(plane, 0, {0, 1, 2, 10, 11, 12}));
     dive.add(dive.log_.blob<unsigned char>(plane, 1, {20, 21, 22, 30, 31, 32}));
+    for (const std::vector<short>& cells : {std::vector<short>{1, 2}, {3}, {4, 5, 6}}) {
+        dive.add(dive.log_.blob(row, 1, cells));
+    }
+    dive.add(dive.log_.blob<unsigned char>(cube, 0, {0, 1, 10, 11, 100, 101, 110, 111}));
+    dive.add(dive.log_.blob<unsigned>(open, 0, {0x803F, 0x40}));
+    dive.add(dive.log_.blob<unsigned>(open, 1, {}));
     dive.add(dive.log_.text(mode, 1, "dive"));
     dive.add(dive.log_.text(mode, 2, "\xC3\xA4"));
     write("dive", dive.bytes());
-    run({"-m", "dive"});
+    run({"-m", "dive", "A.plane", "A.row", "(cm)", "A.cube", "A.open", "A.mode", "A.silent"});
     for (const char* line :
          {"A.plane.value double 2x2x3: 0 20 10 30 1 21 11 31 2 22 12 32\n", "A.mode.value cell 2x1:\n",
-          "A.mode.value{1} char 1x4:dive\n", "A.mode.value{2} char 1x1:\\xe4\n", "A.silent.value double 0x0:\n",
-          "A.silent.time double 0x0:\n"}) {
+          "A.row.value double 3x2: 100 300 400 200 nan 500\n",
+          "A.cube.value double 1x2x2x2: 0 100 10 110 1 101 11 111\n", "A.open.value{1} double 2x1: 1 2\n",
+          "A.open.value{2} double 0x0:\n", "A.mode.value{1} char 1x4:dive\n", "A.mode.value{2} char 1x1:\\xe4\n",
+          "A.silent.value double 0x0:\n", "A.silent.time double 0x0:\n"}) {
         EXPECT_NE(std::string::npos, shown().find(line)) << line << shown();
-    }
-}
-
-TEST_F(MatlabRunTest, H5dumpShowsThePlainFile) {
-    write("dive", DiveLog::Of(3));
-    run({"-H", "dive"});
-    const std::string shown = OutputOf("h5dump -y -d /Depth/depth/value " + path("dive.h5") + " | tr -s ' \\n' ' '");
-    for (const char* part :
-         {"DATATYPE H5T_IEEE_F64LE DATASPACE SIMPLE { ( 1, 3 ) / ( 1, H5S_UNLIMITED ) } DATA { 0, 0.5, 1 }",
-          "ATTRIBUTE \"units\" { DATATYPE H5T_STRING { STRSIZE 1; STRPAD H5T_STR_NULLTERM; CSET H5T_CSET_ASCII; "
-          "CTYPE H5T_C_S1; } DATASPACE SCALAR DATA { \"m\" } }"}) {
-        EXPECT_NE(std::string::npos, shown.find(part)) << part << '\n' << shown;
     }
 }
 
@@ -98,30 +96,4 @@ TEST_F(MatlabRunTest, TheExamplesPlot) {
     const std::string said =
         OutputOf("octave-cli " EXAMPLES "/plot_dive.m " + path("dive.mat") + " " + path("mat.png") + " 2>&1");
     EXPECT_EQ("\x89PNG", read("mat.png").substr(0, 4)) << said;
-}
-
-// Everything that can go wrong.
-
-TEST_F(MatlabRunTest, FilesThatCannotBeCreated) {
-    write("dive", DiveLog::Of(2));
-    const std::pair<std::string, std::string> places[] = {{"no/file", "No such file or directory"},
-                                                          {".", "Is a directory"}};
-    for (const char* option : {"-m", "-H"}) {
-        for (const auto& [place, reason] : places) {
-            EXPECT_EQ("(ERROR): Failed to open " + place + ": " + reason + "\n",
-                      MessagesIn(run({option, "-o", place, "dive"})));
-        }
-    }
-}
-
-// In the midst and at the end; the program ends as always.
-TEST_F(MatlabRunTest, AFullDisk) {
-    write("dive", DiveLog::Of(20000));
-    for (const char* option : {"-m", "-H"}) {
-        const std::string name = option[1] == 'm' ? "dive.mat" : "dive.h5";
-        for (const rlim_t size : {4000, 30000}) {
-            const FileSizeLimit limit(size);
-            EXPECT_EQ("(ERROR): Failed to write " + name + ": File too large\n", MessagesIn(run({option, "dive"})));
-        }
-    }
 }

@@ -23,6 +23,13 @@ protected:
         const size_t status = out.rfind("status ");
         return {atoi(out.c_str() + status + 7), out.substr(0, status)};
     }
+    void expectEnoughBeyondLeast(int megabytes, std::initializer_list<std::string> outputs) const {
+        const int enough = leastMegabytes() + megabytes;
+        for (const std::string& output : outputs) {
+            const Limited run = runWithin(enough, "-qO " + output + " dive");
+            EXPECT_TRUE(run.status_ == 0 && run.out_.empty()) << output << " " << run.out_;
+        }
+    }
     // The least address space in which the program says how it is used.
     int leastMegabytes() const {
         int megabytes = 20;
@@ -68,4 +75,31 @@ TEST_F(MemoryTest, RowsThatWaitTakeFewBytesEach) {
     const Limited run = runWithin(leastMegabytes() + 40, "-qOci -o out dive Depth.depth Nav.speed No.such");
     EXPECT_EQ("(ERROR): No variable \"No.such\" is in the logs\n", MessagesIn(run.out_));
     EXPECT_EQ(200002u, CountOf(read("out"), ",nan\n") + 1);
+}
+
+// What the libraries of the array files would keep of each variable, and of each chunk, goes far beyond.
+TEST_F(MemoryTest, ManyVariablesTakeLittleEach) {
+    DiveLog dive;
+    dive.begin();
+    for (int i = 0; i < 3000; ++i) {
+        const std::string name = "C" + std::to_string(i) + ".x";
+        DataAccess* const variable = dive.log_.declare(name.c_str(), Units::METER, FLOAT4);
+        dive.declare(variable);
+        dive.add(dive.log_.data(variable, i, i));
+    }
+    write("dive", dive.bytes());
+    expectEnoughBeyondLeast(180, {"-m", "-H"});
+}
+
+TEST_F(MemoryTest, LargeArraysTakeNoChunksEach) {
+    DiveLog dive;
+    dive.begin();
+    for (int i = 0; i < 10; ++i) {
+        const std::string name = "A" + std::to_string(i) + ".x";
+        DataAccess* const array = dive.log_.declareBlob(name.c_str(), Units::NONE, BLOB_UINT8, 65535);
+        dive.declare(array);
+        dive.add(dive.log_.blob(array, i, std::vector<unsigned char>(65535, 1)));
+    }
+    write("dive", dive.bytes());
+    expectEnoughBeyondLeast(100, {"-m", "-N"});
 }

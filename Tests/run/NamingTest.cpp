@@ -20,6 +20,9 @@ TEST_F(NamingTest, DatesAndLinks) {
         {{"-aOy", "dive"}, "dive dive.asc slate "},
         {{"-ay", "dive"}, "dive dive.asc dive_201206011230_201206011231.asc slate "},
         {{"-ao", "out.txt", "slate"}, "dive out_201206011230_201206011231.txt slate "},
+        {{"-ao", "slate.txt", "slate"}, "dive slate slate_201206011230_201206011231.txt "},
+        {{"-ao", "a.b.txt", "dive"}, "a.b_201206011230_201206011231.txt dive slate "},
+        {{"-ao", ".txt", "dive"}, "_201206011230_201206011231.txt dive slate "},
         {{"-ao", "out", "dive"}, "dive out slate "},
         {{"-d", "dive"}, "dive dive.dir slate "},
         {{"-ad", "dive"}, "dive dive.dir dive_201206011230_201206011231.asc slate "},
@@ -41,15 +44,55 @@ TEST_F(NamingTest, TheDatesSpanAllInputs) {
     EXPECT_TRUE(program_.files().has("out_201206011230_201206011241.txt")) << program_.list();
 }
 
+TEST_F(NamingTest, TheNameOfTheLogMayEndInTheUsualOne) {
+    std::filesystem::create_directory(path("logs.d"));
+    const std::pair<const char*, const char*> cases[] = {{"myslate", "my201206011230_201206011231.asc"},
+                                                         {"SLATE", "SLATE_201206011230_201206011231.asc"}};
+    for (const auto& [log, output] : cases) {
+        write(log, DiveLog::Of(65));
+        program_.run({"-qa", log});
+        program_.run({"-qao", "logs.d/out", log});  // the dot is not the name's
+        EXPECT_TRUE(program_.files().has(output) && program_.files().has("logs.d/out")) << log;
+    }
+}
+
 TEST_F(NamingTest, EarlierResultsGoOnlyWhereTheDirectoryIsNamed) {
     const TempDir& files = program_.files();
-    write("dive_201206011230_201206011230.asc", "earlier");
-    program_.run({"-qa", "dive"});
-    EXPECT_TRUE(files.has("dive_201206011230_201206011230.asc"));
-    const std::string messages = MessagesIn(program_.run({"-a", "./dive"}).out_);
+    const std::pair<const char*, bool> earlier[] = {
+        // with whether it stays
+        {"dive_201206011230_201206011230.asc", false}, {"dive_201206011230.asc", false},
+        {"dive_201206011229_201206011300.asc", true},  {"dive_201206011230_201206011300.nc", true},
+        {"Dive_201206011230_201206011300.asc", true},  {"dive_201206011230_x.asc~", true}};
+    for (const auto& [name, stays] : earlier) write(name, "earlier");
+    EXPECT_EQ(1u, CountOf(program_.run({"-a", "dive"}).out_, "(ERROR): Unserialize is unable to open directory: \n"));
+    for (const auto& [name, stays] : earlier) EXPECT_TRUE(files.has(name)) << name;
+    const std::string messages = MessagesIn(program_.run({"-ay", "./dive"}).out_);
     EXPECT_EQ(1u, CountOf(messages, "(INFO): Removed ./dive_201206011230_201206011230.asc\n"));
-    EXPECT_FALSE(files.has("dive_201206011230_201206011230.asc"));
-    EXPECT_TRUE(files.has("dive_201206011230_201206011231.asc"));
+    EXPECT_EQ(2u, CountOf(messages, "(INFO): Removed "));
+    EXPECT_EQ(1u,
+              CountOf(messages, "(INFO): Saved ./dive_201206011230_201206011231.asc\n(INFO): Symlink: ./dive.asc\n"));
+    for (const auto& [name, stays] : earlier) EXPECT_EQ(stays, files.has(name)) << name;
+    EXPECT_EQ("dive_201206011230_201206011231.asc", std::filesystem::read_symlink(path("dive.asc")));
+}
+
+TEST_F(NamingTest, AnInputIsNeitherRemovedNorReplaced) {
+    const std::string log = DiveLog::Of(65), dated = "dive_201206011230_201206011231.asc";
+    const std::pair<std::string, std::string> cases[] = {
+        {"dive_201206011230_x.asc", ""},
+        {dated, "(ERROR): The output ./dive.asc is not renamed to ./" + dated + ", which is an input of this run\n"}};
+    for (const auto& [input, message] : cases) {
+        write(input, log);
+        EXPECT_EQ(message, MessagesIn(program_.run({"-qao", "./dive.asc", input}).out_));
+        EXPECT_TRUE(log == read(input)) << input;
+    }
+}
+
+TEST_F(NamingTest, AnOutputThatCannotBeRenamedKeepsItsName) {
+    std::filesystem::create_directory(path("dive_201206011230_201206011231.asc"));
+    write("dive_201206011230.asc", "earlier");
+    EXPECT_EQ("(ERROR): Could not rename ./dive.asc to ./dive_201206011230_201206011231.asc due to Is a directory\n",
+              MessagesIn(program_.run({"-qa", "./dive"}).out_));
+    EXPECT_EQ("earlier", read("dive_201206011230.asc"));
 }
 
 // It would take the place of a good one.

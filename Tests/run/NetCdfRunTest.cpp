@@ -1,5 +1,4 @@
 #include "RunFixture.h"
-#include "support/FileSizeLimit.h"
 #include "support/NetCdfFile.h"
 
 // The array files of whole logs, as other programs read them.
@@ -35,17 +34,6 @@ TEST_F(NetCdfRunTest, XarrayDecodesTheTimes) {
                      "d[\"Depth.depth\"].values[1])'"));
 }
 
-TEST_F(NetCdfRunTest, OctaveReadsBoth) {
-    write("dive", DiveLog::Of(3));
-    run({"-n", "-N", "dive"});
-    const char* const variables[][2] = {{"dive.nc", "Depth.depth"}, {"dive.nc4", "/Depth/Depth.depth"}};
-    for (const auto& variable : variables) {
-        const std::string at = "'" + path(variable[0]) + "', '" + variable[1] + "'";
-        EXPECT_EQ("0 0.5 1 m", OutputOf("octave-cli --eval \"pkg load netcdf; printf('%g ', ncread(" + at +
-                                        ")); printf('%s', ncreadatt(" + at + ", 'units'))\" 2>/dev/null"));
-    }
-}
-
 // A cycle start after a point of one series forces out what is pending of the others.
 TEST_F(NetCdfRunTest, ThinnedSeries) {
     DiveLog dive;
@@ -77,33 +65,6 @@ TEST_F(NetCdfRunTest, NcdumpShowsTheTable) {
     write("dive", DiveLog::Of(2));
     run({"-n", "dive", "Depth.depth", "(foot)"});
     EXPECT_EQ(OutputOf("cat " EXPECTED_TABLE), OutputOf("ncdump " + path("dive.nc")));
-}
-
-// Everything that can go wrong.
-
-TEST_F(NetCdfRunTest, FilesThatCannotBeCreated) {
-    write("dive", DiveLog::Of(2));
-    for (const char* option : {"-n", "-N"}) {
-        const std::string output = run({option, "-o", "no/file", "dive"});
-        EXPECT_EQ(0u, output.find("NetCdf error: "));
-        EXPECT_EQ("(ERROR): Failed to open no/file: No such file or directory\n", MessagesIn(output));
-    }
-}
-
-// Also when no more than the end of the file does not fit any more.
-TEST_F(NetCdfRunTest, ADiskThatFillsUp) {
-    write("dive", DiveLog::Of(30000));
-    for (const char* option : {"-n", "-N"}) {
-        const std::string name = option == std::string("-n") ? "dive.nc" : "dive.nc4";
-        run({option, "dive"});
-        const size_t whole = read(name).size();
-        for (const size_t room : {size_t(1000), whole / 2, whole - 1}) {
-            const FileSizeLimit limit(room);
-            const std::string errors = MessagesIn(run({option, "dive"}));
-            EXPECT_EQ(1u, CountOf(errors, "\n")) << name << " " << room;
-            EXPECT_EQ(1u, CountOf(errors, name + ": File too large\n")) << name << " " << room << errors;
-        }
-    }
 }
 
 TEST_F(NetCdfRunTest, NothingToWrite) {

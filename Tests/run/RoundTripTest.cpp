@@ -3,17 +3,6 @@
 #include <sstream>
 
 #include "RunFixture.h"
-#include "data/Slate.h"
-#include "io/LzmaEncoder.h"
-#include "logger/engine/LogEngine.h"
-#include "logger/reader/BinaryLogReader.h"
-#include "logger/reader/FileLogReader.h"
-#include "logger/rule/CompositeRules.h"
-#include "logger/rule/EntryRules.h"
-#include "logger/writer/SplitFileLogWriter.h"
-#include "logger/writer/binary/DirectoryLogWriter.h"
-#include "logger/writer/text/TextLogWriter.h"
-#include "support/CapturedLog.h"
 
 // Logs that are written again and read back.
 
@@ -99,69 +88,4 @@ TEST_F(RoundTripTest, AThinnedLogReadsBackAsTheThinnedSeries) {
     arguments.insert(arguments.end(), bounds.begin(), bounds.end());
     runInSilence(arguments);
     EXPECT_EQ(thinned, WithoutDirectory(textOf("dive.bin")));
-}
-
-// A dive in files of bounded size or time, each compressed as soon as it is complete.
-class SplitRoundTripTest : public RoundTripTest {
-protected:
-    void SetUp() override {
-        synthesize("--minutes 2");
-        forgetValues();
-    }
-
-    // Leaves a Slate that knows the dive's directory, and no value.
-    void forgetValues() {
-        Slate::Uninitialize();
-        Slate::ReadDirectory(path("dive").c_str());
-    }
-    // Reads a log and hands its entries to the writer, which is gone afterwards.
-    void copy(const std::string& log, LogWriter* writer, Rule* rule = nullptr) {
-        LogEngine engine;
-        engine.addAssociation(writer, rule);
-        BinaryLogReader* const reader = new BinaryLogReader(messages_, Timestamp::NOT_SET_TIME, Timestamp::NOT_SET_TIME,
-                                                            Str::EMPTY_STR, &engine, nullptr);
-        reader->setTimeAdjust(Timespan::INVALID_TIMESPAN);
-        FileLogReader(path(log).c_str(), reader).readAll();
-    }
-    // The text of all parts: the last one is plain, the others are compressed, each with its backup beside it.
-    std::string textOfParts() {
-        MemoryOutStream text;
-        forgetValues();
-        for (parts_ = 1; program_.files().has(partName() + ".lzma"); ++parts_) {
-            const std::string bytes = OutputOf("xz --format=lzma -dc " + path(partName() + ".lzma"));
-            EXPECT_FALSE(program_.files().has(partName()));
-            EXPECT_TRUE(read(partName() + ".bak") == bytes) << partName();
-            write("part", bytes);
-            copy("part", new TextLogWriter(text, false));
-        }
-        copy(partName(), new TextLogWriter(text, false));
-        return text.bytes_;
-    }
-    std::string partName() const { return "run000" + std::to_string(parts_); }
-
-    int parts_ = 0;
-    CapturedLog messages_;
-    Log slate_{&static_cast<const Logger&>(messages_)};
-    const Log::Use use_{slate_};
-};
-
-TEST_F(SplitRoundTripTest, PartsOfASizeHoldTheLog) {
-    copy("dive",
-         new SplitFileLogWriter(path("run").c_str(), 100000, new DirectoryLogWriter(true), new LzmaEncoder(), 1));
-    ExpectAlike(WithoutDirectory(textOf("dive", {}, "-aL")), WithoutDirectory(textOfParts()));
-    EXPECT_LE(3, parts_);
-}
-
-// Entries of the directory have no time of the log, so they come with the headers here.
-TEST_F(SplitRoundTripTest, PartsOfASpanHoldTheLogAndTheDirectory) {
-    copy("dive",
-         new SplitFileLogWriter(path("run").c_str(), Timespan(50, 0), new DirectoryLogWriter(true), new LzmaEncoder(),
-                                1),
-         new NotRule(new TypeRule(LogEntry::DIRECTORY_LOG_ENTRY)));
-    const std::string text = textOf("dive", {}, "-aL");
-    ExpectAlike(WithoutDirectory(text), WithoutDirectory(textOfParts()));
-    EXPECT_EQ(3, parts_);
-    const std::string last = textOf("run0003");
-    EXPECT_LE(CountOf(text, "ELEMENT "), CountOf(last, "ELEMENT "));
-    EXPECT_EQ(CountOf(text, "ACCESSOR "), CountOf(last, "ACCESSOR "));
 }

@@ -67,18 +67,32 @@ TEST_F(RunTest, TheTimeWindowIncludesItsBounds) {
 TEST_F(RunTest, WordsThatMatchNothing) {
     DiveLog other;
     other.add(other.log_.version(8));
-    other.declare(other.log_.declare("Other.x"));
+    other.declare(other.log_.declareServing("depth", "Other.x", Units::METER));
     other.add(other.log_.cycle(20));
     write("dive", DiveLog::Of(10));
     write("other", other.bytes());
+    DiveLog bare;
+    bare.add(bare.log_.cycle(0));
+    write("bare", bare.bytes());
     const std::pair<std::vector<std::string>, const char*> cases[] = {
-        {{"-aclno", "out", "dive;other", "Nav.speed", "No.such", "Other.x", "Depth.depth", "(second)"},
+        {{"-aclno", "out", "dive;other", "Nav.speed", "No.such", "Other.x", "Depth.depth", "(second)", "Other.x",
+          "(foot)", "depth", "(radian)", "Other.x", "(count)", "latitude", "No.such"},
          "(ERROR): No variable \"No.such\" is in the logs\n"
-         "(ERROR): The unit \"second\" does not fit the variable \"Depth.depth\"\n"},
-        {{"-dpp", "Other", "Depth", "dive"}, "(ERROR): No variable of the component \"Other\" is in the logs\n"},
+         "(ERROR): The unit \"second\" does not fit the variable \"Depth.depth\"\n"
+         "(ERROR): The unit \"radian\" does not fit the variable \"depth\"\n"
+         "(ERROR): No variable \"latitude\" is in the logs\n"},  // a standard name that no element serves
+        {{"-a", "missing", "Nav.x"}, "(ERROR): No entry was read from missing: No such file or directory\n"},
+        {{"-a", "bare", "Nav.x"}, "(ERROR): No variable \"Nav.x\" is in the logs\n"},
+        {{"-dppppp", "Other", "Navigation", "Nav", "Na", "nav", "dive"},
+         "(ERROR): No variable of the component \"Other\" is in the logs\n"
+         "(ERROR): No variable of the component \"Na\" is in the logs\n"
+         "(ERROR): No variable of the component \"nav\" is in the logs\n"},
         {{"-cppo", "Other", "Depth", "out", "dive;other"}, ""},
         {{"-lr", "Survey", "dive"}, "(ERROR): No mission \"Survey\" is in the logs\n"},
         {{"-ls", "2012-06-01T12:30:10", "dive"}, "(ERROR): No entry lies within -s 2012-06-01T12:30:10.000Z\n"},
+        {{"-lser", "2012-06-01T12:30:10", "2012-06-01T12:30:20.5", "Nav", "dive"},
+         "(ERROR): No entry lies within -s 2012-06-01T12:30:10.000Z -e 2012-06-01T12:30:20.500Z -r Nav\n"},
+        {{"-lr", "Nav", "dive"}, "(ERROR): No entry lies within -r Nav\n"},
         {{"-lso", "2012-06-01T12:30:10", "out", "dive;other"}, ""},
         {{"-le", "2012-06-01T12:30:00.25", "dive"}, ""},
         {{"-ds", "2012-06-01T12:30:10", "dive"}, ""},  // reads no entry
@@ -110,13 +124,16 @@ TEST_F(RunTest, AMissionLimitsTheOutputToItself) {
     dive.add(dive.log_.nameEntry(dive.log_.declare("Survey.loop")));
     dive.cycles(0, 3);
     dive.add(dive.log_.running("Survey", 3.0, 1));
-    dive.cycles(3, 4);
+    dive.cycles(3, 2);
+    dive.add(dive.log_.running("Survey", 5.0, -1));  // preempted: still in it
+    dive.cycles(5, 2);
+    dive.add(dive.log_.running("Other", 6.9, 0));
     dive.add(dive.log_.running("Survey", 7.0, 0));
     dive.cycles(7, 5);
     write("dive", dive.bytes());
     runInSilence({"-alr", "Survey", "dive"});
     EXPECT_EQ(4u, CountOf(read("dive.log"), "\n"));
-    EXPECT_EQ(4u * 4 + 2, CountOf(read("dive.asc"), "\n")) << read("dive.asc");  // both markers are in it
+    EXPECT_EQ(4u * 4 + 4, CountOf(read("dive.asc"), "\n")) << read("dive.asc");  // all markers are in it
 }
 
 TEST_F(RunTest, GpsFixesCorrectTheTimesUnlessTheyAreLeftAlone) {
@@ -197,8 +214,10 @@ TEST_F(RunTest, InputsOfEveryKind) {
     files.write("parts0001", DiveLog::Of(3, 2));
     std::filesystem::create_directory(files.path("priority"));
     files.write("priority/Courier0000", DiveLog::Of(4));
+    for (const char* const part : {"gap0000", "gap0020", "gap0041"}) files.write(part, DiveLog::Of(1));
     const std::tuple<std::vector<std::string>, const char*, size_t> cases[] = {
         // with the messages in the output
+        {{"-l", "gap"}, "gap.log", 2},  // nineteen missing numbers are bridged, twenty are the end
         {{"-l"}, "Logs/latest/slate.log", 3},
         {{"-l", "Logs/latest"}, "Logs/latest/slate.log", 3},
         {{"-l", "parts"}, "parts.log", 5},

@@ -71,20 +71,6 @@ protected:
     TempDir files_;
 };
 
-TEST_F(SlateSynthTest, EveryEntryComesBackByteForByteInEveryVersion) {
-    for (int version = 3; version <= 8; ++version) {
-        SynthOptions options;
-        options.minutes_ = 2;
-        options.version_ = version;
-        const unsigned long long written = synthesise(options);
-        const LogContent content = decode("log");
-        EXPECT_EQ(written, content.entries_) << version;
-        EXPECT_TRUE(files_.read("log") == content.rewritten_) << version;
-        slate_.version() = LogVersion::NEWEST;
-        slate_.uninitialize();
-    }
-}
-
 TEST_F(SlateSynthTest, ADiveHoldsEveryKindOfEntry) {
     SynthOptions options;
     options.minutes_ = 70;  // the third dive is preempted

@@ -31,11 +31,13 @@ TEST(NumberTextTest, WritesWhatPrintfWrites) {
         double anyMagnitude;
         memcpy(&anyMagnitude, &bits, sizeof(bits));
         if (std::isnan(anyMagnitude)) continue;
-        // Binary fractions hit exact halves at many decimals; the last one straddles the limit of the quick way.
+        // Binary fractions hit exact halves at many decimals; the last two straddle the limits of the quick way, where
+        // a number is all fraction, or has none.
         const double values[] = {
             anyMagnitude, std::ldexp(static_cast<double>(bits % 1000003), -static_cast<int>(i % 60)),
-            -static_cast<double>(bits % 4000000000) / 1e4, std::ldexp(static_cast<double>(bits >> 11), -20 - i % 3)};
-        const unsigned int decimals = static_cast<unsigned int>(i % 12);
+            -static_cast<double>(bits % 4000000000) / 1e4, std::ldexp(static_cast<double>(bits >> 11), -50 - i % 30),
+            std::ldexp(static_cast<double>(bits >> 11), -(i % 3))};
+        const unsigned int decimals = static_cast<unsigned int>(i % 2 == 0 ? 3 + i / 2 % 2 * 3 : i % 12);
         for (const double value : values) ASSERT_EQ(Printed(value, decimals), Fixed(value, decimals)) << decimals;
     }
 }
@@ -76,4 +78,15 @@ TEST(TextBufferTest, OutgrowsItsOwnRoom) {
     EXPECT_EQ(expected, std::string(text.data(), text.length()));
     text.clear();
     EXPECT_EQ(Str("abc"), text.append("abc").toStr());
+    for (size_t length = 470; length <= 512; ++length) {  // with its number around the end of that room
+        TextBuffer full;
+        full.append(std::string(length, 'x').c_str()).appendFixed(1e30, 6);
+        EXPECT_EQ(std::string(length, 'x') + Fixed(1e30, 6), full.toStr().cStr());
+    }
+
+    char place[8];
+    TextBuffer lent(place, sizeof place);
+    lent.append("12345678");
+    EXPECT_EQ(place, lent.data());
+    EXPECT_EQ(Str("123456789"), lent.append('9').toStr());
 }

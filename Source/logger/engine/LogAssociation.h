@@ -16,10 +16,13 @@ public:
     bool matchAndProcess(LogEntry* entry);  // true when the writer got the entry
     void endCycle();                        // passed on only when the writer got an entry since the last one
     unsigned int writeFooter();             // bytes written
+    // As the writer's config and resetInputs; without a writer neither does anything.
     void configLogWriter(Logger& logger);
     void resetInputs();
 
+    // Borrowed; null where everything is admitted.
     Rule* getRule() const { return rule_.get(); }
+    // Borrowed, may be null.
     LogWriter* getWriter() const { return writer_; }
     void setWriter(LogWriter* writer);  // counts it and gives up the one before
 

@@ -9,7 +9,7 @@
 // own messages it queues each of them as a syslog entry.
 class LogEngine : public SyslogSink {
 public:
-    LogEngine() : queue_(ownQueue_) {}
+    LogEngine() : queue_(ownQueue_) {}                      // with a queue of its own
     explicit LogEngine(LogQueue& queue) : queue_(queue) {}  // borrowed, outlives the engine
     ~LogEngine() override { uninitialize(); }
     LogEngine(const LogEngine&) = delete;
@@ -20,6 +20,7 @@ public:
     // Offers the entry at once and keeps nothing of it. A cycle start first ends the cycle of every association.
     void processEntry(LogEntry* entry);
     void queueEntry(LogEntry* entry) { queue_.push(entry); }  // takes ownership
+    // Queued, and stamped with the time of the call: whoever logs, on whatever thread, waits for no writer.
     void logMessage(const Str& text, Syslog::Severity severity, const CodedStr& facility) override;
     // Delivers and deletes what is queued, oldest first, for about as long as the limit says; ZERO_TIMESPAN: until the
     // queue is empty, what is queued meanwhile included.

@@ -29,6 +29,7 @@ public:
     static const size_t SERVICE_TYPE_STRLEN[SERVICE_COUNT];
 
     LogWriter() = default;
+    // The stream is borrowed.
     explicit LogWriter(OutStream& out) : logStream_(&out) {}
     virtual ~LogWriter() {}
     LogWriter(const LogWriter&) = delete;
@@ -36,22 +37,30 @@ public:
 
     virtual unsigned int writeHeader() { return 0; }                  // bytes written
     virtual void setOutStream(OutStream& out) { logStream_ = &out; }  // borrowed, outlives the writer's use
+    // False without a stream and when the stream can take nothing more.
     virtual bool isValid() { return logStream_ != nullptr && logStream_->isWritable(); }
     // One entry; unit: what its value is to be shown in, or null. The result is the number of bytes written.
     virtual unsigned int write(const LogEntry* entry, const Unit* unit) = 0;
+    // After the entries of a control cycle, if any of them came to the writer.
     virtual void endCycle() {}
+    // What ends the output, with what was held back until then; bytes written. Only a new header follows.
     virtual unsigned int writeFooter() { return 0; }
+    // The vehicle's logger has been configured; it is borrowed for the call.
     virtual void config(Logger&) {}
     virtual void resetInputs() {}  // forget what one input was about
     // When memory is refused, a writer that holds much may have to end its output with what it has, and a message.
     virtual size_t heldBytes() { return 0; }  // that endEarly gives back, about
+    // Writes what there is; no entry is taken from then on.
     virtual void endEarly() {}
+    // No association offers an entry to a writer that is not active. New ones are.
     virtual void activate() { active_ = true; }
     virtual void deactivate() { active_ = false; }
     virtual bool isActive() { return active_; }
+    // Between the two, which the same thread calls, no entry is half written.
     virtual void lockWrites() { writeMutex_.lock(); }
     virtual void unlockWrites() { writeMutex_.unlock(); }
 
+    // Counts a holder. removeParent alone deletes nothing: holders that are done call Release.
     void addParent() { ++parentCount_; }
     void removeParent() { --parentCount_; }
     int getParentCount() const { return parentCount_; }

@@ -8,6 +8,8 @@ class LoggerAssociationDeque : public FlexArray<LogAssociation*> {
 public:
     LoggerAssociationDeque() : FlexArray<LogAssociation*>(true) {}
 
+    // Each gives the association back, which belongs to the list. The writer is counted, the rule taken over; it may be
+    // null.
     LogAssociation* add(LogWriter* writer, Rule* rule) { return add(new LogAssociation(writer, rule)); }
     LogAssociation* add(LogAssociation* association) {
         push(association);

@@ -65,6 +65,10 @@ unsigned short DataEntry::getUniversalCode() const {
     return dataAccess_ == nullptr ? ElementURI::NO_CODE : dataAccess_->getEffectiveUniversalCode();
 }
 
+unsigned short DataEntry::getBestCode() const {
+    return best_ ? getUniversalCode() : ElementURI::NO_CODE;
+}
+
 // The first access from `first` up to but not including `end` that is typed and matches; null when there is none.
 template <typename Matches>
 static const DataAccess* FindTyped(const Log& log, unsigned int first, unsigned int end, Matches matches) {
@@ -324,7 +328,7 @@ void DataEntry::appendValue(TextBuffer& text, const Unit* unit, bool hideUnit) c
     }
     const Unit& shown = displayUnit(unit);
     dataValue_->appendTo(text, shown);
-    if (isNumber() && !hideUnit) text.append(' ').append(shown.getAbbreviation());
+    if (isNumber() && !hideUnit) text.append(' ').append(shown.getAbbreviation(), shown.getAbbreviationLength());
 }
 
 Str DataEntry::getDataValueString(const Unit* unit, bool hideUnit) const {
@@ -333,23 +337,9 @@ Str DataEntry::getDataValueString(const Unit* unit, bool hideUnit) const {
     return text.toStr();
 }
 
-const char* DataEntry::arrow() const {
-    if (!isDataWrite()) return "<--";
-    return best_ ? "==>" : "-->";
-}
-
-Str DataEntry::toString(const Unit* unit) const {
-    TextBuffer text;
-    appendTo(text, unit);
-    return text.toStr();
-}
-
 void DataEntry::appendTo(TextBuffer& text, const Unit* unit) const {
     const bool inMillis = dataAccess_->getTimePrecision() == Logger::TIME_PRECISION_MILLIS;
     EntryText::AppendStamp(text, timestamp_, inMillis ? 3 : 6);
-    EntryText::AppendName(text, log_->getName(dataAccess_->getOwnerCode()));
-    text.append(arrow());
-    EntryText::AppendName(text, log_->getElementURI(dataAccess_->getElementCode()));
-    text.append('=');
+    dataAccess_->appendLabel(text, *log_, best_, UNKNOWN);
     appendValue(text, unit, false);
 }

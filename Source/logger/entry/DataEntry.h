@@ -29,28 +29,35 @@ public:
     ~DataEntry() override;
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
     void appendTo(TextBuffer& text, const Unit* unit) const override;
     // The value's text in the unit given, failing that in the access's, failing that in its own; "NULL" without a
     // value.
     virtual Str getDataValueString(const Unit* unit, bool hideUnit) const;
     void appendValue(TextBuffer& text, const Unit* unit, bool hideUnit) const;  // the same text
 
+    // How the datum was reached: the log's. Null in an entry that was made without one.
     DataAccess* getDataAccess() const { return dataAccess_; }
     DataValue* getDataValue() const { return dataValue_; }  // null when there is none
     // The value is a number, though it may be NaN: no text, no array.
     bool isNumber() const { return dataValue_ != nullptr && dataValue_->getBinaryType() != STRVALUE; }
+    // The value is the best of those that serve its universal.
     bool isBest() const { return best_; }
     void setBest(bool best) { best_ = best; }
+    // The log has the value with the entry; else the entry repeats the one before.
     bool isChanged() const { return changed_; }
+    // Else a component read the value. False without an access.
     bool isDataWrite() const;
+    // ElementURI::NO_CODE without an access.
     unsigned short getElementCode() const;
-    // The universal code under which a best value also counts; ElementURI::NUM_CODES or above: none.
+    // Of the universal that the element serves; ElementURI::NUM_CODES or above: none.
     unsigned short getUniversalCode() const;
+    // Of the universal as whose value it also counts, being the best; ElementURI::NUM_CODES or above: none.
+    unsigned short getBestCode() const;
     // The value as a number in the unit; NaN without a value or where it is no number of such a unit.
     double getNumber(const Unit& unit) const;
     // The unit in which the value is shown when `unit` is asked for (null: none is).
     const Unit& displayUnit(const Unit* unit) const;
+    // Borrowed; of the entry's own log.
     void setDataAccess(DataAccess* dataAccess) { dataAccess_ = dataAccess; }
     // Gives the entry a value of its own that holds the number: of the class it has, a double where it has none or its
     // class cannot hold the number.
@@ -66,7 +73,6 @@ public:
 
 private:
     void shareValueWith(DataElement& element);
-    const char* arrow() const;  // from or to the element, doubled for a best value
 
     DataAccess* dataAccess_;  // owned by the log
     DataValue* dataValue_;    // owned when ownsValue_, else the element's current value

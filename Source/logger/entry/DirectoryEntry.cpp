@@ -170,22 +170,20 @@ DirectoryEntry* DirectoryEntry::Read(Timestamp&, InStream& in, unsigned short he
     return entry;
 }
 
-static Str CodedText(const char* kind, unsigned short code, const Str& name) {
-    TextBuffer text;
-    return text.append(kind).appendHex(code).append(' ').append(name).toStr();
-}
-
-Str DirectoryEntry::toString(const Unit*) const {
-    const char* kind = DirectoryTypeToString(directoryType_);
+void DirectoryEntry::appendTo(TextBuffer& text, const Unit*) const {
+    text.append(DirectoryTypeToString(directoryType_));
     switch (directoryType_) {
         case ACCESSOR:
-            return kind + dataAccess_->asString(true);
+            text.append(dataAccess_->asString(true));
+            break;
         case ELEMENT:
-            return CodedText(kind, element_->getCode(), *element_);
+            text.appendHex(element_->getCode()).append(' ').append(*element_);
+            break;
         case NAME:
-            return CodedText(kind, name_->getCode(), *name_);
+            text.appendHex(name_->getCode()).append(' ').append(*name_);
+            break;
         case VERSION:
-            return kind + Str(version_, 10, 0);
+            text.appendInt(version_);
+            break;
     }
-    return kind;
 }

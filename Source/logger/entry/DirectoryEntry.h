@@ -14,23 +14,27 @@ public:
     enum DirectoryType : int { ACCESSOR = 'a', ELEMENT = 'e', NAME = 'n', VERSION = 'v' };
     static constexpr unsigned short HEADER = 21;  // the one header word of directory entries
 
-    // Version 0 stands for the one in force. The items belong to the log.
+    // An entry of each type. Version 0 stands for the one in force; the other items belong to the log and are not null.
     explicit DirectoryEntry(short version, Log& log = Log::Current());
     explicit DirectoryEntry(DataAccess* dataAccess, Log& log = Log::Current());
     explicit DirectoryEntry(const CodedStr* name, Log& log = Log::Current());
     explicit DirectoryEntry(ElementURI* element, Log& log = Log::Current());
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
+    void appendTo(TextBuffer& text, const Unit* unit) const override;
 
     DirectoryType getDirectoryType() const { return directoryType_; }
+    // Of a VERSION entry; it says nothing for another.
     short getVersion() const { return version_; }
     bool wasRead() const { return wasRead_; }  // came from a log
+    // The version in force for the current log, which a VERSION entry that is read changes.
     static unsigned short GetCurrentLogVersion() { return Log::Current().version().inForce(); }
+    // Logs of older versions cannot be read.
     static unsigned short GetMinimumLogVersion() { return LogVersion::OLDEST; }
+    // With a blank behind it, as the line of text has it; "(undefined)", without one, for no type.
     static const char* DirectoryTypeToString(DirectoryType type);
 
-    // Registers what it reads in the log, also where the header is wrong.
+    // As LogEntry::Read, past the header word. Registers what it reads in the log, also where the header is wrong.
     static DirectoryEntry* Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger,
                                 bool& error, Log& log = Log::Current());
 

@@ -22,10 +22,8 @@ static bool LosesSign(long long value, unsigned int bits) {
 
 // Such times are the rule a minute or two after a time base: after a fix, say, until the next cycle starts.
 size_t WriteCompact(OutStream& out, long long value) {
-    if (!LosesSign(value, 28) && !LosesSign(value, 56)) return out.writeLongLongCompact(value).bytesWritten();
-    const signed char wideForm = -1;
-    const size_t n = out.writeChar(wideForm).bytesWritten();
-    return n + out.writeLongLong(value).bytesWritten();
+    const bool losesSign = LosesSign(value, 28) || LosesSign(value, 56);
+    return (losesSign ? out.writeLongLongWide(value) : out.writeLongLongCompact(value)).bytesWritten();
 }
 
 bool Fail(const Logger& logger, const char* text) {

@@ -1,15 +1,15 @@
 #include "logger/entry/EntryText.h"
 
-#include <array>
-#include <cstdio>
 #include <cstring>
 
 #include "logger/entry/LogEntry.h"
+#include "utils/Digits.h"
 
 namespace EntryText {
 
 static const long MICROS = 1000000;
 static const long MICROS_PER_MILLI = 1000;
+static const unsigned long MILLIS = 1000;  // of a second
 static const long long EXACT_SECONDS = 1LL << 32;
 static const int DATE_DECIMALS = 3;
 static const unsigned int MICRO_DECIMALS = 6;
@@ -24,28 +24,11 @@ static bool HasDigitsOfIntegers(const timeval& t, unsigned int decimals) {
            (decimals == MICRO_DECIMALS || (t.tv_usec % MICROS_PER_MILLI != half && t.tv_usec < MICROS - half));
 }
 
-// "000" to "999", one after the other.
-static constexpr std::array<char, 3000> TRIPLES = [] {
-    std::array<char, 3000> triples{};
-    for (size_t i = 0; i < triples.size(); ++i) {
-        const size_t number = i / 3;
-        const size_t digits[] = {number / 100, number / 10 % 10, number % 10};
-        triples[i] = static_cast<char>('0' + digits[i % 3]);
-    }
-    return triples;
-}();
-
-static void PutTriple(char* at, long number) {
-    memcpy(at, &TRIPLES[3 * static_cast<size_t>(number)], 3);
-}
-
-static void PutFraction(char* at, long micros, unsigned int decimals) {
-    if (decimals != MICRO_DECIMALS) {
-        PutTriple(at, (micros + MICROS_PER_MILLI / 2) / MICROS_PER_MILLI);
-        return;
-    }
-    PutTriple(at, micros / MICROS_PER_MILLI);
-    PutTriple(at + 3, micros % MICROS_PER_MILLI);
+// The fraction as digits; the place behind them.
+static char* PutFraction(char* at, long micros, unsigned int decimals) {
+    const unsigned long fraction = static_cast<unsigned long>(micros);
+    if (decimals == MICRO_DECIMALS) return Digits::PutSix(at, fraction);
+    return Digits::PutThree(at, (fraction + MICROS_PER_MILLI / 2) / MICROS_PER_MILLI);
 }
 
 void AppendSeconds(TextBuffer& text, const Timestamp& t, unsigned int decimals) {
@@ -54,9 +37,8 @@ void AppendSeconds(TextBuffer& text, const Timestamp& t, unsigned int decimals) 
         text.appendFixed(t.asDouble(), decimals);
         return;
     }
-    char fraction[MICRO_DECIMALS];
-    PutFraction(fraction, instant.tv_usec, decimals);
-    text.appendInt(instant.tv_sec).append('.').append(fraction, decimals);
+    text.appendInt(instant.tv_sec).append('.');
+    text.addUpTo(PutFraction(text.roomFor(MICRO_DECIMALS + 1), instant.tv_usec, decimals));
 }
 
 // The stamp of one second, in which only the two fractions change: "2012-06-01T12:30:00.410Z,1338553800.410000".
@@ -69,19 +51,32 @@ struct SecondStamp {
 
 static void MakeStamp(SecondStamp& stamp, const Timestamp& t) {
     stamp.second_ = t.getTimeval().tv_sec;
-    t.toString(stamp.text_, Timestamp::TEXT_ROOM, DATE_DECIMALS);
-    const size_t dateLength = strlen(stamp.text_);
-    stamp.dateFraction_ = dateLength - DATE_DECIMALS - 1;
-    char* const seconds = stamp.text_ + dateLength;
-    stamp.fraction_ = dateLength + static_cast<size_t>(sprintf(seconds, ",%ld.", static_cast<long>(stamp.second_)));
+    TextBuffer text(stamp.text_, sizeof stamp.text_);
+    char date[Timestamp::TEXT_ROOM];
+    text.append(t.toString(date, sizeof date, DATE_DECIMALS));
+    stamp.dateFraction_ = text.length() - DATE_DECIMALS - 1;
+    text.append(',').appendInt(stamp.second_).append('.');
+    stamp.fraction_ = text.length();
+}
+
+// The date shows the milliseconds of the fraction in single precision, which differ from those of the integer only
+// where that lies halfway between two.
+static unsigned long DateMillis(const Timestamp& t) {
+    const unsigned long micros = static_cast<unsigned long>(t.getTimeval().tv_usec);
+    if (micros % MICROS_PER_MILLI == MICROS_PER_MILLI / 2)
+        return static_cast<unsigned long>(t.printedFraction(DATE_DECIMALS));
+    return (micros + MICROS_PER_MILLI / 2) / MICROS_PER_MILLI % MILLIS;
 }
 
 static void AppendStampOfSecond(TextBuffer& text, const Timestamp& t, unsigned int decimals) {
     static thread_local SecondStamp stamp;
     if (t.getTimeval().tv_sec != stamp.second_) MakeStamp(stamp, t);
-    PutTriple(stamp.text_ + stamp.dateFraction_, t.printedFraction(DATE_DECIMALS));
-    PutFraction(stamp.text_ + stamp.fraction_, t.getTimeval().tv_usec, decimals);
-    text.append(stamp.text_, stamp.fraction_ + decimals);
+    char* const at = text.roomFor(sizeof stamp.text_);
+    memcpy(at, stamp.text_, sizeof stamp.text_);
+    *Digits::PutThree(at + stamp.dateFraction_, DateMillis(t)) = 'Z';
+    char* const end = PutFraction(at + stamp.fraction_, t.getTimeval().tv_usec, decimals);
+    *end = ' ';
+    text.addUpTo(end + 1);
 }
 
 void AppendStamp(TextBuffer& text, const Timestamp& t, unsigned int decimals) {
@@ -91,8 +86,8 @@ void AppendStamp(TextBuffer& text, const Timestamp& t, unsigned int decimals) {
         char time[Timestamp::TEXT_ROOM];
         text.append(t.toString(time, sizeof time, DATE_DECIMALS)).append(',');
         AppendSeconds(text, t, decimals);
+        text.append(' ');
     }
-    text.append(' ');
 }
 
 void AppendName(TextBuffer& text, const Str* name) {

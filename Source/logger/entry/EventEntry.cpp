@@ -120,7 +120,7 @@ unsigned int EventEntry::writeCycleStart(Timestamp& timeBase, OutStream& out) co
     char bytes[sizeof packed];
     memcpy(bytes, &packed, sizeof packed);
     const size_t n = out.writeUShortCompact(START_CYCLE).bytesWritten();
-    return static_cast<unsigned int>(n + out.write(bytes, CYCLE_TIME_SIZE).bytesWritten());
+    return static_cast<unsigned int>(n + out.put(bytes, CYCLE_TIME_SIZE).bytesWritten());
 }
 
 EventEntry* EventEntry::ReadCycleStart(Timestamp& timeBase, const Timespan& timeAdjust, InStream& in,
@@ -237,56 +237,77 @@ const char* EventEntry::EventTypeToString(EventType type) {
     return UNDEFINED;
 }
 
-Str EventEntry::StateChangeToString(DataStateChange state) {
-    if (state == NO_DATA_STATE_CHANGE) return "NONE";
-    TextBuffer text;
+static void AppendState(TextBuffer& text, EventEntry::DataStateChange state) {
+    const char* separator = "";
     for (const StateName& known : STATE_NAMES) {
         if ((state & known.bit_) == 0) continue;
-        if (text.length() > 0) text.append('|');
-        text.append(known.name_);
+        text.append(separator).append(known.name_);
+        separator = "|";
     }
+    if (state == EventEntry::NO_DATA_STATE_CHANGE) text.append("NONE");
+}
+
+Str EventEntry::StateChangeToString(DataStateChange state) {
+    TextBuffer text;
+    AppendState(text, state);
     return text.toStr();
 }
 
 Str EventEntry::makeDataValueString() const {
     TextBuffer text;
+    appendDataValue(text);
+    return text.toStr();
+}
+
+void EventEntry::appendDataValue(TextBuffer& text) const {
     EntryText::AppendName(text, log_->getElementURI(elementCode_));
     text.append('=');
     if (eventType_ == SET_DATA_ACCURACY) {
         text.appendFixed(accuracy_, 6);
     } else {
-        text.append(StateChangeToString(state_));
+        AppendState(text, state_);
     }
-    return text.toStr();
-}
-
-static Str RunningText(int running) {
-    if (running == EventEntry::PREEMPTED) return "Preempted";
-    return running == 0 ? Str("Stopped") : Str("Running Loop=") + Str(running, 10, 0);
 }
 
 Str EventEntry::makeComponentActionString() const {
-    switch (action_) {
-        case COMPONENT_MISSION_RUN:
-            return RunningText(running_);
-        case COMPONENT_FAIL:
-            return FailureMode::ToString(failType_) + (Str(", FailCount= ") + Str(failCount_, 10, 0));
-        case COMPONENT_LOAD:
-            return loaded_ ? "Loaded" : "Unloaded";
-    }
-    return "Unknown Component Action";
+    TextBuffer text;
+    appendComponentAction(text);
+    return text.toStr();
 }
 
-Str EventEntry::toString(const Unit*) const {
-    TextBuffer text;
-    EntryText::AppendStamp(text, timestamp_, eventType_ == START_CYCLE ? 6 : 3);
-    if (eventType_ != START_CYCLE) {
+static void AppendRunning(TextBuffer& text, int running) {
+    if (running == EventEntry::PREEMPTED) {
+        text.append("Preempted");
+    } else if (running == 0) {
+        text.append("Stopped");
+    } else {
+        text.append("Running Loop=").appendInt(running);
+    }
+}
+
+void EventEntry::appendComponentAction(TextBuffer& text) const {
+    switch (action_) {
+        case COMPONENT_MISSION_RUN:
+            return AppendRunning(text, running_);
+        case COMPONENT_FAIL:
+            text.append(FailureMode::ToString(failType_)).append(", FailCount= ").appendInt(failCount_);
+            return;
+        case COMPONENT_LOAD:
+            text.append(loaded_ ? "Loaded" : "Unloaded");
+            return;
+    }
+    text.append("Unknown Component Action");
+}
+
+void EventEntry::appendTo(TextBuffer& text, const Unit*) const {
+    const bool isCycleStart = eventType_ == START_CYCLE;
+    EntryText::AppendStamp(text, timestamp_, isCycleStart ? 6 : 3);
+    if (!isCycleStart) {
         EntryText::AppendName(text, log_->getName(actorCode_));
         text.append(' ');
     }
     text.append(EventTypeToString(eventType_));
-    if (eventType_ != START_CYCLE) {
-        text.append(' ').append(eventType_ == COMPONENT_ACTION ? makeComponentActionString() : makeDataValueString());
-    }
-    return text.toStr();
+    if (!isCycleStart) text.append(' ');
+    if (eventType_ == COMPONENT_ACTION) appendComponentAction(text);
+    if (eventType_ == SET_DATA_ACCURACY || eventType_ == SET_DATA_STATE) appendDataValue(text);
 }

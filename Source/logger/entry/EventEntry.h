@@ -30,9 +30,12 @@ public:
     static constexpr int PREEMPTED = -1;  // as a running value; 0 is stopped, else the loop number
 
     explicit EventEntry(const Timestamp& t);  // START_CYCLE
+    // Components act: COMPONENT_FAIL, the count being of failures so far; COMPONENT_MISSION_RUN, with a loop number, 0
+    // or PREEMPTED; COMPONENT_LOAD. Actors and elements are the log's codes of their names.
     EventEntry(const Timestamp& t, unsigned short actor, FailureMode::FailType failType, int count);
     EventEntry(const Timestamp& t, unsigned short actor, int running);
     EventEntry(const Timestamp& t, unsigned short actor, bool loaded);
+    // SET_DATA_STATE, with bits of DataStateChange, and SET_DATA_ACCURACY, in the element's base unit.
     EventEntry(const Timestamp& t, unsigned short actor, unsigned short element, DataStateChange state);
     EventEntry(const Timestamp& t, unsigned short actor, unsigned short element, EventType type, double accuracy);
     // The same for live components; stamped now.
@@ -43,10 +46,13 @@ public:
     EventEntry(const Component* actor, const DataElement* element, EventType type, double accuracy);
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
+    void appendTo(TextBuffer& text, const Unit* unit) const override;
+    // What stands behind the event type in the line of text: "Running Loop=3"; "Depth.depth=VALID", "Unknown" for an
+    // element that the log does not name.
     virtual Str makeComponentActionString() const;
     Str makeDataValueString() const;
 
+    // Codes are those of names; a cycle start has actor 0.
     EventType getEventType() const { return eventType_; }
     unsigned short getActorCode() const { return actorCode_; }
     // Each of these belongs to its own kind of event and says nothing for another.
@@ -57,10 +63,13 @@ public:
     bool isLoaded() const { return loaded_; }
     FailureMode::FailType getFailType() const { return failType_; }
     int getFailCount() const { return failCount_; }
-    double getAccuracy() const { return accuracy_; }
+    double getAccuracy() const { return accuracy_; }  // in the base unit, to the digits of a float
 
+    // The enumerator's name, "(undefined)" for any other number.
     static const char* EventTypeToString(EventType type);
+    // The names of all bits that are set, such as "AVAILABLE|VALID"; "NONE" without any.
     static Str StateChangeToString(DataStateChange state);
+    // As LogEntry::Read, past the header word. A cycle start that cannot be when it says sets error.
     static EventEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,
                             const Logger& logger, bool& error, Log& log = Log::Current());
 
@@ -75,6 +84,8 @@ private:
     unsigned int writeCycleStart(Timestamp& timeBase, OutStream& out) const;
     size_t writeBody(OutStream& out) const;
     bool readBody(InStream& in, const Logger& logger);
+    void appendDataValue(TextBuffer& text) const;
+    void appendComponentAction(TextBuffer& text) const;
     size_t writeAction(OutStream& out) const;
     bool readAction(InStream& in, const Logger& logger);
 

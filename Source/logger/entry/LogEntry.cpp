@@ -20,8 +20,10 @@ const char* LogEntry::TypeToString(Type type) {
     return type >= EVENT_LOG_ENTRY && type <= SYSLOG_LOG_ENTRY ? TYPE_NAMES[type] : "(undefined)";
 }
 
-void LogEntry::appendTo(TextBuffer& text, const Unit* unit) const {
-    text.append(toString(unit));
+Str LogEntry::toString(const Unit* unit) const {
+    TextBuffer text;
+    appendTo(text, unit);
+    return text.toStr();
 }
 
 LogEntry* LogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, const Logger& logger, bool& error,

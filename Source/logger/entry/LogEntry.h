@@ -35,20 +35,24 @@ public:
     // 0 for an entry that the log cannot hold.
     virtual unsigned int write(Timestamp& timeBase, OutStream& out) const = 0;
     // The entry's line of text, a value in the unit given (null: its own); empty for an entry that is not shown.
-    virtual Str toString(const Unit* unit) const = 0;
+    virtual Str toString(const Unit* unit) const;
     // The same text at the end of the caller's.
-    virtual void appendTo(TextBuffer& text, const Unit* unit) const;
+    virtual void appendTo(TextBuffer& text, const Unit* unit) const = 0;
 
     Type getType() const { return type_; }
+    // NOT_SET_TIME in a directory entry, which has no time.
     const Timestamp& getTimestamp() const { return timestamp_; }
     Log& getLog() const { return *log_; }  // whose codes the entry's codes are
     void setTimestamp(const Timestamp& t) { timestamp_ = t; }
+    // Seconds since the epoch.
     void setTimestamp(double seconds) { timestamp_ = Timestamp(seconds); }
 
     // The next entry of the stream, owned by the caller; null at the end of data or for bytes that hold no entry (then
-    // error may be set). A cycle start sets timeBase; a GPS fix moves timeBase and adds to timeAdjust.
+    // error may be set), with a message where there is something to say. A cycle start sets timeBase; a GPS fix moves
+    // timeBase and adds to timeAdjust.
     static LogEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, const Logger& logger, bool& error,
                           Values values = STORE_VALUES, Log& log = Log::Current());
+    // The kind in one word, such as "SYSLOG"; "(undefined)" for none of the four.
     static const char* TypeToString(Type type);
 
     // Reads the entry time, by the log's version, and adds it to t; flag is the bit stored with it. False at the end of

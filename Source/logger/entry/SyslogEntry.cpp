@@ -80,12 +80,11 @@ SyslogEntry* SyslogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStre
     return entry;
 }
 
-Str SyslogEntry::toString(const Unit*) const {
-    if (severity_ == Syslog::NONE) return Str();
-    TextBuffer text;
+void SyslogEntry::appendTo(TextBuffer& text, const Unit*) const {
+    if (severity_ == Syslog::NONE) return;
     EntryText::AppendStamp(text, timestamp_, 3);
     text.append('[').append(loggerFacility_).append("](").append(Syslog::SeverityToString(severity_)).append("): ");
-    return text.append(message_).toStr();
+    text.append(message_);
 }
 
 Str SyslogEntry::toKmlString(const Unit*) const {

@@ -20,13 +20,18 @@ public:
     SyslogEntry(const SyslogEntry& other) = default;
 
     unsigned int write(Timestamp& timeBase, OutStream& out) const override;
-    Str toString(const Unit* unit) const override;
+    void appendTo(TextBuffer& text, const Unit* unit) const override;
+    // A shorter line for the note of a place on a map; empty at severity NONE, as toString.
     virtual Str toKmlString(const Unit* unit) const;
 
     const Str& getMessage() const { return message_; }
+    // Also a number that is no severity, as a log may have it.
     Syslog::Severity getSeverity() const { return severity_; }
+    // Who issued the message; borrowed.
     const CodedStr& getLoggerFacility() const { return loggerFacility_; }
 
+    // As LogEntry::Read, past the header word. Without a text there is no entry; a facility that the log does not name
+    // sets error. The message of a GPS fix bears the time of the fix.
     static SyslogEntry* Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, unsigned short header,
                              const Logger& logger, bool& error, Log& log = Log::Current());
 

@@ -29,6 +29,7 @@ public:
 
     // The sum of the corrections by GPS fixes; INVALID_TIMESPAN: fixes are ignored.
     const Timespan& getTimeAdjust() const { return timeAdjust_; }
+    // Goes on from what another reader of the same run has come to.
     void setTimeAdjust(const Timespan& timeAdjust) { timeAdjust_ = timeAdjust; }
     // Of the first and last entry that had a time and was passed on; NOT_SET_TIME before there was one.
     const Timestamp& getFirstTime() const { return firstTime_; }

@@ -17,8 +17,11 @@ public:
     // All are borrowed; null: nothing is reported, and nothing is known of the entries.
     DamageWatch(MessageGate* gate, EntryNotes* notes, const Log& log) : gate_(gate), notes_(notes), log_(log) {}
 
+    // The name is for the messages; what was noted of the file before is forgotten.
     void beginFile(const Str& file);
+    // Before each try to decode an entry, of which one of the next two tells the outcome.
     void beginAttempt() { complaintsBefore_ = complaints(); }
+    // An entry lay from begin up to end: a damaged stretch, if there was one, ends here.
     void entryRead(long long begin, long long end) {
         if (failures_ > 0) endStretch(begin);
         if (isDamaged()) ++entriesAfter_;
@@ -26,6 +29,7 @@ public:
     }
     // No entry came of the bytes up to `end`. Bytes that hold none by design are no damage: nobody complains of them.
     void nothingRead(bool failed, long long end);
+    // The file ends, in the midst of a stretch perhaps; if it was damaged, this sums up.
     void endFile(long long end);
 
 private:

@@ -18,6 +18,7 @@ public:
     LogFiles(const Str& log, const FlexArray<const char*>* priorities)  // borrowed; null: none
         : log_(log), priorities_(priorities) {}
 
+    // The name of a numbered part: "slate0003".
     Str part(unsigned int number) const;
     // Offers the names of one part, in the order in which they are tried, until one is taken; false: none was.
     bool offerPart(const Str& part, const Take& take) const;

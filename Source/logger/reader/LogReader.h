@@ -9,13 +9,14 @@ class MessageGate;
 // Delivers the entries of a log, which it borrows, one call after the other.
 class LogReader {
 public:
-    explicit LogReader(Log& log = Log::Current()) : log_(log) {}
+    explicit LogReader(Log& log = Log::Current()) : log_(log) {}  // borrowed
     virtual ~LogReader() {}
     LogReader(const LogReader&) = delete;
     LogReader& operator=(const LogReader&) = delete;
 
     Log& getLog() const { return log_; }
     virtual void setInStream(InStream& in) { logStream_ = &in; }  // borrowed, outlives the reader's use
+    // It has a stream with a source, be that at its end.
     virtual bool isValid() { return logStream_ != nullptr && logStream_->isReadable(); }
     virtual bool hasError() { return error_; }  // the bytes just read are no entry
     virtual void setError(bool error) { error_ = error; }

@@ -18,7 +18,9 @@ public:
     const Logger& getOutside() const { return logger_; }  // what is logged here goes past the gate
     void open();                                          // what waits passes first
     void close() { isOpen_ = false; }                     // messages wait until the gate opens again
+    // What waits is never shown.
     void dropWaiting() { waiting_.clear(); }
+    // Messages are counted from here on anew; complaints are not.
     void beginFile() { errors_ = worse_ = tooMany_ = 0; }
     unsigned int getTooMany() const { return tooMany_; }         // messages of this file that were not let pass
     unsigned long getComplaints() const { return complaints_; }  // messages at ERROR or above, dropped ones included

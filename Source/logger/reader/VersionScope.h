@@ -10,6 +10,7 @@ public:
     VersionScope(const VersionScope&) = delete;
     VersionScope& operator=(const VersionScope&) = delete;
 
+    // In force once the scope ends: that version, or the one that is in force at the call.
     void leave(LogVersion version) { after_ = version; }
     void leaveAsIs() { leave(log_.version()); }
 

@@ -9,7 +9,7 @@
 // Admits what its child does not.
 class NotRule final : public Rule {
 public:
-    explicit NotRule(Rule* rule) : rule_(rule) {}  // takes the child over
+    explicit NotRule(Rule* rule) : rule_(rule) {}  // takes the child over; not null
     bool check(const LogEntry* entry) override { return !rule_->check(entry); }
     Str toString() const override { return Str("NOT(") + rule_->toString() + ")"; }
 
@@ -17,7 +17,7 @@ private:
     const std::unique_ptr<Rule> rule_;
 };
 
-// Several rules joined by one word.
+// Several rules joined by one word. They are asked in order, and no longer than the answer is open.
 class CompositeRule : public Rule {
 public:
     Str toString() const override;  // (first) AND (second)

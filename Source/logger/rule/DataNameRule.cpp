@@ -5,7 +5,7 @@
 bool DataNameRule::check(const LogEntry* entry) {
     if (!resolve() || !DataWriteRule::check(entry)) return false;
     const DataEntry& data = *static_cast<const DataEntry*>(entry);
-    return data.getElementCode() == code_ || (data.isBest() && data.getUniversalCode() == code_);
+    return data.getElementCode() == code_ || data.getBestCode() == code_;
 }
 
 Str DataNameRule::toString() const {

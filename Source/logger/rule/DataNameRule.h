@@ -6,7 +6,8 @@
 // Admits the writes, or the reads, of one element. A best value is admitted under its universal name too.
 class DataNameRule final : public DataWriteRule {
 public:
-    DataNameRule(const Str& name, bool dataWrite, const Log& log = Log::Current())  // which is borrowed
+    // dataWrite: admits writes, else reads. A name that the log does not know yet admits nothing until it does.
+    DataNameRule(const Str& name, bool dataWrite, const Log& log = Log::Current())  // the log is borrowed
         : DataWriteRule(dataWrite), dataName_(name), log_(log) {}
     bool check(const LogEntry* entry) override;
     Str toString() const override;

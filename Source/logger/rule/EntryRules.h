@@ -29,7 +29,7 @@ private:
 // Admits the data that components wrote, or the data that they read.
 class DataWriteRule : public Rule {
 public:
-    explicit DataWriteRule(bool dataWrite) : dataWrite_(dataWrite) {}
+    explicit DataWriteRule(bool dataWrite) : dataWrite_(dataWrite) {}  // false: reads
     bool check(const LogEntry* entry) override;
     Str toString() const override;
 

@@ -10,7 +10,7 @@
 class CommandLine {
 public:
     enum Result : int { RUN = 0, USAGE_SHOWN = -1, OUTPUT_NAME_MISSING = -2 };  // the last two are exit statuses
-    static const char* const DEFAULT_SLATE_FILE;
+    static const char* const DEFAULT_SLATE_FILE;  // the input when the arguments name none
 
     // The arguments are borrowed for the run; the ')' of a unit is overwritten in them.
     CommandLine(int argc, char** argv);

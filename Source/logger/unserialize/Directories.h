@@ -21,6 +21,7 @@ public:
     // What a log says of its version, perhaps in the midst of it, does not hold when it is read again from its start:
     // the version in force is as before the scan. What a side file says holds.
     void forgetScannedVersion() { scannedVersion_.reset(); }
+    // Leaves it in force instead: the next log begins with it.
     void keepScannedVersion();
 
 private:

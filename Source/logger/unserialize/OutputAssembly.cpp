@@ -26,7 +26,7 @@
 #include "logger/writer/table/TextTableLogWriter.h"
 #include "logger/writer/text/TextLogWriter.h"
 
-// In the order of creation; of outputs that share a file the last one stays.
+// Of outputs that share a file the last one stays.
 const OutputAssembly::Output OutputAssembly::OUTPUTS[] = {
     {BINARY_OUTPUT, ".bin", &OutputAssembly::addBinary},
     {CSV_OUTPUT, ".csv", &OutputAssembly::addCsv},

@@ -19,9 +19,8 @@ class LogEngine;
 class LogWriter;
 class Rule;
 
-// Builds the writers and rules of a run on its engine: one operation per kind of output, called in the order of the
-// kinds. The engine's associations own what is built; it is all gone once the engine is uninitialized, but for how the
-// writing of the files went.
+// Builds the writers and rules of a run on its engine, by one operation per kind of output. The engine's associations
+// own what is built; it is all gone once the engine is uninitialized, but for how the writing of the files went.
 class OutputAssembly {
 public:
     // An output that can be renamed when it is finished.
@@ -47,7 +46,7 @@ public:
     void writeDirectory();
     // Puts the `.dir` in its place; after the engine has been uninitialized.
     void placeDirectory();
-    // In the order of their creation; of those that share a name, the one that stands there.
+    // As they were created; of those that share a name, the one that stands there.
     const FlexArray<File*>& files() const { return files_; }
 
 private:
@@ -56,7 +55,7 @@ private:
         const char* extension_;
         void (OutputAssembly::*add_)(const Str& filename);
     };
-    static const Output OUTPUTS[];
+    static const Output OUTPUTS[];  // in the order of creation
 
     void addOutput(const Output& output);
     bool isNameShared() const;

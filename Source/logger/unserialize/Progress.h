@@ -7,6 +7,7 @@
 // standard error that is written over and over; nothing when standard error is no terminal.
 class Progress {
 public:
+    // Bytes of all that will be read; of 0 nothing can be told, and nothing is shown.
     Progress(bool wanted, long long totalBytes);
     ~Progress() { clear(); }
     Progress(const Progress&) = delete;

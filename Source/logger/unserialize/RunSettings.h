@@ -8,7 +8,7 @@
 #include "utils/Str.h"
 #include "utils/Timestamp.h"
 
-// The outputs a run can make, in the order in which they are created.
+// The outputs a run can make. In which order they are created is for the OutputAssembly to say.
 enum OutputKind : unsigned int {
     BINARY_OUTPUT,
     CSV_OUTPUT,
@@ -70,11 +70,14 @@ struct RunSettings {
     OutputVariables variables_;
     FlexArray<Str*> complaints_{true};  // about words that mean nothing, each once; owned
 
+    // Keeps a sentence for the user until messages can be shown; one that is kept already is dropped.
     void complain(const Str& text);
+    // No entry can lie between the bounds.
     bool isWindowReversed() const {
         return startTime_ != Timestamp::NOT_SET_TIME && endTime_ != Timestamp::NOT_SET_TIME && endTime_ < startTime_;
     }
     bool writes(OutputKind kind) const { return outputs_.test(kind); }
+    // No entry is read.
     bool isDirectoryOnly() const { return outputs_ == OutputKinds(1u << DIRECTORY_OUTPUT); }
     // Some output has a place for each variable and must know them all before the first entry.
     bool hasTableOutput() const {

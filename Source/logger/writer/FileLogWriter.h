@@ -32,11 +32,12 @@ public:
 
     // Closes first; without append a file of that name is replaced. Always true: valid tells whether a file is open.
     bool open(const char* path, bool append);
+    // With the format's footer, if a file is open; hands the finished file to the encoder.
     void close();
     void resetFilename(const Str& filename);                         // closes, then opens the other file
     void setFilename(const Str& filename) { filename_ = filename; }  // the open file goes by another name now
     void setFlushFreq(FlushFreq flushFreq) { flushFreq_ = flushFreq; }
-    bool isWritable() { return fileStream_.isWritable(); }
+    bool isWritable() { return fileStream_.isWritable(); }              // as valid
     unsigned int getBytesInFile() const { return bytesInFile_; }        // without header and footer; at most 4294967295
     unsigned int getEntriesWritten() const { return entriesWritten_; }  // since the file was opened
     FileEncoder* getFileEncoder() { return fileEncoder_.get(); }        // borrowed; null when there is none

@@ -45,14 +45,12 @@ unsigned int FilterLogWriter::writeEvent(const EventEntry& event) {
     return bytes;
 }
 
-// A best value also counts as its universal: one entry can feed two variables, and an attribute besides.
+// One entry can feed two variables, and an attribute besides.
 unsigned int FilterLogWriter::writeSelected(const DataEntry& entry, const Unit* unit) {
     const unsigned short code = entry.getElementCode();
-    const unsigned short universalCode = entry.getUniversalCode();
+    const unsigned short bestCode = entry.getBestCode();
     unsigned int bytes = writeVariable(entry, variables_.indexOf(code), unit);
-    if (entry.isBest() && universalCode != code) {
-        bytes += writeVariable(entry, variables_.indexOf(universalCode), unit);
-    }
+    if (bestCode != code) bytes += writeVariable(entry, variables_.indexOf(bestCode), unit);
     const int attribute = attributes_.indexOf(code);
     return attribute < 0 ? bytes : bytes + writeAtt(&entry, attribute, unit);
 }
@@ -98,9 +96,4 @@ unsigned int FilterLogWriter::writeAtt(const DataEntry* entry, int attIndex, con
 bool FilterLogWriter::initializeFilterLogWriter() {
     const bool variablesKnown = variables_.resolve();
     return attributes_.resolve() && variablesKnown;
-}
-
-int FilterLogWriter::ownerOf(int request) const {
-    if (isAttribute(request) && variables_.indexOfName(nameOf(request)) >= 0) return -1;
-    return request - positionOf(request) + selectionOf(request).firstIndexOfName(positionOf(request));
 }

@@ -8,8 +8,8 @@ class DataEntry;
 class EventEntry;
 
 // Lets through to another writer only the data entries of a chosen list of variables and of a second list of
-// attribute variables, and, if asked, cycle starts from the second on. Array writers derive from it and override the
-// three operations that receive what was selected.
+// attribute variables, and, if asked, cycle starts from the second on. A writer of its own overrides the three
+// operations that receive what was selected.
 class FilterLogWriter : public LogWriter {
 public:
     // outputTo may be null (nothing is forwarded); it is shared. The lists are borrowed and outlive the writer.
@@ -36,16 +36,6 @@ public:
 protected:
     // Looks open names up, when the directory has changed since the last try; true when no name is open any more.
     bool initializeFilterLogWriter();
-
-    // Variables and, behind them, attribute variables, as one list of requests.
-    int requestCount() const { return variables_.count() + attributes_.count(); }
-    bool isAttribute(int request) const { return request >= variables_.count(); }
-    const VariableSelection& selectionOf(int request) const { return isAttribute(request) ? attributes_ : variables_; }
-    int positionOf(int request) const { return isAttribute(request) ? request - variables_.count() : request; }
-    const char* nameOf(int request) const { return selectionOf(request).name(positionOf(request)); }
-    // The request whose place in the output it shares: the first of its name. -1: none, for an attribute that is a
-    // variable too and is written as that.
-    int ownerOf(int request) const;
 
     LogWriter* const outputTo_;  // shared; may be null
     VariableSelection variables_;

@@ -8,6 +8,7 @@ class SlateWatch {
 public:
     explicit SlateWatch(const Log& log = Log::Current()) : log_(log) {}  // borrowed
 
+    // Also before the first look.
     bool hasChanged() const {
         return !hasLooked_ || seenElementCount_ != log_.getElementURICount() ||
                seenAccessCount_ != log_.getDataAccessCount() || seenDirectoryRead_ != log_.isDirectoryRead();

@@ -19,18 +19,19 @@ public:
     // Looks up what is not resolved yet, when the directory has changed since the last try. True when every name is
     // resolved or, the directory having been read, can no longer be.
     bool resolve() { return resolved_ || (isStale() && lookUpAll()); }
-    bool isResolved() const { return resolved_; }
+    bool isResolved() const { return resolved_; }  // as the last resolve answered
     // The directory has grown, or was read to its end, since the last resolve.
     bool isStale() const { return watch_.hasChanged(); }
 
     int count() const { return count_; }
-    const char* name(int index) const { return names_[index]; }
-    unsigned short code(int index) const { return variables_[index].code_; }  // ElementURI::NO_CODE until found
-    bool isFound(int index) const { return code(index) < ElementURI::NUM_CODES; }
-    bool isUniversal(int index) const { return variables_[index].isUniversal_; }
-    const Unit* unit(int index) const { return variables_[index].unit_; }  // the unit asked for; null when none
+    const char* name(int index) const { return names_[index]; }                    // as asked for
+    unsigned short code(int index) const { return variables_[index].code_; }       // ElementURI::NO_CODE until found
+    bool isFound(int index) const { return code(index) < ElementURI::NUM_CODES; }  // the log has named it
+    bool isUniversal(int index) const { return variables_[index].isUniversal_; }   // false until found
+    const Unit* unit(int index) const { return variables_[index].unit_; }          // the unit asked for; null when none
     // The index of the variable with that code (the last of equal names), -1 when none was asked for.
     int indexOf(unsigned short code) const { return code < ElementURI::NUM_CODES ? codeLookup_[code] : -1; }
+    // A later name of the list has the same code: indexOf gives that one.
     bool isListedAgain(int index) const { return isFound(index) && codeLookup_[code(index)] != index; }
     // The index at which the same variable is listed before, -1 when it is not.
     int indexBefore(int index) const { return variables_[index].indexBefore_; }

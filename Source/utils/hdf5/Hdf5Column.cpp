@@ -43,8 +43,7 @@ Hdf5Column::Hdf5Column(Hdf5File& file, Hdf5Id group, const char* name, Hdf5Id fi
     create(group, name, fileType);
 }
 
-// The library keeps no chunk in memory: whole ones come and go. Bytes of like weight side by side compress faster and
-// further.
+// Bytes of like weight side by side compress faster and further.
 void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
     const MemoryReserve::Loan memory;
     const int last = shape_.rank_ - 1;
@@ -56,13 +55,11 @@ void Hdf5Column::create(Hdf5Id group, const char* name, Hdf5Id fileType) {
     chunk[last] = chunkRecords_;
     const Hdf5Handle space(file_.call([&] { return H5Screate_simple(shape_.rank_, shape_.dims_, limits); }), &H5Sclose);
     const Hdf5Handle creation(file_.call([] { return H5Pcreate(H5P_DATASET_CREATE); }), &H5Pclose);
-    const Hdf5Handle access(file_.call([] { return H5Pcreate(H5P_DATASET_ACCESS); }), &H5Pclose);
     file_.call([&] { return H5Pset_chunk(creation, shape_.rank_, chunk); });
     file_.call([&] { return H5Pset_shuffle(creation); });
     file_.call([&] { return H5Pset_deflate(creation, DEFLATE_LEVEL); });
     file_.call([&] { return H5Pset_obj_track_times(creation, false); });
-    file_.call([&] { return H5Pset_chunk_cache(access, 1, 0, 1); });
-    id_ = file_.call([&] { return H5Dcreate2(group, name, fileType, space, H5P_DEFAULT, creation, access); });
+    open(file_.call([&] { return H5Dcreate2(group, name, fileType, space, H5P_DEFAULT, creation, H5P_DEFAULT); }));
 }
 
 size_t Hdf5Column::newRoom() const {
@@ -97,12 +94,13 @@ void Hdf5Column::flush() {
     counts[last] = records;
     written_ += records;
     shape_.dims_[last] = written_;
-    file_.call([&] { return H5Dset_extent(id_, shape_.dims_); });
-    const Hdf5Handle fileSpace(file_.call([&] { return H5Dget_space(id_); }), &H5Sclose);
+    file_.call([&] { return H5Dset_extent(id(), shape_.dims_); });
+    const Hdf5Handle fileSpace(file_.call([&] { return H5Dget_space(id()); }), &H5Sclose);
     file_.call([&] { return H5Sselect_hyperslab(fileSpace, H5S_SELECT_SET, start, nullptr, counts, nullptr); });
     const Hdf5Handle memorySpace(file_.call([&] { return H5Screate_simple(shape_.rank_, counts, nullptr); }),
                                  &H5Sclose);
     put(records, memorySpace, fileSpace);
+    file_.countWritten(block_.length());
     block_.clear();
 }
 
@@ -126,7 +124,7 @@ void Hdf5NumberColumn::put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace)
         }
     }
     const double* const numbers = elements_ > 1 ? turned.get() : block;
-    file_.call([&] { return H5Dwrite(id_, H5T_NATIVE_DOUBLE, memorySpace, fileSpace, H5P_DEFAULT, numbers); });
+    file_.call([&] { return H5Dwrite(id(), H5T_NATIVE_DOUBLE, memorySpace, fileSpace, H5P_DEFAULT, numbers); });
 }
 
 // Texts.
@@ -151,7 +149,7 @@ void Hdf5TextColumn::put(size_t records, Hdf5Id memorySpace, Hdf5Id fileSpace) {
     const char* text = block_.data();
     for (size_t i = 0; i < records; ++i, text += strlen(text) + 1) texts[i] = text;
     const Hdf5Handle type(NewTextType(), &H5Tclose);
-    file_.call([&] { return H5Dwrite(id_, type, memorySpace, fileSpace, H5P_DEFAULT, texts); });
+    file_.call([&] { return H5Dwrite(id(), type, memorySpace, fileSpace, H5P_DEFAULT, texts); });
 }
 
 // References.
@@ -164,5 +162,5 @@ void Hdf5ReferenceColumn::add(uint64_t reference) {
 }
 
 void Hdf5ReferenceColumn::put(size_t, Hdf5Id memorySpace, Hdf5Id fileSpace) {
-    file_.call([&] { return H5Dwrite(id_, H5T_STD_REF_OBJ, memorySpace, fileSpace, H5P_DEFAULT, block_.data()); });
+    file_.call([&] { return H5Dwrite(id(), H5T_STD_REF_OBJ, memorySpace, fileSpace, H5P_DEFAULT, block_.data()); });
 }

@@ -28,13 +28,18 @@ void Hdf5File::fail() {
     }
 }
 
+void Hdf5File::keepOpen(Hdf5Item& item) {
+    Hdf5Item*& place = open_[opened_++ % MAX_OPEN];
+    if (place != nullptr) place->rest();
+    place = &item;
+}
+
 void Hdf5File::countGathered(size_t bytes) {
     gathered_ += bytes;
     if (gathered_ > GATHER_ROOM) flush();
 }
 
 bool Hdf5File::flush() {
-    gathered_ = 0;
     for (unsigned int i = 0; i < columns_.size(); ++i) columns_.at(i)->flush();
     return ok_;
 }

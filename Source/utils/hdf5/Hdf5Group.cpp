@@ -13,8 +13,9 @@ Hdf5Group& Hdf5Group::addGroup(const Str& name) {
     if (Hdf5Group* const known = groups_.get(name)) return *known;
     const MemoryReserve::Loan memory;
     const Hdf5Handle creation(NewCreationList(file_, H5P_GROUP_CREATE), &H5Pclose);
-    const Hdf5Id id = file_.call([&] { return H5Gcreate2(id_, name.cStr(), H5P_DEFAULT, creation, H5P_DEFAULT); });
-    Hdf5Group* const group = new Hdf5Group(file_, id);
+    const Hdf5Id made = file_.call([&] { return H5Gcreate2(id(), name.cStr(), H5P_DEFAULT, creation, H5P_DEFAULT); });
+    Hdf5Group* const group = new Hdf5Group(file_, -1);
+    group->open(made);
     groups_.put(name, group, true);
     return *group;
 }
@@ -23,7 +24,7 @@ Hdf5Group& Hdf5Group::addGroup(const Str& name) {
 template <typename Column, typename... Shape>
 Column& Hdf5Group::addColumn(FastMap<const Str, Column*>& columns, const Str& name, const Shape&... shape) {
     if (Column* const known = columns.get(name)) return *known;
-    Column* const column = new Column(file_, id_, name.cStr(), shape...);
+    Column* const column = new Column(file_, id(), name.cStr(), shape...);
     file_.adopt(column);
     columns.put(name, column, false);
     return *column;
@@ -52,10 +53,10 @@ Hdf5Item Hdf5Group::addArray(const Str& name, const Hdf5Shape& shape, Hdf5Id fil
     if (shape.elements() * elementSize <= COMPACT_ROOM) {
         file_.call([&] { return H5Pset_layout(creation, H5D_COMPACT); });
     }
-    const Hdf5Id id =
-        file_.call([&] { return H5Dcreate2(id_, name.cStr(), fileType, space, H5P_DEFAULT, creation, H5P_DEFAULT); });
-    file_.call([&] { return H5Dwrite(id, memoryType, H5S_ALL, H5S_ALL, H5P_DEFAULT, values); });
-    return Hdf5Item(file_, id);
+    const Hdf5Id made =
+        file_.call([&] { return H5Dcreate2(id(), name.cStr(), fileType, space, H5P_DEFAULT, creation, H5P_DEFAULT); });
+    file_.call([&] { return H5Dwrite(made, memoryType, H5S_ALL, H5S_ALL, H5P_DEFAULT, values); });
+    return Hdf5Item(file_, made);
 }
 
 Hdf5Item Hdf5Group::addArray(const Str& name, const Hdf5Shape& shape, const double* values) {

@@ -11,13 +11,31 @@ Hdf5Item::~Hdf5Item() {
     if (id_ >= 0 && memory.hasRoom()) H5Oclose(id_);
 }
 
+void Hdf5Item::open(Hdf5Id id) {
+    id_ = id;
+    if (id >= 0) file_.keepOpen(*this);
+}
+
+Hdf5Id Hdf5Item::id() {
+    if (id_ < 0 && resting_ != 0) {
+        open(file_.call([this] { return H5Rdereference2(file_.id(), H5P_DEFAULT, H5R_OBJECT, &resting_); }));
+    }
+    return id_;
+}
+
+void Hdf5Item::rest() {
+    resting_ = reference();
+    file_.call([this] { return H5Oclose(id_); });
+    id_ = -1;
+}
+
 bool Hdf5Item::hasAtt(const char* name) {
-    return file_.call([&] { return H5Aexists(id_, name); }) > 0;
+    return file_.call([&] { return H5Aexists(id(), name); }) > 0;
 }
 
 void Hdf5Item::addAtt(const char* name, Hdf5Id space, Hdf5Id fileType, Hdf5Id memoryType, const void* value) {
     if (hasAtt(name)) return;
-    const Hdf5Handle att(file_.call([&] { return H5Acreate2(id_, name, fileType, space, H5P_DEFAULT, H5P_DEFAULT); }),
+    const Hdf5Handle att(file_.call([&] { return H5Acreate2(id(), name, fileType, space, H5P_DEFAULT, H5P_DEFAULT); }),
                          &H5Aclose);
     file_.call([&] { return H5Awrite(att, memoryType, value); });
 }
@@ -65,6 +83,6 @@ void Hdf5Item::addAtt(const char* name, const Str* texts, size_t count) {
 uint64_t Hdf5Item::reference() {
     static_assert(sizeof(hobj_ref_t) == sizeof(uint64_t), "a reference is one word");
     hobj_ref_t reference = 0;
-    file_.call([&] { return H5Rcreate(&reference, id_, ".", H5R_OBJECT, -1); });
+    file_.call([&] { return H5Rcreate(&reference, id(), ".", H5R_OBJECT, -1); });
     return reference;
 }

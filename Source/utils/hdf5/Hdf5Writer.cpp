@@ -20,7 +20,16 @@ Hdf5Writer::~Hdf5Writer() {
     finalize();
 }
 
-// Closing the file closes what is in it too, also after a failure.
+// The library would keep 32 MB of descriptions of items, which take ten times that in memory.
+static void LimitDescriptions(Hdf5File& file, Hdf5Id access) {
+    H5AC_cache_config_t config;
+    config.version = H5AC__CURR_CACHE_CONFIG_VERSION;
+    if (file.call([&] { return H5Pget_mdc_config(access, &config); }) < 0) return;
+    config.max_size = 4194304;
+    file.call([&] { return H5Pset_mdc_config(access, &config); });
+}
+
+// Closing the file closes what is in it too, also after a failure. No chunk is kept in memory: whole ones come and go.
 void Hdf5Writer::create(const char* path) {
     const MemoryReserve::Loan memory;
     const Hdf5Handle creation(file_.call([] { return H5Pcreate(H5P_FILE_CREATE); }), &H5Pclose);
@@ -28,7 +37,10 @@ void Hdf5Writer::create(const char* path) {
     file_.call([&] { return H5Pset_userblock(creation, userBlockSize_); });
     file_.call([&] { return H5Pset_obj_track_times(creation, false); });
     file_.call([&] { return H5Pset_fclose_degree(access, H5F_CLOSE_STRONG); });
+    file_.call([&] { return H5Pset_cache(access, 0, 1, 0, 1); });
+    LimitDescriptions(file_, access);
     id_ = file_.call([&] { return H5Fcreate(path, H5F_ACC_TRUNC, creation, access); });
+    file_.setId(id_);
 }
 
 // The library leaves the block alone. The path may stand for another file by the time that this one is closed.

@@ -68,7 +68,6 @@ public:
         std::unique_ptr<int[]> dimIds_;  // nDims_ of them
         NetCdfAtts atts_;                // owned
         bool isRecord_ = false;          // written once per record
-        bool hasCache_ = true;           // the library keeps the chunk that is in work
         NetCdfType netCdfType_;
         unsigned int varIndex_ = 0;           // in the order of definition
         size_t numRecs_ = 0;                  // records written, those that are still gathered included

@@ -94,7 +94,6 @@ constexpr NetCdfElementKind KINDS[] = {
 NetCdfBlock::NetCdfBlock(NetCdf::NetCdfType type, int nDims, const size_t* recordShape, size_t maxRecords)
     : kind_(KINDS[type]), holdsTexts_(type == NetCdf::NC_STRING_TYPE), counts_{}, capacity_(maxRecords) {
     for (int i = 1; i < nDims; ++i) elements_ *= counts_[i] = recordShape[i - 1];
-    limitTo(ROOM / std::max<size_t>(1, recordBytes()));
 }
 
 void NetCdfBlock::limitTo(size_t maxRecords) {
@@ -140,10 +139,15 @@ int NetCdfBlock::flush(const NetCdf::NetCdfVar& var) {
     counts_[0] = count_;
     if (holdsTexts_) pointToTexts();
     const int status = nc_put_vara(var.ncId_, var.varId_, start, counts_, bytes_.data());
+    empty();
+    return status;
+}
+
+void NetCdfBlock::empty() {
+    if (bytes_.length() > KEPT_ROOM) bytes_.clear();
     bytes_.cutTo(0);
     texts_.cutTo(0);
     count_ = 0;
-    return status;
 }
 
 void NetCdfBlock::pointToTexts() {

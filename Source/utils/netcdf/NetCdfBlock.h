@@ -25,15 +25,14 @@ public:
     static const unsigned int DEFAULT_RECORDS = 256;
 
     // Each record has the given shape: its numbers of elements along nDims - 1 dimensions. The block holds up to
-    // maxRecords of them, fewer when they are large.
+    // maxRecords of them.
     NetCdfBlock(NetCdf::NetCdfType type, int nDims, const size_t* recordShape, size_t maxRecords);
 
-    // With fewer records to a block, or with so many whatever their size; before the first one.
-    void limitTo(size_t maxRecords);
-    void extendTo(size_t records) { capacity_ = records; }
+    void limitTo(size_t maxRecords);               // holds fewer records; before the first one
     size_t elements() const { return elements_; }  // of a record
     size_t recordBytes() const { return elements_ * kind_.size_; }
-    bool isFull() const { return count_ >= capacity_ || texts_.length() >= ROOM; }
+    size_t gatheredBytes() const { return count_ * recordBytes(); }
+    bool isFull() const { return count_ >= capacity_ || texts_.length() >= TEXT_ROOM; }
     bool isRefused() const { return bytes_.isRefused() || texts_.isRefused(); }  // there was no memory for a record
 
     // Each adds a record; the block is not full. Elements that get no value are as if no call had written them.
@@ -48,9 +47,11 @@ public:
     int flush(const NetCdf::NetCdfVar& var);
 
 private:
-    static const size_t ROOM = 65536;  // bytes
+    static const size_t TEXT_ROOM = 65536;  // bytes
+    static const size_t KEPT_ROOM = 65536;  // bytes, for the records to come
 
     void pointToTexts();
+    void empty();
 
     const NetCdfElementKind& kind_;
     const bool holdsTexts_;

@@ -39,7 +39,6 @@ NetCdfWriter::NetCdfWriter(const char* path, bool version4, const char* trajecto
       filename_(path),
       trajectoryName_(trajectoryName),
       version4_(version4),
-      root_(this),
       blockRecords_(NetCdfBlock::DEFAULT_RECORDS) {
     Hdf5Library::Prepare();
     RemoveOldFile(path);
@@ -99,11 +98,7 @@ static void PrintGroupError(const char* name, int status) {
 }
 
 NetCdfWriter::NetCdfWriter(const char* name, int parentId)
-    : isGroup_(true),
-      trajectoryName_(nullptr),
-      version4_(true),
-      root_(this),
-      blockRecords_(NetCdfBlock::DEFAULT_RECORDS) {
+    : isGroup_(true), trajectoryName_(nullptr), version4_(true), blockRecords_(NetCdfBlock::DEFAULT_RECORDS) {
     if (call([&] { return nc_def_grp(parentId, name, &ncId_); })) return;
     ncId_ = -1;
     PrintGroupError(name, status_);
@@ -162,7 +157,6 @@ NetCdfGroup* NetCdfWriter::addGroup(const Str& name) {
     }
     std::unique_ptr<NetCdfGroup> group(new NetCdfGroup(name.cStr(), ncId_));
     if (!group->isOk()) return nullptr;
-    group->root_ = root_;
     group->blockRecords_ = blockRecords_;
     groups_.put(name, group.get(), true);
     return group.release();
@@ -224,23 +218,15 @@ NetCdf::NetCdfVar* NetCdfWriter::defineVar(const Str& name, NetCdfType type, int
 }
 
 // Chunks of 256 records, lightly compressed. Texts cannot be, which is no failure: they are stored as they are.
-// The library would keep 16 MiB of chunks for each variable; one chunk is what is in work. When the variables of a log
-// ask for more than there is room for, the later ones write every block straight through: theirs hold a chunk, as far
-// as all of them together do not take too much.
-void NetCdfWriter::chunk(NetCdfVar& var, const size_t* recordShape) {
-    static const size_t TEXT_BYTES = 16;  // of a reference to a text in the file, the largest single element
+// The library would keep 16 MiB of chunks for each variable. None is enough: the blocks are chunks.
+void NetCdfWriter::chunk(const NetCdfVar& var, const size_t* recordShape) {
     size_t sizes[MAX_DIMS] = {CHUNK_RECORDS};
     std::copy_n(recordShape, var.nDims_ - 1, sizes + 1);
     const MemoryReserve::Loan memory;
     if (!memory.hasRoom()) return;
     status_ &= nc_def_var_chunking(ncId_, var.varId_, NC_CHUNKED, sizes);
     status_ &= nc_def_var_deflate(ncId_, var.varId_, 0, 1, 1);
-    const size_t bytes = CHUNK_RECORDS * std::max(var.block_->recordBytes(), TEXT_BYTES);
-    const bool hasRoom = bytes <= root_->cacheRoomLeft_;
-    if (hasRoom) root_->cacheRoomLeft_ -= bytes;
-    var.hasCache_ = hasRoom;
-    if (!hasRoom) var.block_->extendTo(blockRecords_);
-    nc_set_var_chunk_cache(ncId_, var.varId_, hasRoom ? bytes : 1, 7, 0.75f);
+    nc_set_var_chunk_cache(ncId_, var.varId_, 1, 1, 1);
 }
 
 NetCdf::NetCdfAtt* NetCdfWriter::addAtt(NetCdfAtts& atts, int varId, const Str& name, const NetCdfAttValue& value) {
@@ -353,13 +339,9 @@ bool NetCdfWriter::writeVarRecord(NetCdfVar* var, const ElementURI* uri) {
     }
     if (var->block_->isRefused()) return refuseRecord();
     ++var->numRecs_;
-    if (hasGatheredMuch(*var)) return root_->flushAll();
+    gathered_ += var->block_->recordBytes();
+    if (gathered_ > GATHER_ROOM) return flushAll();
     return !var->block_->isFull() || flushVarRecords(*var);
-}
-
-bool NetCdfWriter::hasGatheredMuch(const NetCdfVar& var) {
-    if (!var.hasCache_) root_->gathered_ += var.block_->recordBytes();
-    return root_->gathered_ > GATHER_ROOM;
 }
 
 bool NetCdfWriter::refuseRecord() {
@@ -404,6 +386,7 @@ bool NetCdfWriter::flushRecords() {
 }
 
 bool NetCdfWriter::flushVarRecords(NetCdfVar& var) {
+    gathered_ -= std::min(gathered_, var.block_->gatheredBytes());
     errno = 0;
     if (call([&] { return var.block_->flush(var); }, WORKING_CHUNKS * CHUNK_RECORDS * var.block_->recordBytes())) {
         return true;
@@ -415,7 +398,6 @@ bool NetCdfWriter::flushVarRecords(NetCdfVar& var) {
 }
 
 bool NetCdfWriter::flushAll() {
-    gathered_ = 0;
     return (numRecs_ == 0 || flushRecords()) && flushVarsOf(*this);
 }
 

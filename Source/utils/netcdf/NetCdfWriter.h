@@ -83,10 +83,9 @@ public:
 private:
     static const int GLOBAL_ID = -1;  // stands for the file where a variable's id is asked for
     static const size_t CHUNK_RECORDS = 256;
-    static const size_t WORKING_CHUNKS = 4;            // that the library may need beside each other to compress one
-    static const size_t CHUNK_CACHE_ROOM = 134217728;  // bytes, for all chunks of a file that are in work
-    static const size_t GATHER_ROOM = 67108864;        // bytes, for the blocks of variables whose chunks find no room
-    static const size_t ROW_ROOM = 524288;             // bytes of a classic file over which a block is spread
+    static const size_t WORKING_CHUNKS = 4;      // that the library may need beside each other to compress one
+    static const size_t GATHER_ROOM = 67108864;  // bytes, for all blocks together
+    static const size_t ROW_ROOM = 524288;       // bytes of a classic file over which a block is spread
 
     bool create();
     bool close();
@@ -97,7 +96,7 @@ private:
     void report(const char* failedTo);
     void defineTrajectory();
     NetCdfVar* defineVar(const Str& name, NetCdfType type, int nDims, const int* dimIds);
-    void chunk(NetCdfVar& var, const size_t* recordShape);
+    void chunk(const NetCdfVar& var, const size_t* recordShape);
     NetCdfAtt* addAtt(NetCdfAtts& atts, int varId, const Str& name, const NetCdfAttValue& value);
     size_t layoutBytes() const;
     bool initializeGroups();
@@ -107,7 +106,6 @@ private:
     bool refuseRecord();
     bool flushRecords();
     bool flushVarRecords(NetCdfVar& var);
-    bool hasGatheredMuch(const NetCdfVar& var);
     bool flushAll();
     bool flushVarsOf(NetCdfWriter& writer);  // and of its groups
 
@@ -124,12 +122,10 @@ private:
     NetCdfDim* timeDim_ = nullptr;
     NetCdfVar* timeVar_ = nullptr;
     NetCdfGroups groups_;  // owned
-    NetCdfWriter* root_;   // the writer of the file; itself, or of a group the one that added it
     unsigned int blockRecords_;
     size_t headerRoom_ = 0;
-    size_t cacheRoomLeft_ = CHUNK_CACHE_ROOM;
     int systemError_ = 0;                           // errno of the failed call
     std::unique_ptr<const FileIdentity> identity_;  // of a file
-    size_t gathered_ = 0;  // bytes for which GATHER_ROOM is, since all blocks were written last
+    size_t gathered_ = 0;                           // bytes in the blocks of variables that were written by themselves
     bool reported_ = false;
 };

@@ -59,6 +59,14 @@ TEST_F(DataEntryTest, TheArrowTellsWritersBestWritersAndReaders) {
     }
 }
 
+TEST_F(DataEntryTest, ANameThatTheLogGivesLaterIsShownFromThereOn) {
+    readRecord("a code=0001 owner=0007 element=0000 universal=3FFF unitName=\"meter\" type=0B size=0003 fl=01\n");
+    const auto entry = entryOf(1, Units::METER.dataValue(1.5f));
+    EXPECT_EQ(textOf(*entry), "2012-06-01T12:30:00.400Z,1338553800.400000 Unknown-->Depth.depth=1.500000 m");
+    readRecord("n code=0007 name=\"Pilot\"\n");
+    EXPECT_EQ(textOf(*entry), "2012-06-01T12:30:00.400Z,1338553800.400000 Pilot-->Depth.depth=1.500000 m");
+}
+
 TEST_F(DataEntryTest, TextsAndArraysCarryTheirLength) {
     readRecord("e code=0001 elementURI=\"Depth.mode\" type=02\n");
     readRecord("e code=0002 elementURI=\"Depth.beams\" type=12 blobType=02 fixedSize=0002\n");

@@ -6,9 +6,11 @@
 #include <random>
 #include <string>
 
-static std::string Seconds(const Timestamp& t, unsigned int decimals) {
+typedef void Append(TextBuffer& text, const Timestamp& t, unsigned int decimals);
+
+static std::string Text(Append* append, const Timestamp& t, unsigned int decimals) {
     TextBuffer text;
-    EntryText::AppendSeconds(text, t, decimals);
+    append(text, t, decimals);
     return std::string(text.data(), text.length());
 }
 
@@ -16,11 +18,13 @@ static void ExpectAsPrinted(const Timestamp& t) {
     for (const unsigned int decimals : {3u, 6u}) {
         char printed[64];
         snprintf(printed, sizeof printed, "%.*f", static_cast<int>(decimals), t.asDouble());
-        EXPECT_EQ(Seconds(t, decimals), printed);
+        EXPECT_EQ(Text(EntryText::AppendSeconds, t, decimals), printed);
+        const std::string stamp = std::string(t.toString(3).cStr()) + "," + printed + " ";
+        EXPECT_EQ(Text(EntryText::AppendStamp, t, decimals), stamp);
     }
 }
 
-TEST(EntryTextTest, SecondsAreThoseOfTheDouble) {
+TEST(EntryTextTest, StampsAreADateAndTheSecondsOfTheDouble) {
     for (const long seconds : {-2L, -1L, 0L, 1L, 1338553800L, 2147483647L, 4294967295L, 4294967296L, 17179869184L}) {
         for (const long micros :
              {0L, 1L, 499L, 500L, 501L, 1500L, 2500L, 410000L, 999499L, 999500L, 999501L, 999999L}) {

@@ -4,13 +4,13 @@
 
 #include "EntryFixture.h"
 #include "data/Component.h"
+#include "units/Units.h"
 
 typedef WorkedFixture EventEntryTest;
 
 // Every event 10 ms after the time base, as bytes and as text after the stamp.
 TEST_F(EventEntryTest, EventsWriteReadAndPrint) {
     const Timestamp t = timeBase_ + Timespan(0, 10240);
-    const Component component("Depth");
     const unsigned short depth = 0, unknown = 5, farElement = 0xFFFF;
     const std::tuple<EventEntry, const char*, std::string> cases[] = {
         {{t, depth, 3}, "182A04030000", "Depth COMPONENT_ACTION Running Loop=3"},
@@ -36,8 +36,23 @@ TEST_F(EventEntryTest, EventsWriteReadAndPrint) {
         ASSERT_NE(entry, nullptr) << text;
         EXPECT_EQ(entry->toString(nullptr).cStr(), "2012-06-01T12:30:00.410Z,1338553800.410 " + text);
     }
-    EXPECT_EQ(EventEntry(&component, true).getActorCode(), depth);
     EXPECT_TRUE(write(EventEntry(timeBase_, EventEntry::MAX_ACTOR + 1, 1)).isEmpty());
+}
+
+TEST_F(EventEntryTest, EventsOfAComponentHaveItsCodes) {
+    const Component component("Depth");
+    const DataElement* const element =
+        Slate::NewDataElement(*Slate::GetElementURI(0), nullptr, Units::METER, FLOAT3, DataElement::NO_ACCURACY);
+    const std::pair<EventEntry, const char*> cases[] = {
+        {{&component, true}, "Loaded"},
+        {{&component, 3}, "Running Loop=3"},
+        {{&component, FailureMode::HARDWARE, 2}, "HARDWARE, FailCount= 2"},
+        {{&component, element, EventEntry::DATA_STATE_CHANGE_VALID}, "Depth.depth=VALID"},
+        {{&component, element, EventEntry::SET_DATA_ACCURACY, 0.1}, "Depth.depth=0.100000"}};
+    for (const auto& [event, text] : cases) {
+        EXPECT_EQ(event.getActorCode(), 0);
+        EXPECT_TRUE(event.toString(nullptr).endsWith(text)) << event.toString(nullptr).cStr();
+    }
 }
 
 TEST_F(EventEntryTest, AnUnknownActionHasNoBody) {

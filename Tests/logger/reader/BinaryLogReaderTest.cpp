@@ -9,7 +9,7 @@ protected:
     void read(const Str& bytes) {
         in_.reset(new MemoryInStream(bytes));
         reader_.reset(newReader());
-        reader_->setTimeAdjust(adjust_);
+        reader_->setTimeAdjust(Timespan::ZERO_TIMESPAN);
         reader_->setInStream(*in_);
         while (!in_->eof() && !reader_->hasError()) reader_->read();
     }
@@ -22,7 +22,6 @@ protected:
 
     std::unique_ptr<MemoryInStream> in_;  // outlives the reader
     std::unique_ptr<BinaryLogReader> reader_;
-    Timespan adjust_ = Timespan::ZERO_TIMESPAN;
 };
 
 static const size_t WORKED_CYCLE = WORKED_LOG_DIRECTORY;  // then: data, unchanged data, syslog, event
@@ -35,6 +34,18 @@ TEST_F(BinaryLogReaderTest, AWholeLogBecomesItsLines) {
     EXPECT_EQ(reader_->getLastTime().toString(2), Str("2012-06-01T12:30:00.43Z"));
 }
 
+// Nobody takes its entries, or there is nothing to read.
+TEST_F(BinaryLogReaderTest, AReaderAlone) {
+    BinaryLogReader reader(log_, start_, end_, mission_, nullptr, nullptr);
+    EXPECT_EQ(reader.read(), 0u);
+    const Str bytes = WorkedLogBytes();
+    MemoryInStream in(bytes);
+    reader.setInStream(in);
+    while (reader.read() > 0) continue;
+    EXPECT_TRUE(in.eof());
+    EXPECT_EQ(lines_, Lines());
+}
+
 TEST_F(BinaryLogReaderTest, ADirectoryAloneSetsNoTimes) {
     read(WorkedLogBytes(0, WORKED_LOG_DIRECTORY));
     EXPECT_EQ(lines_.size(), WORKED_LOG_DIRECTORY);
@@ -42,50 +53,11 @@ TEST_F(BinaryLogReaderTest, ADirectoryAloneSetsNoTimes) {
     EXPECT_EQ(reader_->getLastTime(), Timestamp::NOT_SET_TIME);
 }
 
-// Both ends are inclusive, and directory entries always pass.
-TEST_F(BinaryLogReaderTest, TheWindowAdmitsByTime) {
-    start_ = Timestamp(1338553800, 410000);
-    end_ = Timestamp(1338553800, 420480);  // the message's, to the microsecond
-    read(WorkedLogBytes());
-    Lines expected = workedLines();
-    expected.erase(expected.begin() + WORKED_CYCLE + 4);  // the event
-    expected.erase(expected.begin() + WORKED_CYCLE + 2);  // the unchanged entry, late by its time
-    expected.erase(expected.begin() + WORKED_CYCLE);
-    EXPECT_EQ(lines_, expected);
-    EXPECT_EQ(reader_->getFirstTime(), start_);
-}
-
-TEST_F(BinaryLogReaderTest, AMissionPassesFromItsStartMarkerToItsStopMarker) {
-    const char* const running = "18 76 04 03 00 00";
-    const char* const stopped = "18 78 04 00 00 00";
-    const char* const preempted = "18 7A 04 FF FF FF";
-    const char* const hello = "0E 52 0A 68 65 6C 6C 6F";
-    mission_ = "Depth";
-    Str bytes = WorkedLogBytes(0, WORKED_CYCLE + 1);
-    for (const char* entry : {hello, running, hello, preempted, stopped, hello, running}) bytes += FromHex(entry);
-    read(bytes);
-    const char* const parts[] = {"Running Loop=3", "hello", "Preempted", "Stopped", "Running Loop=3"};
-    ASSERT_EQ(lines_.size(), std::size(parts));
-    for (size_t i = 0; i < lines_.size(); ++i) EXPECT_NE(lines_[i].find(parts[i]), std::string::npos) << lines_[i];
-}
-
 TEST_F(BinaryLogReaderTest, AnImpossibleTimeIsAnErrorAndForgetsTheTimeBase) {
     read(WorkedLogBytes(0, WORKED_LOG_DIRECTORY) + WORKED_LOG[WORKED_CYCLE + 1].toBytes());
     EXPECT_TRUE(reader_->hasError());
     EXPECT_EQ(errors(),
               (Lines{"ERROR LogEntry timebase value of -32445540.00 is out of bounds.", "ERROR inStream at 0xB4"}));
-}
-
-// A message "GPS fix at: " 1.5 s after the time at which the vehicle logged it, then the cycle start again.
-TEST_F(BinaryLogReaderTest, AFixShiftsWhatFollowsAndIsCarried) {
-    const Str bytes =
-        WorkedLogBytes(0, WORKED_CYCLE + 1) + message("GPS fix at: 1338553801.9") + WORKED_LOG[WORKED_CYCLE].toBytes();
-    read(bytes);
-    EXPECT_EQ(lines_.back(), "2012-06-01T12:30:01.900Z,1338553801.900000 START_CYCLE");
-    EXPECT_NEAR(reader_->getTimeAdjust().asDouble(), 1.5, 1e-6);
-    adjust_ = Timespan::INVALID_TIMESPAN;
-    read(bytes);
-    EXPECT_EQ(lines_.back(), workedLines()[WORKED_CYCLE]);
 }
 
 TEST_F(BinaryLogReaderTest, AFixThatLeadsOutOfBoundsIsTakenBack) {

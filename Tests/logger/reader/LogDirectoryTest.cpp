@@ -52,7 +52,11 @@ TEST_F(LogDirectoryTest, TheWholeDirectoryIsWrittenNamesFirst) {
     readDirectory(WorkedLogBytes());
     LineCollector collector(lines_);
     Slate::WriteDirectory(&collector, false);
-    EXPECT_EQ(lines_, (Lines{WORKED_LOG[1].line_, WORKED_LOG[2].line_, WORKED_LOG[3].line_}));
+    Slate::WriteNameEntry(Slate::GetName(0), &collector, false);
+    Slate::WriteElementURIEntry(Slate::GetElementURI(0), &collector, false);
+    Slate::WriteDataAccessEntry(Slate::GetDataAccess(0), &collector, false);
+    EXPECT_EQ(lines_, (Lines{WORKED_LOG[1].line_, WORKED_LOG[2].line_, WORKED_LOG[3].line_, WORKED_LOG[1].line_,
+                             WORKED_LOG[2].line_, WORKED_LOG[3].line_}));
 }
 
 TEST_F(LogDirectoryTest, WithoutAWriterWhatIsNewGoesToTheFeed) {

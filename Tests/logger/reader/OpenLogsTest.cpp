@@ -65,14 +65,6 @@ private:
 
 }  // namespace
 
-TEST(OpenLogsTest, OneCodeMeansSomethingElseInEach) {
-    OpenLog depth("Depth", 8);
-    OpenLog wings("Wings", 5);
-    while (depth.readOne()) EXPECT_TRUE(wings.readOne());
-    depth.expectItsOwn();
-    wings.expectItsOwn();
-}
-
 TEST(OpenLogsTest, EachThreadReadsItsOwn) {
     OpenLog depth("Depth", 8, 300);
     OpenLog wings("Wings", 5, 300);

@@ -1,8 +1,6 @@
 #include "logger/writer/SplitFileLogWriter.h"
 
 #include "OutputFixture.h"
-#include "logger/writer/kml/KmlLogWriter.h"
-#include "logger/writer/table/TextTableLogWriter.h"
 
 class SplitFileLogWriterTest : public OutputFixture {
 protected:
@@ -39,32 +37,6 @@ TEST_F(SplitFileLogWriterTest, SplitsWhenAsked) {
     EXPECT_FALSE(dir_.has("run0006"));
     writer.resetFileBase(dir_.path("next").c_str(), 3);
     EXPECT_STREQ(dir_.path("next0003").c_str(), writer.getFilename().cStr());
-}
-
-TEST_F(SplitFileLogWriterTest, EachFileIsWhole) {
-    NameList names{"Nav.latitude"};
-    DataAccess* const latitude = log_.declareServing("latitude", "Nav.latitude", Units::DEGREE);
-    DataAccess* const longitude = log_.declareServing("longitude", "Nav.longitude", Units::DEGREE);
-    {
-        SplitFileLogWriter tables(base_, 1, new TextTableLogWriter(",", 1, names.list(), nullptr, true, false), nullptr,
-                                  1);
-        SplitFileLogWriter tracks(dir_.path("track").c_str(), 1, new KmlLogWriter("", false, false), nullptr, 1);
-        for (LogWriter* writer : {static_cast<LogWriter*>(&tables), static_cast<LogWriter*>(&tracks)}) {
-            for (int i = 0; i < 6; ++i) {
-                writer->write(log_.bestData(latitude, i, 36 + i), nullptr);
-                writer->write(log_.bestData(longitude, i, -122), nullptr);
-                writer->write(log_.cycle(i), nullptr);
-            }
-        }
-    }
-    for (const std::string number : {"0001", "0002"}) {
-        const std::string table = dir_.read("run" + number);
-        EXPECT_EQ(0u, table.find("Timestamp,EpochSeconds,Nav.latitude\n")) << number;
-        EXPECT_LT(1, std::count(table.begin(), table.end(), '\n')) << number;
-        const std::string track = dir_.read("track" + number);
-        EXPECT_EQ(0u, track.find("<?xml")) << number;
-        EXPECT_NE(std::string::npos, track.find("</kml>")) << number;
-    }
 }
 
 // A file that cannot be encoded is kept as it is.

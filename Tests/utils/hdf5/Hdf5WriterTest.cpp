@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-
-#include "support/FileSizeLimit.h"
 #include "support/Hdf5Reader.h"
 #include "support/TempDir.h"
 
@@ -109,18 +106,4 @@ TEST_F(Hdf5WriterTest, TheUserBlockIsWrittenIntoTheFileItself) {
     EXPECT_EQ("another", dir_.read("file"));
     EXPECT_EQ("header", dir_.read("moved").substr(0, 6));
     EXPECT_TRUE(Hdf5Reader(dir_.path("moved")).isOpen());
-}
-
-// In the midst and at the end.
-TEST_F(Hdf5WriterTest, AFullDisk) {
-    signal(SIGXFSZ, SIG_IGN);
-    for (const int records : {100000, 1}) {
-        const FileSizeLimit limit(records > 1 ? 65536 : 2200);
-        Hdf5Writer writer(path_.c_str(), 512);
-        Hdf5NumberColumn& column = writer.root().addGroup("a").addNumberColumn("n");
-        for (int n = 0; n < records; ++n) column.add(1.0 / (n + 1));
-        EXPECT_EQ(records == 1, writer.isOk());
-        EXPECT_FALSE(writer.finalize());
-        EXPECT_STREQ("File too large", writer.status().cStr());
-    }
 }

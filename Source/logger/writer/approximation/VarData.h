@@ -24,6 +24,7 @@ public:
 
     float getDeltaT(const Timestamp& t) const;              // seconds since the segment's start
     DataEntry* getDataEntry() { return dataEntry_.get(); }  // the point to pass on; borrowed
+    // There is a point to pass on: the first, or that at which the newest sample ended a segment.
     bool isReady() const { return ready_; }
     bool wasNaN() const { return wasNaN_; }  // of the newest sample
 

@@ -15,17 +15,19 @@ public:
     // formatted: a blank after each comma.
     explicit JsonArray(bool formatted) : separator_(formatted ? ", " : ",") {}
 
-    void addNumber(double number);  // null when it is NaN or infinite
-    void addString(const Str& text);
-    void beginArray();  // a nested one; what is added from here on goes there
-    void endArray();
+    void addNumber(double number);    // null when it is NaN or infinite
+    void addString(const Str& text);  // as one that is quoted and escaped; what is not UTF-8 becomes U+FFFD
+    void beginArray();                // a nested one; what is added from here on goes there
+    void endArray();                  // goes back to the one around it
     // The items from a place on, which end what is there, or those of a length at a place, so many times more.
     void addAgain(size_t place, size_t times) { addAgain(place, length() - place, times); }
     void addAgain(size_t place, size_t length, size_t times);
 
     size_t nextPlace() const;  // of the item that is added next
+    // Bytes of the text so far, with what is only repeated counted once; a mark to cut back to.
     size_t length() const { return text_.length(); }
     void cutTo(size_t length) { text_.cutTo(length); }  // takes back what came behind
+    // Memory was refused, and stays so: what was added last may be there in part.
     bool isRefused() const { return text_.isRefused(); }
 
     void write(OutStream& out);  // the whole array

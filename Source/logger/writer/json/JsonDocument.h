@@ -58,6 +58,7 @@ public:
     // in a name count as '.'. Null when a name that is equal then has its object already.
     // Where the place of an object is taken by a member of another kind, '_' is appended to its name.
     JsonLeaf* addLeaf(const Str& name, const char* units);
+    // No name has an object yet.
     bool isEmpty() const { return places_.size() == 0; }
     bool isRefused() const { return refused_; }  // there was no memory for an object
     size_t heldBytes() const;                    // of the samples

@@ -1,81 +1,56 @@
 #include "logger/writer/json/JsonLogWriter.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <numeric>
 
 #include "data/BlobValue.h"
 #include "logger/entry/DataEntry.h"
 
 JsonLogWriter::JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount,
                              char** attList)
-    : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
+    : ArrayLogWriter(SHORTEST_FIRST, varCount, varList, unitList, attCount, attList),
       json_(new JsonDocument(formatted)),
-      nodes_(new Node[requestCount()]),
-      shortestFirst_(new int[requestCount()]) {
-    std::iota(&shortestFirst_[0], &shortestFirst_[requestCount()], 0);
-    std::stable_sort(&shortestFirst_[0], &shortestFirst_[requestCount()],
-                     [this](int a, int b) { return strlen(nameOf(a)) < strlen(nameOf(b)); });
-}
+      nodes_(new Node[requestCount()]) {}
 
 unsigned int JsonLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
     if (!initializeFilterLogWriter()) return 0;
     if (json_ == nullptr) return 0;
-    if (watch_.hasChanged()) initializeJsonLogWriter();
+    initializeJsonLogWriter();
     return jsonLogWriterInitialized_ ? FilterLogWriter::write(entry, unit) : 0;
 }
 
-// A name that is the beginning of another becomes an object first, and the other's part stands behind its members.
 void JsonLogWriter::initializeJsonLogWriter() {
-    watch_.look();
-    bool isComplete = true;
-    for (int i = 0; i < requestCount(); ++i) isComplete = place(shortestFirst_[i]) && isComplete;
-    if (isComplete && !json_->isEmpty()) jsonLogWriterInitialized_ = true;
+    if (placeRequests() && !json_->isEmpty()) jsonLogWriterInitialized_ = true;
     if (json_->isRefused()) endEarly();
 }
 
-// Requests of one name share what the first of them has; a setting that is also a variable is written as that.
-bool JsonLogWriter::place(int index) {
-    const int owner = ownerOf(index);
-    if (owner < 0) return true;
-    if (owner == index) return nodes_[index].leaf_ != nullptr || placeFirst(index);
-    nodes_[index] = nodes_[owner];
-    return true;
-}
-
-bool JsonLogWriter::placeFirst(int index) {
-    const VariableSelection& selection = selectionOf(index);
-    const int position = positionOf(index);
-    const Unit* const unit = selection.shownUnit(position);
-    if (unit != nullptr) addVar(index, *unit);
+bool JsonLogWriter::place(int request) {
+    if (nodes_[request].leaf_ != nullptr) return true;
+    const Unit* const unit = selectionOf(request).shownUnit(positionOf(request));
+    if (unit != nullptr) addVar(request, *unit);
     return unit != nullptr || log_.isDirectoryRead();
 }
 
-void JsonLogWriter::addVar(int index, const Unit& unit) {
-    nodes_[index].leaf_ = json_->addLeaf(nameOf(index), unit.getAbbreviation());
-    nodes_[index].unit_ = &unit;
+void JsonLogWriter::addVar(int request, const Unit& unit) {
+    nodes_[request].leaf_ = json_->addLeaf(nameOf(request), unit.getAbbreviation());
+    nodes_[request].unit_ = &unit;
 }
 
-unsigned int JsonLogWriter::writeData(const DataEntry* entry, int varIndex, const Unit*) {
-    if (entry == nullptr || json_ == nullptr || nodes_[varIndex].leaf_ == nullptr) return 0;
-    JsonLeaf& leaf = *nodes_[varIndex].leaf_;
+unsigned int JsonLogWriter::addSample(const DataEntry& entry, int request) {
+    if (json_ == nullptr || nodes_[request].leaf_ == nullptr) return 0;
+    JsonLeaf& leaf = *nodes_[request].leaf_;
     const size_t valuesBefore = leaf.values_.length();
     const size_t timesBefore = leaf.times_.length();
-    if (!addValue(leaf, *entry, varIndex)) return 0;
-    leaf.times_.addNumber(std::round(entry->getTimestamp().asDouble() * 1000));
+    if (!addValue(leaf, entry, request)) return 0;
+    leaf.times_.addNumber(std::round(entry.getTimestamp().asDouble() * 1000));
     if (!leaf.isRefused()) return 0;
     leaf.values_.cutTo(valuesBefore);
     leaf.times_.cutTo(timesBefore);
     endEarly();
     return 0;
-}
-
-unsigned int JsonLogWriter::writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) {
-    return writeData(entry, variables_.count() + attIndex, unit);
 }
 
 // Nested arrays of the lengths, from an element of the blob on; elements past its end are null. The result is the
@@ -103,9 +78,9 @@ static size_t AddBlob(JsonArray& values, const BlobValue& blob, const Unit& unit
 }
 
 // False for a sample that is left out.
-bool JsonLogWriter::addValue(JsonLeaf& leaf, const DataEntry& entry, int index) {
+bool JsonLogWriter::addValue(JsonLeaf& leaf, const DataEntry& entry, int request) {
     static const size_t NULL_TEXT = 5;  // bytes of an element that is missing
-    const Unit& unit = *nodes_[index].unit_;
+    const Unit& unit = *nodes_[request].unit_;
     const DataValue* const value = entry.getDataValue();
     if (value == nullptr || value->getBinaryType() != STRVALUE) {
         leaf.values_.addNumber(entry.getNumber(unit));
@@ -116,9 +91,9 @@ bool JsonLogWriter::addValue(JsonLeaf& leaf, const DataEntry& entry, int index) 
         const StrValue& text = static_cast<const StrValue&>(*value);
         leaf.addOnce(entry.getElementCode(), text, [&] { leaf.values_.addString(text.getValue()); });
     } else {
-        const Shape shape(log_.getElementURI(selectionOf(index).code(positionOf(index))), blob->getCount());
+        const Shape shape(log_.getElementURI(selectionOf(request).code(positionOf(request))), blob->getCount());
         if (!padding_.admits(entry, shape.elements() * NULL_TEXT, shape.elements())) {
-            padding_.report(fileName(), nameOf(index));
+            padding_.report(fileName(), nameOf(request));
             return false;
         }
         leaf.addOnce(entry.getElementCode(), *blob,
@@ -143,7 +118,7 @@ unsigned int JsonLogWriter::writeFooter() {
     wroteFooter_ = true;
     if (!jsonLogWriterInitialized_) {
         puts("No Json file written");
-        variables_.printMissing([this](int index) { return nodes_[index].leaf_ != nullptr; });
+        variables_.printMissing([this](int index) { return nodes_[ownerOf(index)].leaf_ != nullptr; });
     } else {
         writeDocument();
     }
@@ -165,7 +140,6 @@ void JsonLogWriter::tellRefused() const {
 }
 
 void JsonLogWriter::resetInputs() {
-    FilterLogWriter::resetInputs();
+    ArrayLogWriter::resetInputs();
     if (json_ != nullptr) json_->forgetElements();
-    watch_.reset();
 }

@@ -2,33 +2,31 @@
 
 #include <memory>
 
-#include "logger/writer/FilterLogWriter.h"
-#include "logger/writer/PaddingLimit.h"
-#include "logger/writer/SlateWatch.h"
+#include "logger/writer/ArrayLogWriter.h"
 #include "logger/writer/json/JsonDocument.h"
 
 // The samples of the selected variables and settings as one JSON document: an object for each part of a name, and in
 // the last one the arrays of values and times (milliseconds since the epoch). Arrays of the log are nested arrays.
 // All samples stay in memory, as text, until the footer writes the document. When they are refused memory the document
 // is written with what is there by then, and an ERROR tells.
-class JsonLogWriter final : public FilterLogWriter {
+class JsonLogWriter final : public ArrayLogWriter {
 public:
     // The lists are borrowed. formatted: over many lines, indented.
     JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount, char** attList);
 
-    unsigned int writeHeader() override { return 0; }
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
     // The document, once. When no variable has a place in it, the reasons go to standard output instead.
     unsigned int writeFooter() override;
-    // Each keeps one sample; nothing is written, the result is 0.
-    unsigned int writeData(const DataEntry* entry, int varIndex, const Unit* unit) override;
-    unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) override;
     void resetInputs() override;
     size_t heldBytes() override { return json_ == nullptr ? 0 : json_->heldBytes(); }
     void endEarly() override;  // writes the document
 
+protected:
+    bool place(int request) override;
+    unsigned int addSample(const DataEntry& entry, int request) override;  // kept, not written: 0
+
 private:
-    // The place of a request: null while it has none, or when another request of an equal name has it.
+    // The place of a request: null while it has none, or when another name that comes to the same has it.
     struct Node {
         JsonLeaf* leaf_ = nullptr;    // the document's
         const Unit* unit_ = nullptr;  // in which the values are written
@@ -45,21 +43,13 @@ private:
     };
 
     void initializeJsonLogWriter();
-    // index: the place of a request among the variables and, behind them, the settings. Each is true when nothing that
-    // the log may still bring can change the result.
-    bool place(int index);
-    bool placeFirst(int index);
-    void addVar(int index, const Unit& unit);
-
-    bool addValue(JsonLeaf& leaf, const DataEntry& entry, int index);
+    void addVar(int request, const Unit& unit);
+    bool addValue(JsonLeaf& leaf, const DataEntry& entry, int request);
     void writeDocument();
     void tellRefused() const;
     const char* fileName() const { return logStream_ == nullptr ? "" : logStream_->getName(); }
 
     std::unique_ptr<JsonDocument> json_;     // null once it is written
     bool jsonLogWriterInitialized_ = false;  // some input's requests were all placed; samples are kept from then on
-    const std::unique_ptr<Node[]> nodes_;
-    const std::unique_ptr<int[]> shortestFirst_;  // the requests by the length of their names
-    SlateWatch watch_{log_};                      // of the last try to initialize
-    PaddingLimit padding_;
+    const std::unique_ptr<Node[]> nodes_;    // per request
 };

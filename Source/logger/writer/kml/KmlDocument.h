@@ -14,13 +14,15 @@ public:
 
     // color: aabbggrr of the track's line.
     static void AppendHead(TextBuffer& text, const Str& vehicleName, const Str& color);
-    static void AppendEnd(TextBuffer& text);
+    static void AppendEnd(TextBuffer& text);  // of the document
     // "start" or "end": both the name and the style. coordinates: a line "longitude,latitude[,altitude]\n".
     void appendMarker(TextBuffer& text, const char* name, const Timestamp& t, const Str& coordinates) const;
+    // A marker in the style of the severity, if there is one. The message is its description, or its name where markers
+    // carry no times.
     void appendMessage(TextBuffer& text, const Str& message, Syslog::Severity severity, const Timestamp& t,
                        const Str& coordinates) const;
-    void openLine(TextBuffer& text) const;  // a placemark with a LineString, up to its coordinates
-    static void CloseLine(TextBuffer& text);
+    void openLine(TextBuffer& text) const;    // a placemark with a LineString, up to its coordinates
+    static void CloseLine(TextBuffer& text);  // from behind the last coordinates
 
 private:
     void appendPoint(TextBuffer& text, const Str& coordinates) const;

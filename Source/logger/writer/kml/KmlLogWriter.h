@@ -22,6 +22,7 @@ public:
     static const char* const KmlUnits_[KML_COUNT];
     static const float KmlErrors_[KML_COUNT];
     static const Location ZERO_LOCATION;  // latitude 0, longitude 0: what a receiver without a fix reports
+    // The rows of the tables that count; twoD: without depth. All are borrowed and live as long as the process.
     static int GetKmlCount(bool twoD) { return KML_COUNT - FirstRow(twoD); }
     static const char* const* GetKmlArgs(bool twoD) { return KmlArgs_ + FirstRow(twoD); }
     static const char* const* GetKmlUnits(bool twoD) { return KmlUnits_ + FirstRow(twoD); }
@@ -31,9 +32,9 @@ public:
     KmlLogWriter(const Str& vehicleName, bool emitTimestamps, bool doDepth);
 
     void setColor(const char* color) { color_ = color; }  // aabbggrr of the track's line; borrowed
-    unsigned int writeHeader() override;
+    unsigned int writeHeader() override;                  // the head of the document, once for each file
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
-    unsigned int writeFooter() override;
+    unsigned int writeFooter() override;  // the end of the track and of the document; once
     // Ends the LineString, writes the queued messages as markers and, unless coordinates is null, goes on with the
     // track there.
     unsigned int writeSyslogItems(const Str* coordinates);

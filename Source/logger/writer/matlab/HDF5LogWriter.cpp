@@ -1,15 +1,13 @@
 #include "logger/writer/matlab/HDF5LogWriter.h"
 
 #include <algorithm>
-#include <cstring>
-#include <numeric>
 
 #include "logger/entry/DataEntry.h"
 #include "logger/writer/matlab/MatlabForm.h"
 
 HDF5LogWriter::HDF5LogWriter(const Str& filename, bool matlab, int varCount, char** varList, char** unitList,
                              int attCount, char** attList)
-    : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
+    : ArrayLogWriter(SHORTEST_FIRST, varCount, varList, unitList, attCount, attList),
       filename_(filename),
       matlab_(matlab),
       hdf5_(filename.cStr(), matlab ? MatlabForm::HEADER_SIZE : 0),
@@ -17,11 +15,7 @@ HDF5LogWriter::HDF5LogWriter(const Str& filename, bool matlab, int varCount, cha
       tree_(hdf5_.root()),
       cells_(hdf5_.root()),
       leaves_(true),
-      leafOf_(new MatlabLeaf*[requestCount()]()),
-      shortestFirst_(new int[requestCount()]) {
-    std::iota(&shortestFirst_[0], &shortestFirst_[requestCount()], 0);
-    std::stable_sort(&shortestFirst_[0], &shortestFirst_[requestCount()],
-                     [this](int a, int b) { return strlen(nameOf(a)) < strlen(nameOf(b)); });
+      leafOf_(new MatlabLeaf*[requestCount()]()) {
     checkFile("open");
 }
 
@@ -32,34 +26,21 @@ HDF5LogWriter::~HDF5LogWriter() {
 unsigned int HDF5LogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
     if (!hdf5_.isOk()) return 0;
-    if (watch_.hasChanged()) placeLeaves();
+    initializeFilterLogWriter();
+    placeRequests();
     return FilterLogWriter::write(entry, unit);
 }
 
-// A name that is the beginning of another gets its place first, and the other's part stands beside its members.
-void HDF5LogWriter::placeLeaves() {
-    watch_.look();
-    initializeFilterLogWriter();
-    for (int i = 0; i < requestCount(); ++i) {
-        if (leafOf_[shortestFirst_[i]] == nullptr) place(shortestFirst_[i]);
-    }
-}
-
-// Requests of one name share a leaf; a setting that is also a variable is written as that.
-void HDF5LogWriter::place(int request) {
-    const int owner = ownerOf(request);
-    if (owner >= 0) leafOf_[request] = owner == request ? newLeaf(request) : leafOf_[owner];
-}
-
-// Null while neither the log nor a unit asked for tells what the variable is.
-MatlabLeaf* HDF5LogWriter::newLeaf(int request) {
+// A variable that the log tells of late still gets its leaf.
+bool HDF5LogWriter::place(int request) {
+    if (leafOf_[request] != nullptr) return true;
     const VariableSelection& selection = selectionOf(request);
     const Unit* const unit = selection.shownUnit(positionOf(request));
-    if (unit == nullptr) return nullptr;
-    MatlabLeaf* const leaf = new MatlabLeaf(tree_.addLeaf(nameOf(request)), cells_, nameOf(request),
-                                            describe(*unit, selection, positionOf(request)));
-    leaves_.push(leaf);
-    return leaf;
+    if (unit == nullptr) return false;
+    leafOf_[request] = new MatlabLeaf(tree_.addLeaf(nameOf(request)), cells_, nameOf(request),
+                                      describe(*unit, selection, positionOf(request)));
+    leaves_.push(leafOf_[request]);
+    return true;
 }
 
 // The shape of the element's arrays; a dimension left out between others counts as 1.
@@ -92,19 +73,11 @@ MatlabLeaf::Description HDF5LogWriter::describe(const Unit& unit, const Variable
     return description;
 }
 
-unsigned int HDF5LogWriter::writeData(const DataEntry* entry, int varIndex, const Unit*) {
-    return addSample(entry, varIndex);
-}
-
-unsigned int HDF5LogWriter::writeAtt(const DataEntry* entry, int attIndex, const Unit*) {
-    return addSample(entry, variables_.count() + attIndex);
-}
-
-unsigned int HDF5LogWriter::addSample(const DataEntry* entry, int request) {
+unsigned int HDF5LogWriter::addSample(const DataEntry& entry, int request) {
     MatlabLeaf* const leaf = leafOf_[request];
-    if (entry == nullptr || leaf == nullptr) return 0;
-    if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entry->getTimestamp();
-    if (!leaf->add(*entry, padding_)) padding_.report(filename_.cStr(), nameOf(request));
+    if (leaf == nullptr) return 0;
+    if (firstTime_ == Timestamp::NOT_SET_TIME) firstTime_ = entry.getTimestamp();
+    if (!leaf->add(entry, padding_)) padding_.report(filename_.cStr(), nameOf(request));
     checkFile("write");
     return 1;
 }
@@ -125,10 +98,4 @@ unsigned int HDF5LogWriter::writeFooter() {
 
 void HDF5LogWriter::checkFile(const char* toDo) {
     if (!hdf5_.isOk()) outcome_->fail(toDo, filename_, hdf5_.status().cStr());
-}
-
-// What has a place keeps it: the next input goes on where this one ends.
-void HDF5LogWriter::resetInputs() {
-    FilterLogWriter::resetInputs();
-    watch_.reset();
 }

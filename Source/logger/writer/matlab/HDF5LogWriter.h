@@ -2,10 +2,8 @@
 
 #include <memory>
 
-#include "logger/writer/FilterLogWriter.h"
+#include "logger/writer/ArrayLogWriter.h"
 #include "logger/writer/HasFilename.h"
-#include "logger/writer/PaddingLimit.h"
-#include "logger/writer/SlateWatch.h"
 #include "logger/writer/matlab/MatlabCells.h"
 #include "logger/writer/matlab/MatlabLeaf.h"
 #include "logger/writer/matlab/MatlabTree.h"
@@ -16,30 +14,25 @@
 // seconds and texts are strings of HDF5, for every other tool. Arrays keep their shape.
 // Memory does not grow with the log. Errors: a file that cannot be created, written or closed is one ERROR message;
 // what was written stays.
-class HDF5LogWriter final : public FilterLogWriter, public HasFilename {
+class HDF5LogWriter final : public ArrayLogWriter, public HasFilename {
 public:
     // The lists are borrowed.
     HDF5LogWriter(const Str& filename, bool matlab, int varCount, char** varList, char** unitList, int attCount,
                   char** attList);
     ~HDF5LogWriter() override;  // finishes the file, if that has not been done
 
-    unsigned int writeHeader() override { return 0; }
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
     unsigned int writeFooter() override;  // the end of the file; once
-    // Each takes one sample: 1, or 0 when the variable has no place in the file.
-    unsigned int writeData(const DataEntry* entry, int varIndex, const Unit* unit) override;
-    unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) override;
-    void resetInputs() override;
     const Str& getFilename() override { return filename_; }
 
     bool isValid() override { return hdf5_.isOk(); }
 
+protected:
+    bool place(int request) override;
+    unsigned int addSample(const DataEntry& entry, int request) override;  // 1, or 0 without a place
+
 private:
-    void placeLeaves();
-    void place(int request);
-    MatlabLeaf* newLeaf(int request);
     MatlabLeaf::Description describe(const Unit& unit, const VariableSelection& selection, int position) const;
-    unsigned int addSample(const DataEntry* entry, int request);
     void checkFile(const char* toDo);
 
     const Str filename_;
@@ -50,7 +43,4 @@ private:
     MatlabCells cells_;
     FlexArray<MatlabLeaf*> leaves_;                // owned
     const std::unique_ptr<MatlabLeaf*[]> leafOf_;  // per request, of leaves_; null: none
-    const std::unique_ptr<int[]> shortestFirst_;   // the requests by the length of their names
-    SlateWatch watch_{log_};                       // of the last try to place them
-    PaddingLimit padding_;
 };

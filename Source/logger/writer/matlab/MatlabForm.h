@@ -12,6 +12,7 @@ static const char* const CELL_CLASS = "cell";
 static const char* const NO_CLASS = nullptr;           // strings of HDF5 are nothing to Matlab
 static const char* const REFERENCES_GROUP = "#refs#";  // where the content of cells is
 
+// What Matlab is to take a group or an item for.
 void MarkStruct(Hdf5Group& group);
 void MarkClass(Hdf5Item& item, const char* className);
 
@@ -24,5 +25,6 @@ Hdf5Item AddEmpty(Hdf5Group& group, const Str& name, const char* className);
 
 // The bytes by which Matlab knows a file; HDF5 begins behind them.
 static const size_t HEADER_SIZE = 512;
+// HEADER_SIZE bytes, which tell when the file was made.
 Str Header(const Timestamp& created);
 }  // namespace MatlabForm

@@ -72,8 +72,3 @@ bool NetCdfConventions::Finish(NetCdfWriter& writer, bool hasContent, OutputOutc
     if (!isWhole) outcome.fail();
     return isWhole;
 }
-
-void NetCdfConventions::PrintNothingWritten(const VariableSelection& selection, NetCdf::NetCdfVar* const* vars) {
-    puts("No netCDF file written");
-    selection.printMissing([vars](int index) { return vars[index] != nullptr; });
-}

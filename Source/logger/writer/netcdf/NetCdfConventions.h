@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+
 #include "logger/writer/OutputOutcome.h"
 #include "logger/writer/VariableSelection.h"
 #include "utils/netcdf/NetCdfWriter.h"
@@ -29,10 +31,14 @@ unsigned short CodeOfLastPart(const Str& name, const Log& log);
 // was asked for.
 void Describe(NetCdfWriter& writer, NetCdf::NetCdfVar& var, const Unit& unit, const ElementURI* standardName,
               const char* coordinates, const char* requestedText);
-void AddFileAtts(NetCdfWriter& writer);
+void AddFileAtts(NetCdfWriter& writer);  // which conventions the file follows
 
 // Ends the file; one without content is removed. True when it is whole.
 bool Finish(NetCdfWriter& writer, bool hasContent, OutputOutcome& outcome);
-// Says why there is nothing in the file. vars has an item for each of the selection.
-void PrintNothingWritten(const VariableSelection& selection, NetCdf::NetCdfVar* const* vars);
+// Says why there is nothing in the file; hasPlace(index) as printMissing's.
+template <typename HasPlace>
+void PrintNothingWritten(const VariableSelection& selection, HasPlace hasPlace) {
+    puts("No netCDF file written");
+    selection.printMissing(hasPlace);
+}
 }  // namespace NetCdfConventions

@@ -15,13 +15,13 @@ static const char* const TIME_UNITS = "seconds since 1970-01-01 00:00:00Z";
 
 NetCdfLogWriter::NetCdfLogWriter(const Str& filename, bool version4, int varCount, char** varList, char** unitList,
                                  int attCount, char** attList)
-    : FilterLogWriter(nullptr, varCount, varList, unitList, false, attCount, attList),
+    : ArrayLogWriter(AS_LISTED, varCount, varList, unitList, attCount, attList),
       filename_(filename),
       netCdfWriter_(NetCdfWriter::NewNetCdfWriter(filename_.cStr(), version4, NetCdfConventions::TRAJECTORY_NAME)),
-      vars_(new NetCdf::NetCdfVar*[varCount + attCount]()),
-      varUris_(new const ElementURI*[varCount + attCount]()),
+      vars_(new NetCdf::NetCdfVar*[requestCount()]()),
+      varUris_(new const ElementURI*[requestCount()]()),
       shapes_(true),
-      timeVars_(new NetCdf::NetCdfVar*[varCount + attCount]()),
+      timeVars_(new NetCdf::NetCdfVar*[requestCount()]()),
       holders_(true) {}
 
 NetCdfLogWriter::~NetCdfLogWriter() {
@@ -35,42 +35,26 @@ void NetCdfLogWriter::setBlockRecords(unsigned int records) {
 unsigned int NetCdfLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
     if (!isValid() || !initializeFilterLogWriter()) return 0;
-    if (!netCdfInitialized_ && watch_.hasChanged() && initializeNetCdf()) {
-        netCdfInitialized_ = netCdfWriter_->initialize();
-    }
+    if (!netCdfInitialized_ && placeRequests()) initializeNetCdf();
     return netCdfInitialized_ ? FilterLogWriter::write(entry, unit) : 0;
 }
 
-// Defines what is not defined yet. True when no request is open any more.
-bool NetCdfLogWriter::initializeNetCdf() {
-    watch_.look();
-    bool isComplete = true;
-    for (int i = 0; i < requestCount(); ++i) isComplete = define(i) && isComplete;
-    if (isComplete) NetCdfConventions::AddFileAtts(*netCdfWriter_);
-    return isComplete;
+void NetCdfLogWriter::initializeNetCdf() {
+    NetCdfConventions::AddFileAtts(*netCdfWriter_);
+    netCdfInitialized_ = netCdfWriter_->initialize();
 }
 
-// Requests of one name share what the first of them has; a setting that is also a variable is written as that.
-bool NetCdfLogWriter::define(int index) {
-    const int owner = ownerOf(index);
-    if (owner < 0) return true;
-    if (owner == index) return vars_[index] != nullptr || defineFirst(index);
-    vars_[index] = vars_[owner];
-    varUris_[index] = varUris_[owner];
-    timeVars_[index] = timeVars_[owner];
-    return true;
-}
-
-bool NetCdfLogWriter::defineFirst(int index) {
-    const VariableSelection& selection = selectionOf(index);
-    const int position = positionOf(index);
+bool NetCdfLogWriter::place(int request) {
+    if (vars_[request] != nullptr) return true;
+    const VariableSelection& selection = selectionOf(request);
+    const int position = positionOf(request);
     const ElementURI* const uri = log_.getElementURI(selection.code(position));
     if (const DataAccess* const access = selection.access(position)) {
-        addVar(index, uri, access->getBinaryType(), NetCdfConventions::UnitOf(selection, position, *access),
+        addVar(request, uri, access->getBinaryType(), NetCdfConventions::UnitOf(selection, position, *access),
                access->getUniversalCode());
     } else if (const Unit* const unit = selection.unitOfName(position)) {
         const ElementURI unknown(ElementURI::NO_CODE, selection.name(position), ElementURI::DATA_ELEMENT);
-        addVar(index, &unknown, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(unknown, log_));
+        addVar(request, &unknown, unit->getDefaultDataType(), *unit, NetCdfConventions::CodeOfLastPart(unknown, log_));
     } else if (log_.isDirectoryRead()) {
         printf("Not found: %hd %s\n", static_cast<short>(selection.code(position)), selection.name(position));
     } else {
@@ -108,37 +92,37 @@ static DataValue* NewHolder(const ElementURI& name, BinaryDataType type, const U
     return blob;
 }
 
-void NetCdfLogWriter::addVar(int index, const ElementURI* name, BinaryDataType type, const Unit& unit,
+void NetCdfLogWriter::addVar(int request, const ElementURI* name, BinaryDataType type, const Unit& unit,
                              unsigned short universalCode) {
     const NetCdf::NetCdfType netCdfType = TypeOf(*name, type);
     if (netCdfType == NetCdf::NC_ABSENT_TYPE) return;
     const Str varName = NetCdfNames::OfElement(*name);
-    NetCdfGroup* const group = addGroups(varName, *name, index);
+    NetCdfGroup* const group = addGroups(varName, *name, request);
     if (group == nullptr) return;
     NetCdf::NetCdfVar* const var = defineVariable(*group, varName, *name, netCdfType);
     NetCdf::NetCdfVar* const timeVar = var == nullptr ? nullptr : defineTime(*group, varName + "_time");
     if (timeVar == nullptr) {
-        printf("Failed to add variable: %s (index %d).\n", name->cStr(), index);
+        printf("Failed to add variable: %s (index %d).\n", name->cStr(), request);
     } else {
-        const VariableSelection& selection = selectionOf(index);
-        const int position = positionOf(index);
+        const VariableSelection& selection = selectionOf(request);
+        const int position = positionOf(request);
         NetCdfConventions::Describe(*group, *var, unit, selection.standardName(position, universalCode), COORDINATES,
                                     selection.name(position));
         give(*var, NewHolder(*name, type, unit));
         give(*timeVar, Units::SECOND.dataValue(DOUBLE8));
-        vars_[index] = var;
+        vars_[request] = var;
         if (name->getDimensions() > 0) {
             ElementURI* const shape = new ElementURI(*name);
             shapes_.push(shape);
-            varUris_[index] = shape;
+            varUris_[request] = shape;
         }
-        timeVars_[index] = timeVar;
+        timeVars_[request] = timeVar;
     }
     group->recover();
 }
 
 // One group, of the file, for each part of the name but the last; the variable goes into the last of them.
-NetCdfGroup* NetCdfLogWriter::addGroups(const Str& varName, const Str& fullName, int index) {
+NetCdfGroup* NetCdfLogWriter::addGroups(const Str& varName, const Str& fullName, int request) {
     NetCdfGroup* group = netCdfWriter_.get();
     size_t begin = 0;
     for (size_t dot = varName.find('.'); dot < varName.length(); dot = varName.find('.', begin)) {
@@ -148,7 +132,7 @@ NetCdfGroup* NetCdfLogWriter::addGroups(const Str& varName, const Str& fullName,
         group = netCdfWriter_->addGroup(NetCdfNames::Valid(part));
         if (group != nullptr) continue;
         printf("NetCdfLogWriter failed to add group %s while processing %s (index %d).\n", part.cStr(), fullName.cStr(),
-               index);
+               request);
         return nullptr;
     }
     return group;
@@ -184,36 +168,29 @@ void NetCdfLogWriter::give(NetCdf::NetCdfVar& var, DataValue* holder) {
     holders_.push(holder);
 }
 
-bool NetCdfLogWriter::admits(const DataEntry& entry, int index) {
-    if (varUris_[index] == nullptr) return true;
-    const NetCdf::NetCdfVar& var = *vars_[index];
+bool NetCdfLogWriter::admits(const DataEntry& entry, int request) {
+    if (varUris_[request] == nullptr) return true;
+    const NetCdf::NetCdfVar& var = *vars_[request];
     if (padding_.admits(entry, NetCdfWriter::NewRoom(var), var.block_->elements())) return true;
-    padding_.report(filename_.cStr(), nameOf(index));
+    padding_.report(filename_.cStr(), nameOf(request));
     return false;
 }
 
-unsigned int NetCdfLogWriter::writeData(const DataEntry* entry, int varIndex, const Unit*) {
-    NetCdf::NetCdfVar* const var = vars_[varIndex];
-    if (entry == nullptr || var == nullptr || !admits(*entry, varIndex)) return 0;
-    NetCdf::NetCdfVar* const timeVar = timeVars_[varIndex];
-    var->hold(entry->getDataValue());
-    timeVar->hold(entry->getTimestamp().asDouble());
-    return netCdfWriter_->writeVarRecord(var, varUris_[varIndex]) && netCdfWriter_->writeVarRecord(timeVar, nullptr);
-}
-
-unsigned int NetCdfLogWriter::writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) {
-    return writeData(entry, variables_.count() + attIndex, unit);
+unsigned int NetCdfLogWriter::addSample(const DataEntry& entry, int request) {
+    NetCdf::NetCdfVar* const var = vars_[request];
+    if (var == nullptr || !admits(entry, request)) return 0;
+    NetCdf::NetCdfVar* const timeVar = timeVars_[request];
+    var->hold(entry.getDataValue());
+    timeVar->hold(entry.getTimestamp().asDouble());
+    return netCdfWriter_->writeVarRecord(var, varUris_[request]) && netCdfWriter_->writeVarRecord(timeVar, nullptr);
 }
 
 unsigned int NetCdfLogWriter::writeFooter() {
     if (netCdfWriter_ == nullptr || wroteFooter_) return 0;
     wroteFooter_ = true;
-    if (!netCdfInitialized_) NetCdfConventions::PrintNothingWritten(variables_, vars_.get());
+    if (!netCdfInitialized_) {
+        NetCdfConventions::PrintNothingWritten(variables_, [this](int i) { return vars_[ownerOf(i)] != nullptr; });
+    }
     finalized_ = NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
     return 0;
-}
-
-void NetCdfLogWriter::resetInputs() {
-    FilterLogWriter::resetInputs();
-    watch_.reset();
 }

@@ -106,7 +106,7 @@ unsigned int NetCdfTableLogWriter::writeFooter() {
         rows += writeRow();
         settings_.put(*netCdfWriter_);
     } else {
-        NetCdfConventions::PrintNothingWritten(columns_, vars_.get());
+        NetCdfConventions::PrintNothingWritten(columns_, [this](int column) { return vars_[column] != nullptr; });
     }
     finalized_ = NetCdfConventions::Finish(*netCdfWriter_, netCdfInitialized_, *outcome_);
     return rows;

@@ -37,8 +37,8 @@ public:
     Timestamp frontTime() { return rows_.at(rows_.first()).time(); }
     const DataEntry* frontCell(int column);  // null for an empty cell
     const SyslogEntry* frontSyslog();        // null when the row has none
-    void dropFront();
-    void forgetSamples();  // when all rows have left: nothing to interpolate from
+    void dropFront();                        // only while there is a row
+    void forgetSamples();                    // when all rows have left: nothing to interpolate from
 
     // The column holds samples that are no writes, or texts: its empty cells are shown as not-a-number.
     bool isReaderColumn(int column) const { return columns_[column]->isReader_; }

@@ -51,12 +51,11 @@ unsigned int TableLogWriter::write(const LogEntry* entry, const Unit*) {
     }
 }
 
-// A best value fills its universal's column besides its own; that of an element which is its own universal it fills
-// twice. A thinned series then tests the value that ended a segment too, which the next one would otherwise replace.
+// The column of an element which is its own universal is filled twice by a best value. A thinned series then tests the
+// value that ended a segment too, which the next one would otherwise replace.
 unsigned int TableLogWriter::writeSample(const DataEntry& entry) {
-    unsigned int bytes = writeCells(entry, entry.getElementCode());
-    if (entry.isBest()) bytes += writeCells(entry, entry.getUniversalCode());
-    return bytes;
+    const unsigned int bytes = writeCells(entry, entry.getElementCode());
+    return bytes + writeCells(entry, entry.getBestCode());
 }
 
 unsigned int TableLogWriter::writeCells(const DataEntry& entry, unsigned short code) {

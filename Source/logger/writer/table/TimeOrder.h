@@ -22,7 +22,7 @@ template <typename T>
 class TimeOrder {
 public:
     bool isEmpty() const { return first_ == nullptr; }
-    T* first() const { return first_; }  // null when empty
+    T* first() const { return first_; }  // null when empty, as the last is
     T* last() const { return last_; }
 
     // The last item at or before the time; null when all come later.
@@ -57,6 +57,7 @@ public:
         raise(item);
     }
 
+    // Takes the first item, which there is, out of the order.
     void dropFirst() {
         raise(first_);
         root_ = first_->later_;

@@ -1,5 +1,6 @@
 #include "logger/writer/text/TextLogWriter.h"
 
+#include "io/OutText.h"
 #include "logger/entry/DirectoryEntry.h"
 
 namespace {
@@ -16,9 +17,10 @@ unsigned int TextLogWriter::write(const LogEntry* entry, const Unit* unit) {
     if (!isValid()) return 0;
     const MutexLocker lock(writeMutex_);
     if (entry == nullptr) return 0;
-    line_.clear();
-    entry->appendTo(line_, unit);
-    const size_t length = line_.length();
-    if (length > 0) logStream_->write(line_.append('\n').data(), length + 1);
+    OutText line(*logStream_);
+    entry->appendTo(line, unit);
+    const size_t length = line.length();
+    line.append('\n');
+    if (length > 0) line.put();
     return static_cast<unsigned int>(length + 1);
 }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "logger/engine/LogWriter.h"
-#include "utils/TextBuffer.h"
 
 // Writes each entry as one line: its text, then a line feed. An entry without a text writes nothing.
 class TextLogWriter final : public LogWriter {
 public:
+    // withDirectory: each file begins with the log's version. The stream is borrowed.
     explicit TextLogWriter(bool withDirectory) : withDirectory_(withDirectory) {}
     TextLogWriter(OutStream& out, bool withDirectory) : LogWriter(out), withDirectory_(withDirectory) {}
 
@@ -15,5 +15,4 @@ public:
 
 private:
     const bool withDirectory_;  // the file begins with a version entry, in the log's form
-    TextBuffer line_;           // the line being written; kept for its room
 };

@@ -45,25 +45,6 @@ TEST_F(HDF5LogWriterTest, NumbersAreARowInTheUnitAskedFor) {
     EXPECT_TRUE(messages_.take().empty());
 }
 
-// Element (i, j) of record n lies at [j][i][n].
-TEST_F(HDF5LogWriterTest, ArraysKeepTheirShape) {
-    DataAccess* row = log_.declareBlob("A.row", Units::METER, BLOB_INT16LE, 2);
-    DataAccess* plane = log_.declareBlob("A.plane", Units::METER, BLOB_FLOAT64LE, 2, 3);
-    DataAccess* cube = log_.declareBlob("A.cube", Units::METER, BLOB_UINT8, 2, 2, 2);
-    DataAccess* open = log_.declareBlob("A.open", Units::METER, BLOB_FLOAT32BE);
-    write(false, {"A.row", "A.plane", "A.cube", "A.open"},
-          {log_.blob<short>(row, 0, {1, 2}), log_.blob<short>(row, 1, {3}), log_.blob<short>(row, 2, {4, 5, 6}),
-           log_.blob<double>(plane, 0, {0, 1, 2, 10, 11, 12}), log_.blob<double>(plane, 1, {20, 21, 22, 30, 31, 32}),
-           log_.blob<unsigned char>(cube, 0, {0, 1, 10, 11, 100, 101, 110, 111}),
-           log_.blob<unsigned>(open, 0, {0x803F, 0x40}), log_.blob<unsigned>(open, 1, {})},
-          {"cm", nullptr, nullptr, nullptr});
-    const Hdf5Reader file(path(false));
-    EXPECT_EQ("double{2,3}: 100 300 400 200 nan 500", file.show("A/row/value"));
-    EXPECT_EQ("double{3,2,2}: 0 20 10 30 1 21 11 31 2 22 12 32", file.show("A/plane/value"));
-    EXPECT_EQ("double{2,2,2,1}: 0 100 10 110 1 101 11 111", file.show("A/cube/value"));
-    EXPECT_EQ("cell{1,2}: [double{1,2}: 1 2] [empty double]", file.show("A/open/value"));
-}
-
 TEST_F(HDF5LogWriterTest, TextsAreCellsForMatlabAndStringsForOthers) {
     DataAccess* mode = log_.declareText("Mission.mode");
     for (const bool matlab : {true, false}) {

@@ -92,10 +92,10 @@ TEST_F(NetCdfLogWriterTest, NamesThatCollide) {
     const auto sample = [this](const char* name, double value) { return log_.data(log_.declare(name), value, value); };
     const char* const odd = "-\x01\xFF ";
     const std::initializer_list<const LogEntry*> samples = {
-        sample("A.b/c", 1),    sample("A.b:c", 2), sample("Taken", 3), sample("Taken.x", 4),
-        sample("C.x_time", 5), sample("C.x", 6),   sample(odd, 8),     sample("trajectory_id", 7)};
+        sample("A.b/c", 1), sample("A.b:c", 2), sample("Taken", 3),         sample("Taken.x", 4), sample("C.x_time", 5),
+        sample("C.x", 6),   sample(odd, 8),     sample("trajectory_id", 7), sample("C.y", 9)};
     log_.endDirectory();
-    write({"A.b/c", "A.b:c", "Taken", "Taken.x", "C.x_time", "C.x", "trajectory_id", odd}, samples);
+    write({"A.b/c", "A.b:c", "Taken", "Taken.x", "C.x_time", "C.x", "trajectory_id", odd, "C.y"}, samples);
     EXPECT_EQ(
         "Failed to add variable: A.b:c (index 1).\n"
         "nc_def_grp failed to define a new NetCdf group for var Taken with error: Name is in use (code -42).\n"
@@ -104,7 +104,8 @@ TEST_F(NetCdfLogWriterTest, NamesThatCollide) {
         "Failed to add variable: trajectory_id (index 6).\n",
         printed_);
     const NetCdfFile file(path_);
-    const std::pair<const char*, double> places[] = {{"b/A.b.c", 1}, {"Taken", 3}, {"C/C.x_time", 5}, {"____", 8}};
+    const std::pair<const char*, double> places[] = {
+        {"b/A.b.c", 1}, {"Taken", 3}, {"C/C.x_time", 5}, {"C/C.y", 9}, {"____", 8}};
     for (const auto& [place, value] : places) EXPECT_EQ(Numbers{value}, file.numbers(place)) << place;
     EXPECT_FALSE(file.has("C/C.x"));
 }

@@ -78,7 +78,7 @@ TEST(TableLogWriterTest, TextsAreNotInterpolatedUnlessHeld) {
         table.write(log.text(held, t, t == 0 ? "r" : "s"), nullptr);
         table.write(log.text(read, t, t == 0 ? "t" : "u"), nullptr);
     }
-    table.writeFooter();
+    EXPECT_EQ(5u, table.writeFooter());
     EXPECT_EQ((Rows{"0|0|p|r|t", "1|1|-|r|nan", "2|2|q|s|u"}), table.rows_);
 }
 
