@@ -70,6 +70,14 @@ TEST_F(MemoryTest, ADocumentThatIsRefusedMemoryEndsAndTheOthersAreWhole) {
     EXPECT_TRUE(othersAreWhole);
 }
 
+// A listed variable that never occurs lets no row leave before the end.
+TEST_F(MemoryTest, RowsThatWaitTakeFewBytesEach) {
+    write("dive", DiveLog::Of(100000));
+    const Limited run = runWithin(leastMegabytes() + 40, "-qOci -o out dive Depth.depth Nav.speed No.such");
+    EXPECT_EQ("(ERROR): No variable \"No.such\" is in the logs\n", MessagesIn(run.out_));
+    EXPECT_EQ(200002u, CountOf(read("out"), ",nan\n") + 1);
+}
+
 // What the libraries of the array files would keep of each variable, and of each chunk, goes far beyond.
 TEST_F(MemoryTest, ManyVariablesTakeLittleEach) {
     DiveLog dive;

@@ -75,20 +75,22 @@ static void AppendStampOfSecond(TextBuffer& text, const Timestamp& t, unsigned i
     char* const at = text.roomFor(sizeof stamp.text_);
     memcpy(at, stamp.text_, sizeof stamp.text_);
     *Digits::PutThree(at + stamp.dateFraction_, DateMillis(t)) = 'Z';
-    char* const end = PutFraction(at + stamp.fraction_, t.getTimeval().tv_usec, decimals);
-    *end = ' ';
-    text.addUpTo(end + 1);
+    text.addUpTo(PutFraction(at + stamp.fraction_, t.getTimeval().tv_usec, decimals));
 }
 
-void AppendStamp(TextBuffer& text, const Timestamp& t, unsigned int decimals) {
+void AppendTimes(TextBuffer& text, const Timestamp& t, unsigned int decimals) {
     if (HasDigitsOfIntegers(t.getTimeval(), decimals)) {
         AppendStampOfSecond(text, t, decimals);
     } else {
         char time[Timestamp::TEXT_ROOM];
         text.append(t.toString(time, sizeof time, DATE_DECIMALS)).append(',');
         AppendSeconds(text, t, decimals);
-        text.append(' ');
     }
+}
+
+void AppendStamp(TextBuffer& text, const Timestamp& t, unsigned int decimals) {
+    AppendTimes(text, t, decimals);
+    text.append(' ');
 }
 
 void AppendName(TextBuffer& text, const Str* name) {

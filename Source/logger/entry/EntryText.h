@@ -9,5 +9,6 @@ namespace EntryText {
 void AppendSeconds(TextBuffer& text, const Timestamp& t, unsigned int decimals);
 // "2012-06-01T12:30:00.410Z,1338553800.410000 ": the beginning of every line but a directory entry's.
 void AppendStamp(TextBuffer& text, const Timestamp& t, unsigned int decimals);
-void AppendName(TextBuffer& text, const Str* name);  // "Unknown" for null
+void AppendTimes(TextBuffer& text, const Timestamp& t, unsigned int decimals);  // the same without the blank
+void AppendName(TextBuffer& text, const Str* name);                             // "Unknown" for null
 }  // namespace EntryText

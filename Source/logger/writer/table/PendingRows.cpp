@@ -1,235 +1,273 @@
 #include "logger/writer/table/PendingRows.h"
 
+#include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "data/DataAccess.h"
-#include "data/DataValue.h"
 #include "utils/AuvMath.h"
 
-namespace {
+static const double NOT_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
-const double NOT_NUMBER = std::numeric_limits<double>::quiet_NaN();
-
-std::unique_ptr<DataEntry> At(const Timestamp& t, DataEntry* entry) {
-    entry->setTimestamp(t);
-    return std::unique_ptr<DataEntry>(entry);
+PendingRows::PendingRows(int columnCount, const PageMemory::Room& room)
+    : columnCount_(columnCount),
+      memory_(room),
+      rows_(memory_),
+      messages_(memory_),
+      columns_(new std::unique_ptr<Column>[columnCount]) {
+    for (int i = 0; i < columnCount; ++i) columns_[i].reset(new Column(memory_));
 }
-
-std::unique_ptr<DataEntry> CopyWithNumber(const DataEntry& entry, double number, const Timestamp& t) {
-    std::unique_ptr<DataEntry> copy = At(t, new DataEntry(entry, entry.getDataValue()));
-    copy->setNumber(entry.valueUnit(), number);
-    return copy;
-}
-
-double Interpolated(const Timestamp& t, const DataEntry& before, const DataEntry& after) {
-    const Unit& unit = after.valueUnit();
-    return AuvMath::Interpolate1D(t.asDouble(), before.getNumber(unit), after.getNumber(unit),
-                                  before.getTimestamp().asDouble(), after.getTimestamp().asDouble());
-}
-
-}  // namespace
-
-PendingRows::PendingRows(int columnCount) : columnCount_(columnCount), columns_(new Column[columnCount]) {}
 
 PendingRows::~PendingRows() {
     while (!isEmpty()) dropFront();
+    forgetSamples();
 }
 
 void PendingRows::add(const DataEntry& entry, int column, const Timestamp& earliest) {
-    ready_ = nullptr;
-    Row* const row = rowAt(entry.getTimestamp() < earliest ? earliest : entry.getTimestamp());
-    TimeOrder<Sample>& samples = columns_[column].samples_;
-    if (Sample* const following = SampleAtOrAfter(samples, row->time())) settleSpan(following);
-    Sample* sample = samples.lastUpTo(row->time());  // settling may have put a cell into the row
-    Cell cell = keep(entry, row->time());
-    if (sample != nullptr && sample->row_ == row) {
-        if (sample->next_ != nullptr) settleSpan(sample->next_);
-        sample->cell_ = std::move(cell);
+    hasReady_ = false;
+    const Timestamp t = std::max(entry.getTimestamp(), earliest);
+    const Rows::Place row = rowAt(t);
+    const Sample sample(t, forms_.keep(entry));
+    if (isRepeated(*columns_[column], sample)) {
+        forms_.release(sample.cell_);
     } else {
-        sample = insertSample(row, column, sample, std::move(cell));
+        put(*columns_[column], sample, row);
     }
-    fillBack(sample);
     judgeReadiness(row);
 }
 
 void PendingRows::add(const SyslogEntry& entry, const Timestamp& earliest) {
-    ready_ = nullptr;
-    Row* row = rowAt(entry.getTimestamp() < earliest ? earliest : entry.getTimestamp());
-    row->syslog_.reset(new SyslogEntry(entry));
+    hasReady_ = false;
+    const Timestamp t = std::max(entry.getTimestamp(), earliest);
+    const Rows::Place row = rowAt(t);
+    TimePages<Message>::Place place = messages_.lastUpTo(Timed(t));
+    if (!place || messages_.at(place) != Timed(t)) place = messages_.insertAfter(place, Message(t));
+    delete std::exchange(messages_.at(place).entry_, new SyslogEntry(entry));
     judgeReadiness(row);
 }
 
-const Timestamp& PendingRows::frontTime() const {
-    return rows_.first()->time();
+const DataEntry* PendingRows::frontCell(int index) {
+    Column& column = *columns_[index];
+    const Samples::Place place = column.samples_.first();
+    if (!place) return nullptr;
+    const Row& front = rows_.at(rows_.first());
+    const Sample& sample = column.samples_.at(place);
+    if (sample == front) return forms_.entry(sample.cell_, front.time());
+    if (sample.fill_ == NOTHING || !column.hasLeft_ || front.serial_ >= sample.filledBefore_) return nullptr;
+    const CellForms::Cell made = between(front, column.left_, sample);
+    const DataEntry* const entry = forms_.entry(made, front.time());
+    forms_.release(made);
+    return entry;
 }
 
-const DataEntry* PendingRows::frontCell(int column) {
-    const Row* const front = rows_.first();
-    const Sample* sample = columns_[column].samples_.first();
-    if (sample == nullptr) return nullptr;
-    if (sample->row_ == front) return sample->cell_.entry_.get();
-    const Cell& before = cellBefore(*sample);
-    if (sample->fill_ == NOTHING || before.entry_ == nullptr || front->serial_ >= sample->filledBefore_) return nullptr;
-    madeCell_ = Between(front->time(), before, *sample);
-    return madeCell_.entry_.get();
-}
-
-const SyslogEntry* PendingRows::frontSyslog() const {
-    return rows_.first()->syslog_.get();
+const SyslogEntry* PendingRows::frontSyslog() {
+    const TimePages<Message>::Place place = messages_.first();
+    const bool isHere = place && messages_.at(place) == rows_.at(rows_.first());
+    return isHere ? messages_.at(place).entry_ : nullptr;
 }
 
 void PendingRows::dropFront() {
-    Row* const row = rows_.first();
-    while (Sample* sample = row->samples_) {
-        Column& column = columns_[sample->column_];
-        row->samples_ = sample->nextInRow_;
-        column.left_ = std::move(sample->cell_);
+    const Timed front = rows_.at(rows_.first());
+    for (int i = 0; i < columnCount_; ++i) {
+        Column& column = *columns_[i];
+        if (column.samples_.isEmpty() || column.samples_.at(column.samples_.first()) != front) continue;
+        release(column);
+        column.left_ = column.samples_.at(column.samples_.first());
+        column.hasLeft_ = true;
         column.samples_.dropFirst();
-        delete sample;
+    }
+    if (frontSyslog() != nullptr) {
+        delete frontSyslog();
+        messages_.dropFirst();
     }
     rows_.dropFirst();
-    --rowCount_;
-    if (ready_ == row) ready_ = nullptr;
-    delete row;
+}
+
+void PendingRows::release(Column& column) {
+    if (column.hasLeft_) forms_.release(column.left_.cell_);
+    column.hasLeft_ = false;
 }
 
 void PendingRows::forgetSamples() {
-    for (int i = 0; i < columnCount_; ++i) columns_[i].left_ = Cell();
-    madeCell_ = Cell();
-    latest_.reset();
+    for (int i = 0; i < columnCount_; ++i) release(*columns_[i]);
+    forms_.forget();
 }
 
 // The row of that time, made when there is none.
-PendingRows::Row* PendingRows::rowAt(const Timestamp& time) {
-    Row* const previous = rows_.lastUpTo(time);
-    if (previous != nullptr && previous->time() == time) return previous;
-    Row* const row = new Row;
-    row->time_ = time;
-    row->serial_ = nextSerial_++;
-    rows_.insertAfter(previous, row);
-    ++rowCount_;
-    return row;
+PendingRows::Rows::Place PendingRows::rowAt(const Timestamp& t) {
+    Row row(t);
+    const Rows::Place previous = rows_.lastUpTo(row);
+    if (previous && rows_.at(previous) == row) return previous;
+    row.serial_ = nextSerial_++;
+    const Rows::Place place = rows_.insertAfter(previous, row);
+    rows_.at(place).filledCells_ = -place.page_->filledCells_;
+    return place;
 }
 
-// The first of a column's samples that is not before the time; null when the time comes after all of them.
-PendingRows::Sample* PendingRows::SampleAtOrAfter(TimeOrder<Sample>& samples, const Timestamp& time) {
-    Sample* const last = samples.lastUpTo(time);
-    if (last == nullptr) return samples.first();
-    return last->time() == time ? last : last->next_;
+// The column has that very sample, and no row has come since: it changes nothing. A variable that serves itself brings
+// each of its samples twice.
+bool PendingRows::isRepeated(Column& column, const Sample& sample) {
+    const Samples::Place place = column.samples_.lastUpTo(sample);
+    if (!place) return false;
+    const Sample& last = column.samples_.at(place);
+    return last == sample && last.filledBefore_ == nextSerial_ && forms_.areSame(last.cell_, sample.cell_);
 }
 
-PendingRows::Sample* PendingRows::insertSample(Row* row, int column, Sample* previous, Cell cell) {
-    Sample* sample = new Sample;
-    sample->cell_ = std::move(cell);
-    sample->column_ = column;
-    sample->row_ = row;
-    sample->nextInRow_ = row->samples_;
-    row->samples_ = sample;
-    columns_[column].samples_.insertAfter(previous, sample);
-    ++row->filledCells_;
-    return sample;
+void PendingRows::put(Column& column, const Sample& sample, Rows::Place row) {
+    Samples& samples = column.samples_;
+    settleSpan(column, FirstFrom(samples, sample));
+    Samples::Place place = samples.lastUpTo(sample);  // settling may have put a cell into the row
+    if (place && samples.at(place) == sample) {
+        settleSpan(column, samples.next(place));
+        place = samples.lastUpTo(sample);
+        forms_.release(std::exchange(samples.at(place).cell_, sample.cell_));
+    } else {
+        place = samples.insertAfter(place, sample);
+        noteFilled(row);
+    }
+    fillBack(column, place, row);
+    samples.at(place).filledBefore_ = nextSerial_;
 }
 
-PendingRows::Cell PendingRows::keep(const DataEntry& entry, const Timestamp& t) {
-    if (entry.getDataValue() == nullptr || entry.isNumber()) return {nullptr, At(t, new DataEntry(entry))};
-    const Text& text = textOf(entry);
-    return {text, At(t, new DataEntry(entry, text.get()))};
-}
-
-// The latest text or array of the element, as far as it still is that.
-const PendingRows::Text& PendingRows::textOf(const DataEntry& entry) {
-    if (latest_ == nullptr) latest_.reset(new Text[ElementURI::NUM_CODES]);
-    Text& latest = latest_[entry.getElementCode()];
-    const DataValue& value = *entry.getDataValue();
-    const bool isLatest = latest != nullptr && latest->getUnit() == value.getUnit() && latest->equals(value);
-    if (!isLatest) latest.reset(value.copy());
-    return latest;
+// The first that is not before the time; nowhere when the time comes after all of them.
+PendingRows::Samples::Place PendingRows::FirstFrom(Samples& samples, const Timed& time) {
+    const Samples::Place last = samples.lastUpTo(time);
+    if (!last) return samples.first();
+    return samples.at(last) == time ? last : samples.next(last);
 }
 
 // Makes the cells between the sample and the one before it real, since what follows may change either end.
-void PendingRows::settleSpan(Sample* sample) {
-    const Fill fill = sample->fill_;
-    const Cell& before = cellBefore(*sample);
-    const Row* end = sample->previous_ == nullptr ? nullptr : sample->previous_->row_;
-    Sample* const previous = sample->previous_;
-    for (Row* row = sample->row_->previous_; fill != NOTHING && before.entry_ != nullptr && row != end;
-         row = row->previous_) {
-        if (row->serial_ >= sample->filledBefore_) continue;
-        insertSample(row, sample->column_, previous, Between(row->time(), before, *sample));
-        --row->filledCells_;  // counted when the span was filled
+void PendingRows::settleSpan(Column& column, Samples::Place end) {
+    if (!end || column.samples_.at(end).fill_ == NOTHING) return;
+    Samples::Place place = column.samples_.previous(end);
+    if (!place && !column.hasLeft_) return;
+    const Sample before = place ? column.samples_.at(place) : column.left_;
+    const Sample after = column.samples_.at(end);
+    column.samples_.at(end).fill_ = NOTHING;
+    for (Rows::Place at = place ? rows_.next(rows_.lastUpTo(before)) : rows_.first(); rows_.at(at) < after;
+         at = rows_.next(at)) {
+        const Row row = rows_.at(at);
+        if (row.serial_ >= after.filledBefore_) continue;
+        place = column.samples_.insertAfter(place, Sample(row.time(), between(row, before, after)));
     }
-    sample->fill_ = NOTHING;
 }
 
 // Fills the column's empty cells between the sample and its predecessor among the pending rows.
-void PendingRows::fillBack(Sample* sample) {
-    noteComplete(sample->row_);
-    if (sample->previous_ == nullptr || sample->previous_->row_ == sample->row_->previous_) return;
-    const Fill fill = fillFor(*sample->previous_->cell_.entry_, *sample->cell_.entry_);
-    if (fill == NOTHING || fill == NOT_A_NUMBER) columns_[sample->column_].isReader_ = true;
-    if (fill == NOTHING) return;
-    sample->fill_ = fill;
-    sample->filledBefore_ = nextSerial_;
-    for (Row* row = sample->row_->previous_; row != sample->previous_->row_; row = row->previous_) {
-        ++row->filledCells_;
-        noteComplete(row);
+void PendingRows::fillBack(Column& column, Samples::Place place, Rows::Place row) {
+    const Samples::Place previous = column.samples_.previous(place);
+    if (!previous) return;
+    const Sample before = column.samples_.at(previous);
+    const Rows::Place gap = rows_.previous(row);
+    if (rows_.at(gap) == before) return;
+    Sample& sample = column.samples_.at(place);
+    const Fill fill = fillFor(before, sample);
+    if (fill == NOTHING || fill == NOT_A_NUMBER) column.isReader_ = true;
+    sample.fill_ = fill;
+    if (fill != NOTHING) fillRows(gap, before);
+}
+
+// From the last one back to that after the time.
+void PendingRows::fillRows(Rows::Place last, const Timed& after) {
+    while (last) {
+        Rows::Page* const page = last.page_;
+        if (after < page->first_ && last.index_ + 1 == page->count()) {
+            ++page->filledCells_;
+            notePage(page);
+            last = rows_.lastOf(page->previous_);
+        } else if (after < rows_.at(last)) {
+            noteFilled(last);
+            last = rows_.previous(last);
+        } else {
+            return;
+        }
     }
 }
 
-PendingRows::Fill PendingRows::fillFor(const DataEntry& before, const DataEntry& after) const {
-    if (!after.isDataWrite()) return NOT_A_NUMBER;
-    if (before.getDataAccess()->getNoInterpFlag()) return HELD;
-    const bool isText = !before.isNumber() && !after.isNumber();
+PendingRows::Fill PendingRows::fillFor(const Sample& before, const Sample& after) const {
+    if (!forms_.example(after.cell_).isDataWrite()) return NOT_A_NUMBER;
+    if (forms_.example(before.cell_).getDataAccess()->getNoInterpFlag()) return HELD;
+    const bool isText = !forms_.isNumber(before.cell_) && !forms_.isNumber(after.cell_);
     return isText ? NOTHING : INTERPOLATED;
 }
 
-void PendingRows::Row::summarize() {
-    hasComplete_ =
-        isComplete_ || (earlier_ != nullptr && earlier_->hasComplete_) || (later_ != nullptr && later_->hasComplete_);
+void PendingRows::Row::PageNote::summarize(const PageNote* earlier, const PageNote* later) {
+    mayHold_ = mayComplete_ || (earlier != nullptr && earlier->mayHold_) || (later != nullptr && later->mayHold_);
 }
 
-void PendingRows::noteComplete(Row* row) {
-    if (row->isComplete_ || row->filledCells_ < columnCount_) return;
-    row->isComplete_ = true;
-    rows_.raise(row);
+void PendingRows::noteFilled(Rows::Place row) {
+    Rows::Page* const page = row.page_;
+    page->mostFilledCells_ = std::max(page->mostFilledCells_, ++rows_.at(row).filledCells_);
+    notePage(page);
 }
 
-// The last complete row at or before the row; null when there is none.
-PendingRows::Row* PendingRows::lastCompleteUpTo(Row* row) {
-    rows_.raise(row);
-    if (row->isComplete_) return row;
-    Row* found = row->earlier_;
-    if (found == nullptr || !found->hasComplete_) return nullptr;
-    for (bool isHere = false; !isHere;) {
-        const bool isLater = found->later_ != nullptr && found->later_->hasComplete_;
-        isHere = !isLater && found->isComplete_;
-        if (!isHere) found = isLater ? found->later_ : found->earlier_;
+void PendingRows::notePage(Rows::Page* page) {
+    if (page->mayComplete_ || page->mostFilledCells_ + page->filledCells_ < columnCount_) return;
+    page->mayComplete_ = true;
+    rows_.raise(page);
+}
+
+// The last complete row at or before the row; nowhere when there is none.
+PendingRows::Rows::Place PendingRows::lastCompleteUpTo(Rows::Place row) {
+    Rows::Place found = lastCompleteOfPage(row);
+    while (!found) {
+        rows_.raise(row.page_);
+        Rows::Page* const page = LastOfTree(row.page_->earlier_);
+        if (page == nullptr) return {};
+        rows_.raise(page);
+        found = lastCompleteOfPage(rows_.lastOf(page));
     }
-    rows_.raise(found);
     return found;
 }
 
+// The last page of the tree that may have a complete row; null when there is none.
+PendingRows::Rows::Page* PendingRows::LastOfTree(Rows::Page* page) {
+    while (page != nullptr && page->mayHold_) {
+        const bool isLater = page->later_ != nullptr && page->later_->mayHold_;
+        if (!isLater && page->mayComplete_) return page;
+        page = isLater ? page->later_ : page->earlier_;
+    }
+    return nullptr;
+}
+
+PendingRows::Rows::Place PendingRows::lastCompleteOfPage(Rows::Place last) {
+    Rows::Page* const page = last.page_;
+    if (!page->mayComplete_) return {};
+    int most = std::numeric_limits<int>::min();
+    for (Rows::Place row = last; row.page_ == page; row = rows_.previous(row)) {
+        const int filled = rows_.at(row).filledCells_;
+        if (filled + page->filledCells_ >= columnCount_) return row;
+        most = std::max(most, filled);
+    }
+    if (last.index_ + 1 == page->count()) {
+        page->mostFilledCells_ = most;
+        page->mayComplete_ = false;
+        rows_.raise(page);
+    }
+    return {};
+}
+
 // Rows can leave up to the last complete one that is neither the first pending row nor later than the one just used.
-void PendingRows::judgeReadiness(Row* used) {
-    noteComplete(used);
-    Row* const complete = lastCompleteUpTo(used);
-    if (complete != rows_.first()) ready_ = complete;
+void PendingRows::judgeReadiness(Rows::Place used) {
+    notePage(used.page_);
+    const Rows::Place complete = lastCompleteUpTo(used);
+    hasReady_ = complete && rows_.at(rows_.first()) < rows_.at(complete);
+    if (hasReady_) ready_ = rows_.at(complete);
 }
 
-const PendingRows::Cell& PendingRows::cellBefore(const Sample& sample) const {
-    return sample.previous_ == nullptr ? columns_[sample.column_].left_ : sample.previous_->cell_;
-}
-
-PendingRows::Cell PendingRows::Between(const Timestamp& t, const Cell& before, const Sample& after) {
-    const DataEntry& first = *before.entry_;
-    const DataEntry& last = *after.cell_.entry_;
+CellForms::Cell PendingRows::between(const Timed& t, const Sample& before, const Sample& after) {
     switch (after.fill_) {
         case HELD:
-            if (!first.isNumber()) return {before.text_, At(t, new DataEntry(first, before.text_.get()))};
-            return {nullptr, CopyWithNumber(last, first.getNumber(last.valueUnit()), t)};
+            if (!forms_.isNumber(before.cell_)) return forms_.share(before.cell_);
+            return forms_.withNumber(after.cell_, forms_.number(before.cell_, forms_.unit(after.cell_)));
         case NOT_A_NUMBER:
-            return {nullptr, CopyWithNumber(last, NOT_NUMBER, t)};
+            return forms_.withNumber(after.cell_, NOT_NUMBER);
         default:
-            return {nullptr, CopyWithNumber(last, Interpolated(t, first, last), t)};
+            return forms_.withNumber(after.cell_, interpolated(t.time().asDouble(), before, after));
     }
+}
+
+double PendingRows::interpolated(double seconds, const Sample& before, const Sample& after) {
+    const Unit& unit = forms_.unit(after.cell_);
+    return AuvMath::Interpolate1D(seconds, forms_.number(before.cell_, unit), forms_.number(after.cell_, unit),
+                                  before.time().asDouble(), after.time().asDouble());
 }

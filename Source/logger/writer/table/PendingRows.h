@@ -4,7 +4,8 @@
 
 #include "logger/entry/DataEntry.h"
 #include "logger/entry/SyslogEntry.h"
-#include "logger/writer/table/TimeOrder.h"
+#include "logger/writer/table/CellForms.h"
+#include "logger/writer/table/TimePages.h"
 
 // The rows of an interpolated table that may still change: one per distinct time, in ascending order.
 //
@@ -13,12 +14,12 @@
 // empty cell; that complete row stays as the anchor of later interpolation.
 //
 // What a sample costs does not grow with the number of rows, in whatever order the times come, but for its logarithm
-// where they jump: a row holds its own samples and the number of its filled cells, and the cells in between are
-// remembered as the span between two samples and made when their row leaves. A text or array that comes again is kept
-// once, since a few bytes of a log can repeat one of any length.
+// where they jump: a row is its time and the number of its filled cells, a column has its samples, and the cells in
+// between are remembered as the span between two samples and made when their row leaves. All of these are plain and lie
+// in pages, of which only so many are in memory however many rows wait.
 class PendingRows {
 public:
-    explicit PendingRows(int columnCount);
+    explicit PendingRows(int columnCount, const PageMemory::Room& room = {4096, 16384});  // 64 MB
     ~PendingRows();
     PendingRows(const PendingRows&) = delete;
     PendingRows& operator=(const PendingRows&) = delete;
@@ -28,82 +29,96 @@ public:
     void add(const SyslogEntry& entry, const Timestamp& earliest);  // one per row; a later one replaces it
 
     bool isEmpty() const { return rows_.isEmpty(); }
-    size_t heldBytes() const { return rowCount_ * ROW_BYTES; }  // about
+    size_t heldBytes() const { return memory_.heldBytes(); }  // about
     // The oldest row can no longer change. Judged by the last add alone: call it after each.
-    bool hasReadyRow() const { return ready_ != nullptr && rows_.first() != ready_; }
+    bool hasReadyRow() { return hasReady_ && rows_.at(rows_.first()) < ready_; }
 
-    // The oldest row; what the accessors give is borrowed until dropFront (an interpolated cell: until the next call).
-    const Timestamp& frontTime() const;
+    // The oldest row; what the accessors give is borrowed until the next call.
+    Timestamp frontTime() { return rows_.at(rows_.first()).time(); }
     const DataEntry* frontCell(int column);  // null for an empty cell
-    const SyslogEntry* frontSyslog() const;  // null when the row has none
+    const SyslogEntry* frontSyslog();        // null when the row has none
     void dropFront();                        // only while there is a row
     void forgetSamples();                    // when all rows have left: nothing to interpolate from
 
     // The column holds samples that are no writes, or texts: its empty cells are shown as not-a-number.
-    bool isReaderColumn(int column) const { return columns_[column].isReader_; }
+    bool isReaderColumn(int column) const { return columns_[column]->isReader_; }
 
 private:
-    struct Row;
-
     // What stands in the cells between a sample and the one before it in its column.
-    enum Fill { NOTHING, INTERPOLATED, NOT_A_NUMBER, HELD };
+    enum Fill : int { NOTHING, INTERPOLATED, NOT_A_NUMBER, HELD };
 
-    typedef std::shared_ptr<DataValue> Text;  // or array
-    struct Cell {
-        Text text_;  // that the entry borrows; null for one with a number of its own
-        std::unique_ptr<DataEntry> entry_;
+    struct Row : Timed {
+        // A cell that is filled in all rows of a page is counted here.
+        struct PageNote {
+            void summarize(const PageNote* earlier, const PageNote* later);
+
+            int filledCells_ = 0;
+            int mostFilledCells_ = 0;   // that a row counts for itself, or more
+            bool mayComplete_ = false;  // a row of the page may be complete
+            bool mayHold_ = false;      // or one of its tree's pages
+        };
+
+        explicit Row(const Timestamp& t) : Timed(t) {}
+
+        int filledCells_ = 0;       // less those of the page
+        unsigned long serial_ = 0;  // rows are numbered as they are made
     };
-    // In its column; previous_ is null also when that one has left.
-    struct Sample : TimeOrdered<Sample> {
-        const Timestamp& time() const { return row_->time(); }
+    struct Sample : Timed {
+        struct PageNote {
+            void summarize(const PageNote*, const PageNote*) {}
+        };
 
-        Cell cell_;
-        int column_ = 0;
-        Row* row_ = nullptr;
-        Sample* nextInRow_ = nullptr;
-        Fill fill_ = NOTHING;             // of the rows back to previous_ ...
+        Sample(const Timestamp& t, const CellForms::Cell& cell) : Timed(t), cell_(cell) {}
+
+        Fill fill_ = NOTHING;  // of the rows back to the sample before ...
+        CellForms::Cell cell_;
         unsigned long filledBefore_ = 0;  // ... that were made before this serial number
     };
-    struct Row : TimeOrdered<Row> {
-        const Timestamp& time() const { return time_; }
-        void summarize();
+    struct Message : Timed {
+        struct PageNote {
+            void summarize(const PageNote*, const PageNote*) {}
+        };
 
-        Timestamp time_;
-        unsigned long serial_ = 0;  // rows are numbered as they are made
-        int filledCells_ = 0;
-        bool isComplete_ = false;
-        bool hasComplete_ = false;   // a row of its tree is complete
-        Sample* samples_ = nullptr;  // owned, linked by nextInRow_
-        std::unique_ptr<SyslogEntry> syslog_;
+        explicit Message(const Timestamp& t) : Timed(t) {}
+
+        SyslogEntry* entry_ = nullptr;  // owned
     };
+    typedef TimePages<Row> Rows;
+    typedef TimePages<Sample> Samples;
     struct Column {
-        TimeOrder<Sample> samples_;  // of the pending rows
-        Cell left_;                  // the last sample whose row has left; spans may begin there
+        explicit Column(PageMemory& memory) : samples_(memory) {}
+
+        Samples samples_;                           // of the pending rows
+        Sample left_{Timestamp::NOT_SET_TIME, {}};  // the last one whose row has left; spans may begin there
+        bool hasLeft_ = false;
         bool isReader_ = false;
     };
 
-    Row* rowAt(const Timestamp& time);
-    static Sample* SampleAtOrAfter(TimeOrder<Sample>& samples, const Timestamp& time);
-    Sample* insertSample(Row* row, int column, Sample* previous, Cell cell);
-    Cell keep(const DataEntry& entry, const Timestamp& t);
-    const Text& textOf(const DataEntry& entry);
-    void settleSpan(Sample* sample);
-    void fillBack(Sample* sample);
-    Fill fillFor(const DataEntry& before, const DataEntry& after) const;
-    void noteComplete(Row* row);
-    Row* lastCompleteUpTo(Row* row);
-    void judgeReadiness(Row* used);
-    const Cell& cellBefore(const Sample& sample) const;
-    static Cell Between(const Timestamp& t, const Cell& before, const Sample& after);
+    Rows::Place rowAt(const Timestamp& time);
+    bool isRepeated(Column& column, const Sample& sample);
+    static Samples::Place FirstFrom(Samples& samples, const Timed& time);
+    void put(Column& column, const Sample& sample, Rows::Place row);
+    void settleSpan(Column& column, Samples::Place end);
+    void fillBack(Column& column, Samples::Place place, Rows::Place row);
+    void fillRows(Rows::Place last, const Timed& after);
+    Fill fillFor(const Sample& before, const Sample& after) const;
+    double interpolated(double seconds, const Sample& before, const Sample& after);
+    CellForms::Cell between(const Timed& t, const Sample& before, const Sample& after);
+    void noteFilled(Rows::Place row);
+    void notePage(Rows::Page* page);
+    Rows::Place lastCompleteOfPage(Rows::Place last);
+    Rows::Place lastCompleteUpTo(Rows::Place row);
+    static Rows::Page* LastOfTree(Rows::Page* page);
+    void judgeReadiness(Rows::Place used);
+    void release(Column& column);
 
     const int columnCount_;
-    std::unique_ptr<Column[]> columns_;
-    static const size_t ROW_BYTES = 300;  // with its samples, in a table of few columns
-
-    TimeOrder<Row> rows_;  // owned
-    size_t rowCount_ = 0;
-    Row* ready_ = nullptr;  // the rows before it can leave
+    PageMemory memory_;
+    CellForms forms_;
+    Rows rows_;
+    TimePages<Message> messages_;
+    std::unique_ptr<std::unique_ptr<Column>[]> columns_;
+    Timed ready_;  // the rows before it can leave
+    bool hasReady_ = false;
     unsigned long nextSerial_ = 0;
-    Cell madeCell_;                   // the interpolated cell handed out last
-    std::unique_ptr<Text[]> latest_;  // by element code; null before the first text
 };

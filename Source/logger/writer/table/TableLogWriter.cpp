@@ -20,6 +20,10 @@ TableLogWriter::~TableLogWriter() {
     Release(outputTo_);
 }
 
+void TableLogWriter::setRoom(const PageMemory::Room& room) {
+    if (interpolate_) pendingRows_.reset(new PendingRows(columns_.count(), room));
+}
+
 unsigned int TableLogWriter::writeHeader() {
     return outputTo_ == nullptr ? 0 : outputTo_->writeHeader();
 }

@@ -4,6 +4,7 @@
 
 #include "logger/engine/LogWriter.h"
 #include "logger/writer/VariableSelection.h"
+#include "logger/writer/table/PageMemory.h"
 #include "utils/Timestamp.h"
 
 class DataEntry;
@@ -32,6 +33,9 @@ public:
     void resetInputs() override;
     size_t heldBytes() override;
     void endEarly() override;  // writes the pending rows, the table's last
+
+    // For rows that wait, when interpolating; before the first entry.
+    void setRoom(const PageMemory::Room& room);
 
     // Each returns the number of bytes written.
     virtual unsigned int writeAllInterpolated();                 // emits every pending row

@@ -5,6 +5,7 @@
 
 #include "io/OutText.h"
 #include "logger/entry/DataEntry.h"
+#include "logger/entry/EntryText.h"
 
 static const unsigned int TIME_DECIMALS = 3;
 static const size_t TIMES_ROOM = 128;  // bytes that the times of a row, and separators of a usual length, do not exceed
@@ -74,11 +75,13 @@ unsigned int TextTableLogWriter::writeRow() {
 void TextTableLogWriter::appendTime(TextBuffer& row) const {
     if (!lastTime_.isSet()) {
         row.append(NO_VALUE).append(separator_).append(NO_VALUE);
-        return;
+    } else if (separatorLength_ == 1 && *separator_ == ',') {
+        EntryText::AppendTimes(row, lastTime_, TIME_DECIMALS);
+    } else {
+        char time[Timestamp::TEXT_ROOM];
+        row.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
+        row.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
     }
-    char time[Timestamp::TEXT_ROOM];
-    row.append(lastTime_.toString(time, sizeof time, TIME_DECIMALS)).append(separator_);
-    row.appendFixed(lastTime_.asDouble(), TIME_DECIMALS);
 }
 
 unsigned int TextTableLogWriter::writeFooter() {

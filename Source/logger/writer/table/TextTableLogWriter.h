@@ -5,6 +5,8 @@
 #include "logger/writer/table/TableLogWriter.h"
 #include "utils/TextBuffer.h"
 
+class Unit;
+
 // The rows as delimited text: a header line with "Timestamp", "EpochSeconds" and the names as given, then a line a row.
 // A column shows its last value again until a new one comes, "nan" before the first. A cell or name that holds the
 // separator, a quote or a line break stands in double quotes, inner ones doubled.

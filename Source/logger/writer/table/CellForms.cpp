@@ -1,0 +1,137 @@
+#include "logger/writer/table/CellForms.h"
+
+#include <cmath>
+#include <cstring>
+#include <typeinfo>
+
+#include "data/DataAccess.h"
+#include "data/StrValue.h"
+#include "units/Units.h"
+
+namespace {
+
+const StrValue& TextIn(const DataEntry& entry) {
+    return static_cast<const StrValue&>(*entry.getDataValue());
+}
+
+double BaseNumber(const DataValue& value) {
+    double number = 0;
+    value.copyTo(value.getBaseUnit(), number);
+    return number;
+}
+
+}  // namespace
+
+CellForms::Cell CellForms::keep(const DataEntry& entry) {
+    const Form& form = *formOf(entry);
+    Cell cell;
+    cell.form_ = form.index_;
+    if (form.isText_) {
+        cell.text_ = textOf(entry);
+        ++cell.text_->uses_;
+    } else if (entry.getDataValue() != nullptr) {
+        cell.number_ = BaseNumber(*entry.getDataValue());
+    }
+    return cell;
+}
+
+CellForms::Cell CellForms::share(const Cell& cell) const {
+    if (isText(cell)) ++cell.text_->uses_;
+    return cell;
+}
+
+void CellForms::release(const Cell& cell) const {
+    if (isText(cell)) Release(cell.text_);
+}
+
+void CellForms::Release(Text* text) {
+    if (--text->uses_ == 0) delete text;
+}
+
+void CellForms::forget() {
+    for (int code = 0; latest_ != nullptr && code < ElementURI::NUM_CODES; ++code) {
+        if (latest_[code] != nullptr) Release(latest_[code]);
+    }
+    latest_.reset();
+    buckets_.reset();
+    forms_.clear();
+}
+
+const DataEntry* CellForms::entry(const Cell& cell, const Timestamp& t) const {
+    const Form& form = this->form(cell);
+    DataValue* const value = form.entry_->getDataValue();
+    form.entry_->setTimestamp(t);
+    if (form.isText_) {
+        static_cast<StrValue*>(value)->setFrom(cell.text_->bytes_);
+    } else if (value != nullptr) {
+        value->setFrom(value->getBaseUnit(), cell.number_);
+    }
+    return form.entry_.get();
+}
+
+double CellForms::number(const Cell& cell, const Unit& unit) const {
+    return entry(cell, form(cell).entry_->getTimestamp())->getNumber(unit);
+}
+
+const Unit& CellForms::unit(const Cell& cell) const {
+    return example(cell).valueUnit();
+}
+
+bool CellForms::areSame(const Cell& a, const Cell& b) const {
+    if (a.form_ != b.form_) return false;
+    return isText(a) ? a.text_ == b.text_ : memcmp(&a.number_, &b.number_, sizeof a.number_) == 0;
+}
+
+CellForms::Cell CellForms::withNumber(const Cell& cell, double number) {
+    Form& form = *forms_.at(cell.form_);
+    DataValue* const value = form.entry_->getDataValue();
+    Cell made;
+    if (value != nullptr && !form.isText_) {
+        value->setFrom(form.entry_->valueUnit(), number);
+        made.form_ = form.index_;
+        made.number_ = BaseNumber(*value);
+        if (!std::isnan(number) || value->isNaN()) return made;
+    }
+    DataEntry asDouble(*form.entry_, value);
+    asDouble.setNumber(form.entry_->valueUnit(), number);
+    if (form.doubles_ == nullptr) form.doubles_ = formOf(asDouble);
+    made.form_ = form.doubles_->index_;
+    made.number_ = BaseNumber(*asDouble.getDataValue());
+    return made;
+}
+
+CellForms::Form* CellForms::formOf(const DataEntry& entry) {
+    if (buckets_ == nullptr) buckets_.reset(new Form*[BUCKETS]());
+    Form*& bucket = buckets_[entry.getDataAccess()->getCode() % BUCKETS];
+    for (Form* form = bucket; form != nullptr; form = form->nextOfBucket_) {
+        if (Stands(*form->entry_, entry)) return form;
+    }
+    Form* const form = new Form;
+    form->entry_.reset(new DataEntry(entry));
+    form->isText_ = entry.getDataValue() != nullptr && !entry.isNumber();
+    form->nextOfBucket_ = bucket;
+    form->index_ = forms_.size();
+    forms_.push(form);
+    return bucket = form;
+}
+
+bool CellForms::Stands(const DataEntry& example, const DataEntry& entry) {
+    if (example.getDataAccess() != entry.getDataAccess() || example.isBest() != entry.isBest() ||
+        example.isChanged() != entry.isChanged()) {
+        return false;
+    }
+    const DataValue* const a = example.getDataValue();
+    const DataValue* const b = entry.getDataValue();
+    if (a == nullptr || b == nullptr) return a == b;
+    return typeid(*a) == typeid(*b) && a->getUnit() == b->getUnit() && a->getBinaryType() == b->getBinaryType();
+}
+
+// The latest text or array of the element, as far as it still is that.
+CellForms::Text* CellForms::textOf(const DataEntry& entry) {
+    if (latest_ == nullptr) latest_.reset(new Text*[ElementURI::NUM_CODES]());
+    Text*& latest = latest_[entry.getElementCode()];
+    const Str& bytes = TextIn(entry).getValue();
+    if (latest != nullptr && latest->bytes_ == bytes) return latest;
+    if (latest != nullptr) Release(latest);
+    return latest = new Text{bytes, 1};
+}
