@@ -94,22 +94,6 @@ TEST_F(NetCdfTableLogWriterTest, WhatIsMissingIsNaN) {
     EXPECT_EQ("m", file.att("No.such", "units"));
 }
 
-TEST_F(NetCdfTableLogWriterTest, ANameMayBecomeKnownLater) {
-    NameList names{"A.late"}, none;
-    {
-        const std::unique_ptr<LogWriter> writer(newWriter(names, none, none));
-        writer->write(log_.cycle(0), nullptr);
-        DataAccess* const late = log_.declare("A.late");
-        for (int i = 1; i < 4; ++i) {
-            writer->write(log_.data(late, i - 0.5, i), nullptr);
-            writer->write(log_.cycle(i), nullptr);
-        }
-    }
-    const Numbers late = NetCdfFile(path_).numbers("A.late");
-    ASSERT_FALSE(late.empty());
-    EXPECT_EQ(3, late.back());
-}
-
 // The codes of a second input may be others.
 TEST_F(NetCdfTableLogWriterTest, AnotherInputContinuesTheTable) {
     NameList names{"A.a"}, units, settings{"S.s"};
