@@ -113,6 +113,10 @@ TEST_F(ZipEncoderTest, AFailureIsReportedAndLeavesWhatWasThere) {
     EXPECT_EQ("error in reading " + dir_.path("folder") + "\n", failure(dir_.path("folder"), archive));
     EXPECT_FALSE(dir_.has("a.zip"));
     EXPECT_EQ("error in closing " + file + " in the zipfile\nerror in closing /dev/full\n", failure(file, "/dev/full"));
+    std::string noise;
+    for (unsigned int i = 0; i < 1000000; ++i) noise += static_cast<char>((i * i) >> 11 ^ (i * 2654435761u) >> 24);
+    const std::string large = dir_.write("large", noise);
+    EXPECT_EQ(0u, failure(large, "/dev/full").find("error in writing " + large + " in the zipfile\n"));
     dir_.write("a.zip", "earlier");
     EXPECT_EQ("error in opening " + missing + " for reading\n", failure(missing, archive));
     EXPECT_EQ("earlier", dir_.read("a.zip"));

@@ -1,6 +1,8 @@
 #include "logger/reader/LogDirectory.h"
 
 #include "ReaderFixture.h"
+#include "data/Component.h"
+#include "data/DataReader.h"
 #include "logger/engine/DirectoryFeed.h"
 #include "logger/reader/FileLogReader.h"
 
@@ -65,7 +67,9 @@ TEST_F(LogDirectoryTest, WithoutAWriterWhatIsNewGoesToTheFeed) {
     EXPECT_EQ(lines_, Lines());
     const DirectoryFeed feed(slate_, engine_);
     Slate::EnableDirectoryWrites();
-    Slate::GetCodedName("Rudder");
+    Slate::RegisterElementURI(new ElementURI(ElementURI::NO_CODE - 1, "Last.code", ElementURI::DATA_ELEMENT));
+    Component rudder("Rudder");  // whose element gets no code any more, and no access then
+    Slate::NewReader(&rudder, ElementURI(ElementURI::NO_CODE, "Rudder.angle", ElementURI::DATA_ELEMENT));
     Slate::WriteDirectory(nullptr, false);
     EXPECT_EQ(lines_, Lines{"NAME 1 Rudder"});
 }

@@ -12,6 +12,8 @@ TEST(PaddingLimitTest, OnlyWhatThePaddingWouldPassIsLeftOut) {
     const DataEntry& full = *log.blob(access, 0, std::vector<unsigned char>(1024));
     const DataEntry& quarter = *log.blob(access, 0, std::vector<unsigned char>(256));
     const DataEntry& empty = *log.blob(access, 0, std::vector<unsigned char>());
+    EXPECT_TRUE(PaddingLimit().admits(empty, 256 * MEGABYTE + 400, 1)) << "four bytes came";
+    EXPECT_FALSE(PaddingLimit().admits(empty, 256 * MEGABYTE + 401, 1));
     PaddingLimit limit;
     for (int i = 0; i < 256; ++i) EXPECT_TRUE(limit.admits(full, 4 * MEGABYTE, 1024));
     for (int i = 0; i < 256; ++i) EXPECT_TRUE(limit.admits(empty, MEGABYTE, 1024));
