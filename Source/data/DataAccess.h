@@ -6,6 +6,7 @@
 #include "data/ElementURI.h"
 #include "data/Logger.h"
 #include "units/BinaryDataType.h"
+#include "units/Units.h"
 
 class InStream;
 class OutStream;
@@ -42,6 +43,7 @@ public:
     const Unit* getUnit() const {  // null when the log's unit name names no unit
         return unit_ != nullptr || unitLookedUp_ ? unit_ : lookUpUnit();
     }
+    const Unit& getUnitOrNone() const { return getUnit() == nullptr ? Units::NONE : *getUnit(); }
     Str getUnitName() const;  // the name as the log gave it; "none" without a unit
     BinaryDataType getBinaryType() const { return binaryType_; }
     unsigned short getTypeSize() const { return typeSize_; }

@@ -28,8 +28,8 @@ size_t WriteCompact(OutStream& out, long long value) {
     return n + out.writeLongLong(value).bytesWritten();
 }
 
-bool Fail(const Logger& logger, const char* text) {
-    logger.syslog(text, Syslog::ERROR);
+bool Fail(const Logger& logger, InStream& in, const char* text) {
+    if (!in.hasFailed()) logger.syslog(text, Syslog::ERROR);
     return false;
 }
 

@@ -19,9 +19,11 @@ public:
 
     void beginFile(const Str& file);
     void beginAttempt() { complaintsBefore_ = complaints(); }
-    void entryRead(long long begin, long long end) {
-        if (failures_ > 0) endStretch(begin);
-        if (isDamaged()) ++entriesAfter_;
+    bool isInStretch() const { return failures_ > 0; }
+    // So many entries that lie one behind the other.
+    void entriesRead(unsigned int n, long long begin, long long end) {
+        if (isInStretch()) endStretch(begin);
+        if (isDamaged()) entriesAfter_ += n;
         goodEnd_ = end;
     }
     // No entry came of the bytes up to `end`. Bytes that hold none by design are no damage: nobody complains of them.

@@ -118,7 +118,7 @@ void Unserialize::readEntries(const Str& input, Progress& progress) {
     entries->setTimeAdjust(timeCorrection_);
     FileLogReader file(input, entries);  // owns the entry reader
     for (int zeros = 0; zeros < FileLogReader::MAX_ZERO_READS; ++zeros) {
-        while (!isMemoryUsedUp_ && !writesInVain() && file.read() > 0) {
+        while (!isMemoryUsedUp_ && !writesInVain() && file.readRun() > 0) {
             zeros = 0;
             isMemoryUsedUp_ = MemoryReserve::WasTaken() && !regainMemory();
             if (progress.isDue()) progress.show(bytesBefore_ + file.getBytesPassed());
