@@ -16,8 +16,8 @@ private:
     const Log::Use use_;
 };
 
-// Streams take bytes inline, and locks are free, only while the process has one thread. libFuzzer's watch over memory
-// is a second one, but touches nothing of ours.
+// Locks are free only while the process has one thread. libFuzzer's watch over memory is a second one, but touches
+// nothing of ours.
 inline void ActAsOneThread(bool one = true) {
     __libc_single_threaded = one;
 }

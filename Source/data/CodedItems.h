@@ -29,8 +29,9 @@ struct CodedItems {
     static constexpr unsigned int CAPACITY = 32;
     static constexpr unsigned int MAX_CAPACITY = 16384;
 
-    // kind: its word in messages. retoldCount: of all kinds; borrowed.
-    CodedItems(const char* kind, std::atomic<unsigned int>& retoldCount) : kind_(kind), retoldCount_(retoldCount) {}
+    // kind: its word in messages. retoldCount and changes: of all kinds; borrowed.
+    CodedItems(const char* kind, std::atomic<unsigned int>& retoldCount, std::atomic<unsigned int>& changes)
+        : kind_(kind), retoldCount_(retoldCount), changes_(changes) {}
     CodedItems(const CodedItems&) = delete;
     CodedItems& operator=(const CodedItems&) = delete;
 
@@ -46,6 +47,7 @@ struct CodedItems {
     // By code: what the log has last said of it, where another item is registered; owned.
     FlexArray<T*> retold_{true, CAPACITY, MAX_CAPACITY};
     std::atomic<unsigned int>& retoldCount_;
+    std::atomic<unsigned int>& changes_;  // of what the codes stand for
     std::bitset<NO_CODE> reported_ = {};  // codes whose contradiction this log has been reported for
 
     // Takes over an item read from a log, to stand under its own code. The result is the registered item: this one, or
@@ -113,6 +115,7 @@ struct CodedItems {
             if (retold_.at(static_cast<unsigned int>(code)) != nullptr) --retoldCount_;
         }
         retold_.clear();
+        ++changes_;
     }
 
     // Everything is forgotten and every item loses its code; what is owned lives on.
@@ -144,6 +147,7 @@ struct CodedItems {
         byCode_.set(item.getCode(), nullptr);
         item.setCode(NO_CODE);
         --count_;
+        ++changes_;
     }
 
 private:
@@ -160,12 +164,14 @@ private:
         if (told != nullptr) ++retoldCount_;
         delete retold_.at(code);
         retold_.set(code, told);
+        ++changes_;
     }
 
     T* place(T* item, unsigned short code) {
         if (item->getCode() >= NO_CODE) ++count_;
         item->setCode(code);
         byCode_.set(code, item);
+        ++changes_;
         if (nextCode_ <= code) nextCode_ = static_cast<unsigned short>(code + 1);
         return item;
     }

@@ -5,6 +5,7 @@
 #include "data/DataAccessor.h"
 #include "data/ElementURI.h"
 #include "data/Logger.h"
+#include "units/BinaryDataType.h"
 #include "units/Units.h"
 #include "utils/Mutex.h"
 #include "utils/Str.h"

@@ -72,6 +72,9 @@ public:
     virtual size_t getTypeSize() const { return typeSize_; }  // bytes in the log; a text's without its length
     virtual BinaryDataType getBinaryType() const { return binaryType_; }  // NO_TYPE after clearType
 
+    // It holds what the log has of such a type, in that unit.
+    bool isOf(BinaryDataType type, const Unit& unit) const { return binaryType_ == type && unit_ == &unit; }
+
     virtual void appendTo(TextBuffer& text, const Unit& unit) const = 0;  // the text of toString(unit)
 
     const Unit* getUnit() const { return unit_; }  // null for a value made without one, which counts as unitless

@@ -118,6 +118,7 @@ void Log::takeBackCodesNotRead() {
     MutexLocker lock(elementURIs_.mutex_);
     elementURIs_.takeBackCodesNotRead();
     elementsByCode_.clear();
+    ++changes_;
     for (unsigned int i = 0; i < elements_.size(); ++i) {
         const ElementURI* const uri = elementURIs_.byText_.get(elements_.getIndexed(i)->getUri());
         if (uri != nullptr) placeElement(*uri);

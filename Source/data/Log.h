@@ -140,6 +140,9 @@ public:
     bool giveNextCode(CodedStr* name);
     bool giveNextCode(DataAccess* access);
 
+    // Grows whenever a code comes to stand for something else: what was found by codes must then be found anew.
+    unsigned int getChanges() const { return changes_.load(std::memory_order_relaxed); }
+
     // What a log says of a code otherwise than what is registered under it holds from there on, until it says again
     // what is registered: entries are decoded by it, but nothing is known by it.
     void beginReading(const Str& name);  // from the log's start, where it has said nothing yet
@@ -223,13 +226,14 @@ private:
     unsigned long unknownRecords_ = 0;
     unsigned int inheritedTypes_ = 0;
     std::atomic<unsigned int> retoldCount_{0};
+    std::atomic<unsigned int> changes_{1};
     Contradictions contradictions_{*this};
 
     // Owned, in the order of the catalogue; empty in the process's own log, which has the catalogue itself.
     FlexArray<UniversalURI*> universals_{true};
-    CodedItems<ElementURI> elementURIs_{"element", retoldCount_};
-    CodedItems<CodedStr> names_{"name", retoldCount_};
-    CodedItems<DataAccess> dataAccesses_{"data access", retoldCount_};
+    CodedItems<ElementURI> elementURIs_{"element", retoldCount_, changes_};
+    CodedItems<CodedStr> names_{"name", retoldCount_, changes_};
+    CodedItems<DataAccess> dataAccesses_{"data access", retoldCount_, changes_};
     // Under the lock of the element names.
     FlexArray<DataElement*> elementStore_{true};  // what is owned, until uninitialize
     FlexArray<DataAccessor*> accessorStore_{true};

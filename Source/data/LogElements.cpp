@@ -114,6 +114,7 @@ void Log::placeElement(const ElementURI& uri) {
     if (element == nullptr) return;
     element->setCode(uri.getCode());
     if (uri.hasCode()) elementsByCode_.set(uri.getCode(), element);
+    ++changes_;
 }
 
 // Accesses of components

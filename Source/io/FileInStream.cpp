@@ -1,5 +1,8 @@
 #include "io/FileInStream.h"
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <cerrno>
 
 static const size_t BUFFER_BYTES = 65536;
@@ -13,31 +16,72 @@ FileInStream::FileInStream(FILE* file, bool autoClose) : filename_("unknown") {
 }
 
 FileInStream::~FileInStream() {
-    if (autoClose_) {
-        close();
-    } else {
-        returnReady();
-    }
+    if (autoClose_) close();
 }
 
 InStream& FileInStream::read(char* buf, size_t n) {
     MutexLocker lock(fileMutex_);
     if (file_ == nullptr) return *this;
-    returnReady();
-    lastRead_ = fread_unlocked(buf, 1, n, file_);
+    lastRead_ = isBuffered() ? readBuffered(buf, n) : readUnbuffered(buf, n);
     totalBytesRead_ += lastRead_;
-    if (lastRead_ < n && readError_ == 0 && ferror_unlocked(file_)) readError_ = errno;
-    lendReady();
     return *this;
+}
+
+size_t FileInStream::readBuffered(char* buf, size_t n) {
+    size_t got = 0;
+    while (got < n && (next_ != bufferEnd_ || fill())) {
+        const size_t piece = std::min(n - got, static_cast<size_t>(bufferEnd_ - next_));
+        std::copy_n(next_, piece, buf + got);
+        next_ += piece;
+        got += piece;
+    }
+    return got;
+}
+
+size_t FileInStream::readUnbuffered(char* buf, size_t n) {
+    const size_t got = fread_unlocked(buf, 1, n, file_);
+    if (got < n && ferror_unlocked(file_)) noteError();
+    return got;
+}
+
+// Asks the system once: a pipe gives what it has and is not waited for until its writer has filled the buffer.
+bool FileInStream::fill() {
+    if (metEnd_) return false;
+    const ssize_t n = ::read(descriptor_, buffer_.get(), BUFFER_BYTES);
+    if (n < 0) noteError();
+    metEnd_ = n == 0;
+    if (n <= 0) return false;
+    next_ = buffer_.get();
+    bufferEnd_ = next_ + n;
+    if (positionOfEnd_ != NO_POSITION) positionOfEnd_ += n;
+    return true;
+}
+
+void FileInStream::noteError() {
+    if (readError_ == 0) readError_ = errno;
+}
+
+ByteCursor FileInStream::lend() {
+    fileMutex_.lock();
+    if (isBuffered() && next_ == bufferEnd_) fill();
+    return ByteCursor(next_, bufferEnd_);
+}
+
+void FileInStream::takeBack(const char* keptEnd) {
+    lastRead_ = static_cast<size_t>(keptEnd - next_);
+    totalBytesRead_ += lastRead_;
+    next_ = keptEnd;
+    fileMutex_.unlock();
 }
 
 bool FileInStream::eof() {
     MutexLocker lock(fileMutex_);
-    return file_ == nullptr || feof_unlocked(file_);
+    return file_ == nullptr || (isBuffered() ? metEnd_ : feof_unlocked(file_) != 0);
 }
 
 void FileInStream::clearErr() {
     MutexLocker lock(fileMutex_);
+    metEnd_ = false;
     if (file_ != nullptr) clearerr(file_);
 }
 
@@ -47,14 +91,27 @@ bool FileInStream::seek(unsigned int offset) {
 
 bool FileInStream::seekTo(long long offset) {
     MutexLocker lock(fileMutex_);
-    returnReady();
-    return file_ != nullptr && fseeko(file_, offset, SEEK_SET) == 0;
+    if (file_ == nullptr) return false;
+    if (!isBuffered()) return fseeko(file_, offset, SEEK_SET) == 0;
+    if (seekInBuffer(offset)) return true;
+    if (lseek(descriptor_, offset, SEEK_SET) < 0) return false;
+    emptyBuffer(offset);
+    return true;
+}
+
+bool FileInStream::seekInBuffer(long long offset) {
+    const long long back = positionOfEnd_ - offset;
+    if (positionOfEnd_ == NO_POSITION || back < 0 || back > bufferEnd_ - buffer_.get()) return false;
+    next_ = bufferEnd_ - back;
+    metEnd_ = false;
+    return true;
 }
 
 long long FileInStream::tell() {
     MutexLocker lock(fileMutex_);
-    returnReady();
-    return file_ == nullptr ? 0 : ftello(file_);
+    if (file_ == nullptr) return 0;
+    if (!isBuffered()) return ftello(file_);
+    return positionOfEnd_ == NO_POSITION ? NO_POSITION : positionOfEnd_ - (bufferEnd_ - next_);
 }
 
 int FileInStream::readError() {
@@ -64,37 +121,33 @@ int FileInStream::readError() {
 
 void FileInStream::close() {
     MutexLocker lock(fileMutex_);
-    returnReady();
     if (file_ != nullptr) fclose(file_);
     file_ = nullptr;
+    descriptor_ = NO_DESCRIPTOR;
+    emptyBuffer(0);
 }
 
 void FileInStream::setFile(FILE* file, const Str& name, bool autoClose) {
     MutexLocker lock(fileMutex_);
     if (autoClose_) close();
-    returnReady();
     filename_ = name;
     hold(file, autoClose);
 }
 
-// A file that outlives the stream must not be left with the stream's buffer.
+// What standard I/O may have read ahead of an owned file is given back first. A file that is none of the system's, but
+// memory, has no descriptor.
 void FileInStream::hold(FILE* file, bool autoClose) {
     file_ = file;
     autoClose_ = autoClose;
     readError_ = 0;
-    if (file == nullptr || !autoClose) return;
-    if (buffer_ == nullptr) buffer_.reset(new char[BUFFER_BYTES]);
-    setvbuf(file, buffer_.get(), _IOFBF, BUFFER_BYTES);
+    descriptor_ = file != nullptr && autoClose ? fileno(file) : NO_DESCRIPTOR;
+    if (isBuffered() && buffer_ == nullptr) buffer_.reset(new char[BUFFER_BYTES]);
+    if (isBuffered()) fflush(file);
+    emptyBuffer(isBuffered() ? lseek(descriptor_, 0, SEEK_CUR) : 0);
 }
 
-// Both as getc does inline, for more than one byte at a time.
-void FileInStream::lendReady() {
-    if (!__libc_single_threaded) return;
-    ready_ = file_->_IO_read_ptr;
-    readyEnd_ = file_->_IO_read_end;
-}
-
-void FileInStream::returnReady() {
-    if (ready_ != nullptr) file_->_IO_read_ptr = const_cast<char*>(ready_);
-    ready_ = readyEnd_ = nullptr;
+void FileInStream::emptyBuffer(long long position) {
+    next_ = bufferEnd_ = buffer_.get();
+    positionOfEnd_ = position;
+    metEnd_ = false;
 }

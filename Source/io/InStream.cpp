@@ -13,8 +13,9 @@ static char* BytesOf(T& value, size_t firstByte = 0) {
     return reinterpret_cast<char*>(&value) + firstByte;
 }
 
-// Counted by the running total: a stream without a file leaves lastRead_ as it was.
-bool InStream::fetchByRead(char* buf, size_t n) {
+// One read; true when it delivered all n bytes. Counted by the running total: a stream without a file leaves lastRead_
+// as it was.
+bool InStream::fetch(char* buf, size_t n) {
     const size_t before = totalBytesRead_;
     read(buf, n);
     return totalBytesRead_ - before == n;
@@ -61,37 +62,38 @@ InStream& InStream::readFloat3(float& value) {
     return read(BytesOf(value, 1), 3);
 }
 
-// ---- Compact codes, piece by piece where the bytes are not at hand
+// ---- Compact codes
 
-void InStream::fetchUShortCompact(unsigned short& value) {
-    unsigned char first;
-    if (!fetch(BytesOf(first), 1)) return;
-    value = first;
-    if ((first & 1) == 0) {
-        value = static_cast<unsigned short>(value >> 1);
-        incBytesRead(1);
-    } else if ((first & 2) == 0) {
-        if (!fetch(BytesOf(value, 1), 1)) return;
-        value = static_cast<unsigned short>(value >> 2);
-        incBytesRead(2);
-    } else {
-        if (!fetch(BytesOf(value), 2)) return;
-        incBytesRead(3);
-    }
+// The first byte, then as many as it says.
+bool InStream::fetchCode(char* code, size_t (*lengthOf)(char first)) {
+    if (!fetch(code, 1)) return false;
+    const size_t length = lengthOf(*code);
+    if (length > 1 && !fetch(code + 1, length - 1)) return false;
+    incBytesRead(length);
+    return true;
 }
 
-void InStream::fetchLongLongCompact(long long& value) {
-    unsigned char first;
-    if (!fetch(BytesOf(first), 1)) return;
-    const int length = CompactLength(first);
-    value = first;
-    if (length == LONGEST_COMPACT) {
-        if (!fetch(BytesOf(value), sizeof value)) return;
-    } else {
-        if (length > 1 && !fetch(BytesOf(value, 1), static_cast<size_t>(length) - 1)) return;
-        value = CompactValue(static_cast<unsigned long long>(value), length);
-    }
-    incBytesRead(static_cast<size_t>(length));
+bool InStream::takeUShortCompact(unsigned short& value) {
+    char code[CompactCode::LONGEST_USHORT] = {};
+    if (!fetchCode(code, CompactCode::UShortLength)) return false;
+    value = CompactCode::UShortValue(code);
+    return true;
+}
+
+bool InStream::takeLongLongCompact(long long& value) {
+    char code[CompactCode::LONGEST_LONG_LONG] = {};
+    if (!fetchCode(code, CompactCode::LongLongLength)) return false;
+    value = CompactCode::LongLongValue(code, CompactCode::LongLongLength(*code));
+    return true;
+}
+
+InStream& InStream::readUShortCompact(unsigned short& value) {
+    takeUShortCompact(value);
+    return *this;
+}
+InStream& InStream::readLongLongCompact(long long& value) {
+    takeLongLongCompact(value);
+    return *this;
 }
 
 // ---- Hexadecimal digits; strtol ends the number at the first character that is none.

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <sys/single_threaded.h>
-
 #include <cstddef>
-#include <cstring>
+
+#include "io/ByteCursor.h"
 
 // A source of bytes in the log's little-endian forms. Every primitive returns the stream, so that calls chain.
 // Errors: nothing is printed. At the end of data a primitive stops, leaves its destination untouched or partly written,
@@ -22,10 +21,8 @@ public:
     // Bytes up to and including delim (or max of them), NUL-terminated: buf holds max + 1 bytes. At the end of data a
     // NUL stands for the byte that did not come and is counted. A delim of 0x80 or above matches nothing.
     virtual InStream& readUntil(char* buf, unsigned int max, unsigned char delim);
-    virtual bool eof() = 0;  // a read has met the end of data, or there is no source
-    // The same, without a call while bytes are ready.
-    bool ended() { return !hasReady() && eof(); }
-    bool hasReady() const { return ready_ != readyEnd_; }  // the next byte comes without a read
+    virtual bool eof() = 0;                     // a read has met the end of data, or there is no source
+    virtual bool hasFailed() { return false; }  // a read came short of the end of data: the source cannot be read
 
     InStream& readChar(signed char& value);              // 1 byte
     InStream& readShort(short& value);                   // 2 bytes
@@ -46,8 +43,31 @@ public:
     InStream& readShortHex(short& value);            // 4 digits
     InStream& readUShortHex(unsigned short& value);  // 4 digits
 
+    // The same for those who must know: false when the bytes did not come.
+    bool takeUShortCompact(unsigned short& value);
+    bool takeLongLongCompact(long long& value);
+    bool takeUShort(unsigned short& value) { return readExactly(&value, sizeof value); }
     // All n bytes in one read; false when fewer came, buf being partly written.
     bool readExactly(void* buf, size_t n) { return n == 0 || fetch(static_cast<char*>(buf), n); }
+    const char* take(size_t n, char* room) { return readExactly(room, n) ? room : nullptr; }  // n bytes, into the room
+
+    // Lends the bytes that the stream has at hand, if any. What is kept of them counts as read when the loan ends;
+    // until then nobody else can read.
+    class Loan {
+    public:
+        explicit Loan(InStream& in) : in_(in), bytes_(in.lend()), keptEnd_(bytes_.at()) {}
+        ~Loan() { in_.takeBack(keptEnd_); }
+        Loan(const Loan&) = delete;
+        Loan& operator=(const Loan&) = delete;
+
+        ByteCursor bytes() const { return bytes_; }
+        void keepUpTo(const ByteCursor& next) { keptEnd_ = next.at(); }
+
+    private:
+        InStream& in_;  // borrowed
+        const ByteCursor bytes_;
+        const char* keptEnd_;
+    };
 
     size_t bytesRead() const { return lastRead_; }                // by the last primitive; see Counting above
     size_t getBytesRead() const { return lastRead_; }             // the same
@@ -61,79 +81,12 @@ public:
 
 protected:
     size_t lastRead_ = 0;        // bytes moved by the most recent primitive
-    size_t totalBytesRead_ = 0;  // advanced by read alone
-    // The next bytes, where the stream has them at hand: a number of the log is too small to be worth a call. What is
-    // taken from here counts as read. Touched only while the process has a single thread.
-    const char* ready_ = nullptr;
-    const char* readyEnd_ = nullptr;
+    size_t totalBytesRead_ = 0;  // what was read, and taken of loans
 
 private:
-    static constexpr int LONGEST_COMPACT = 9;  // bytes
+    virtual ByteCursor lend() { return ByteCursor(); }
+    virtual void takeBack(const char* /*keptEnd*/) {}  // the bytes before that were kept
 
-    bool has(size_t n) const { return __libc_single_threaded && static_cast<size_t>(readyEnd_ - ready_) >= n; }
-    // One read; true when it delivered all n bytes.
-    bool fetch(char* buf, size_t n) {
-        if (!has(n)) return fetchByRead(buf, n);
-        memcpy(buf, ready_, n);
-        take(n, n);
-        return true;
-    }
-    void take(size_t n, size_t counted) {
-        ready_ += n;
-        totalBytesRead_ += n;
-        lastRead_ = counted;
-    }
-    bool fetchByRead(char* buf, size_t n);
-    void fetchUShortCompact(unsigned short& value);
-    void fetchLongLongCompact(long long& value);
-    static int CompactLength(unsigned char first) {
-        return first == 0xFF ? LONGEST_COMPACT : 1 + __builtin_ctz(~static_cast<unsigned int>(first));
-    }
-    static long long CompactValue(unsigned long long group, int length);
+    bool fetch(char* buf, size_t n);
+    bool fetchCode(char* code, size_t (*lengthOf)(char first));
 };
-
-// The low 1-bits of the first byte of a compact code, up to the first 0-bit, count the bytes that follow it. Seven bits
-// of every byte are the number; its top bit is the sign.
-inline long long InStream::CompactValue(unsigned long long group, int length) {
-    const int unusedBits = 64 - 8 * length;
-    return static_cast<long long>(group << unusedBits) >> (unusedBits + length);
-}
-
-inline InStream& InStream::readUShortCompact(unsigned short& value) {
-    unsigned short group;
-    if (!has(sizeof group + 1)) {
-        fetchUShortCompact(value);
-        return *this;
-    }
-    memcpy(&group, ready_, sizeof group);
-    if ((group & 1) == 0) {
-        value = (group & 0xFF) >> 1;
-        take(1, 1 + 1);
-    } else if ((group & 2) == 0) {
-        value = group >> 2;
-        take(2, 1 + 2);
-    } else {
-        memcpy(&value, ready_ + 1, sizeof value);
-        take(3, 2 + 3);
-    }
-    return *this;
-}
-
-inline InStream& InStream::readLongLongCompact(long long& value) {
-    if (!has(LONGEST_COMPACT)) {
-        fetchLongLongCompact(value);
-        return *this;
-    }
-    const int length = CompactLength(static_cast<unsigned char>(*ready_));
-    if (length == LONGEST_COMPACT) {
-        memcpy(&value, ready_ + 1, sizeof value);
-    } else {
-        unsigned long long group;
-        memcpy(&group, ready_, sizeof group);
-        value = CompactValue(group, length);
-    }
-    const size_t bytes = static_cast<size_t>(length);
-    const size_t lastPiece = bytes == 1 ? 1 : bytes - 1;
-    take(bytes, lastPiece + bytes);
-    return *this;
-}

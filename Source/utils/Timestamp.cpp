@@ -203,14 +203,13 @@ void Timestamp::toTimespec(timespec* t) const {
     if (t != nullptr) *t = {timeval_.tv_sec, timeval_.tv_usec * 1000};
 }
 
-void Timestamp::normalise() {
-    const long carry = FloorDivide(timeval_.tv_usec, MICROS_PER_SECOND);
-    timeval_ = {WrappingSum(timeval_.tv_sec, carry), timeval_.tv_usec - carry * MICROS_PER_SECOND};
+timeval Timestamp::Normalised(timeval t) {
+    const long carry = FloorDivide(t.tv_usec, MICROS_PER_SECOND);
+    return {WrappingSum(t.tv_sec, carry), t.tv_usec - carry * MICROS_PER_SECOND};
 }
 
 void Timestamp::subtract(const timeval& t) {
-    timeval_ = {WrappingDifference(timeval_.tv_sec, t.tv_sec), timeval_.tv_usec - t.tv_usec};
-    normalise();
+    timeval_ = Normalised({WrappingDifference(timeval_.tv_sec, t.tv_sec), timeval_.tv_usec - t.tv_usec});
 }
 
 Timestamp& Timestamp::operator+=(const Timespan& span) {

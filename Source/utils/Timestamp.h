@@ -121,17 +121,17 @@ protected:
 
     // Seconds wrap around instead of overflowing: a log can name any instant at all.
     void add(const timeval& t) {
-        timeval_.tv_sec =
-            static_cast<time_t>(static_cast<unsigned long>(timeval_.tv_sec) + static_cast<unsigned long>(t.tv_sec));
-        timeval_.tv_usec += t.tv_usec;
-        if (timeval_.tv_usec < 0 || timeval_.tv_usec >= MICROS_PER_SECOND) normalise();
+        const auto seconds = static_cast<unsigned long>(timeval_.tv_sec) + static_cast<unsigned long>(t.tv_sec);
+        timeval sum = {static_cast<time_t>(seconds), timeval_.tv_usec + t.tv_usec};
+        if (sum.tv_usec < 0 || sum.tv_usec >= MICROS_PER_SECOND) sum = Normalised(sum);
+        timeval_ = sum;
     }
     void subtract(const timeval& t);
 
     timeval timeval_;
 
 private:
-    void normalise();  // brings the microseconds into 0 .. 999999
+    static timeval Normalised(timeval t);  // with the microseconds in 0 .. 999999
 
     static Timespan TimeOffset_;  // added to the system clock by setToCurrentTime
 };

@@ -21,6 +21,14 @@ protected:
     const char* path() const { return path_.c_str(); }
     void write(const char* text) const { dir_.write("file", text); }
     std::string content() const { return dir_.read("file"); }
+    // Bytes taken on loan; none where they are not at hand.
+    static std::string lent(InStream& in, size_t n) {
+        InStream::Loan loan(in);
+        ByteCursor bytes = loan.bytes();
+        const char* const taken = bytes.take(n);
+        loan.keepUpTo(bytes);
+        return taken == nullptr ? "" : std::string(taken, n);
+    }
 
 private:
     const TempDir dir_;
@@ -142,18 +150,41 @@ TEST_F(FileStreamTest, WritesAFileThatIsFlushedAtEachLine) {
     EXPECT_EQ(text, content());
 }
 
-TEST_F(FileStreamTest, ReadsShortAndLongPieces) {
-    std::string text, collected;
-    for (int i = 0; text.size() < 200000; ++i) text += std::to_string(i);
+// Pieces of all sizes, some of them on loan, from places anywhere and after the end; against what the file holds.
+TEST_F(FileStreamTest, HoweverItIsReadTheBytesAreTheFiles) {
+    std::minstd_rand random(5);
+    std::string text(200000, '\0');
+    for (char& byte : text) byte = static_cast<char>(random() >> 8);
     FileOutStream(path(), false, false).write(text.data(), text.size());
     FileInStream in(path());
-    char buf[5000];
-    for (size_t piece = 0; !in.eof(); piece = (piece * 3 + 1) % sizeof(buf)) {
-        collected.append(buf, in.read(buf, piece).bytesRead());
+    size_t at = 0;
+    size_t total = 0;
+    bool hasMetEnd = false;
+    for (int i = 0; i < 3000; ++i) {
+        if (random() % 8 == 0) {
+            at = random() % 4 == 0 ? text.size() - random() % 3 : random() % text.size();
+            ASSERT_TRUE(in.seekTo(static_cast<long long>(at)));
+            hasMetEnd = false;
+        }
+        const size_t wanted = random() % 2 == 0 ? random() % 4 : random() % 100000;
+        const size_t left = text.size() - at;
+        std::string got(wanted, '\0');
+        if (random() % 2 == 0) {
+            got = lent(in, wanted);
+            hasMetEnd = hasMetEnd || left == 0;
+            ASSERT_TRUE(got.empty() || got.size() == wanted);
+        } else {
+            got.resize(in.read(&got[0], wanted).bytesRead());
+            ASSERT_EQ(std::min(wanted, left), got.size());
+            hasMetEnd = hasMetEnd || wanted > left;
+        }
+        ASSERT_EQ(hasMetEnd, in.eof());
+        ASSERT_EQ(text.substr(at, got.size()), got);
+        at += got.size();
+        total += got.size();
+        ASSERT_EQ(static_cast<long long>(at), in.tell());
+        ASSERT_EQ(total, in.getTotalBytesRead());
     }
-    EXPECT_EQ(text, collected);
-    EXPECT_EQ(text.size(), in.getTotalBytesRead());
-    EXPECT_EQ(static_cast<long long>(text.size()), in.tell());
 }
 
 TEST_F(FileStreamTest, GoesOnAfterTheEndWhenTheFileGrew) {
@@ -162,11 +193,32 @@ TEST_F(FileStreamTest, GoesOnAfterTheEndWhenTheFileGrew) {
     char buf[4];
     EXPECT_EQ(2u, in.read(buf, 4).bytesRead());
     EXPECT_TRUE(in.eof());
-    FileOutStream(path(), true, false) << "c";
+    FileOutStream(path(), true, false) << "cd";
+    EXPECT_EQ(0u, in.read(buf, 1).bytesRead());  // the end stays where it was met
     in.clearErr();
     EXPECT_EQ(1u, in.read(buf, 1).bytesRead());
     EXPECT_EQ('c', buf[0]);
+    EXPECT_EQ("d", lent(in, 1));
     EXPECT_FALSE(in.seekTo(-1));
+}
+
+// Of a pipe there is what its writer has written: nothing waits for more than is asked for.
+TEST_F(FileStreamTest, TakesWhatAPipeHas) {
+    ASSERT_EQ(0, mkfifo(path(), 0600));
+    const int both = open(path(), O_RDWR);  // the pipe stays open for writing
+    ASSERT_EQ(3, ::write(both, "abc", 3));
+    FileInStream in(path());
+    char text[4] = "";
+    EXPECT_EQ(2u, in.read(text, 2).bytesRead());
+    EXPECT_EQ("c", lent(in, 1));
+    ASSERT_EQ(1, ::write(both, "d", 1));
+    EXPECT_EQ("d", lent(in, 1));
+    EXPECT_FALSE(in.seekTo(0));
+    EXPECT_EQ(-1, in.tell());
+    EXPECT_FALSE(in.eof());
+    close(both);
+    EXPECT_EQ(0u, in.read(text, 1).bytesRead());
+    EXPECT_TRUE(in.eof());
 }
 
 TEST_F(FileStreamTest, ReachesPositionsPastFourGibibytes) {
@@ -201,6 +253,7 @@ TEST_F(FileStreamTest, NothingIsReadWithoutAFile) {
     EXPECT_EQ(0u, folder.read(&c, 1).bytesRead());
     EXPECT_FALSE(folder.eof());
     EXPECT_EQ(EISDIR, folder.readError());
+    EXPECT_TRUE(folder.hasFailed());
 }
 
 TEST_F(FileStreamTest, TakesOneFileAfterAnother) {
@@ -210,10 +263,12 @@ TEST_F(FileStreamTest, TakesOneFileAfterAnother) {
     {
         FileInStream in(borrowed, false);
         in.read(&c, 1);
-        in.setFile(fopen(path(), "rb"), "second", true);
+        FILE* const begun = fopen(path(), "rb");
+        fgetc(begun);
+        in.setFile(begun, "second", true);
         EXPECT_STREQ("second", in.getName());
         in.read(&c, 1);
-        EXPECT_EQ('a', c);
+        EXPECT_EQ('b', c);
     }
     EXPECT_EQ('b', fgetc(borrowed));  // neither closed nor left with a buffer that is gone
     fclose(borrowed);

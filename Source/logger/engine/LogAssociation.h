@@ -14,8 +14,10 @@ public:
     LogAssociation& operator=(const LogAssociation&) = delete;
 
     bool matchAndProcess(LogEntry* entry);  // true when the writer got the entry
-    void endCycle();                        // passed on only when the writer got an entry since the last one
-    unsigned int writeFooter();             // bytes written
+    // The rule admits some entries of the type, maybe.
+    bool canMatch(LogEntry::Type type) const { return rule_ == nullptr || rule_->canAdmit(type); }
+    void endCycle();             // passed on only when the writer got an entry since the last one
+    unsigned int writeFooter();  // bytes written
     // As the writer's config and resetInputs; without a writer neither does anything.
     void configLogWriter(Logger& logger);
     void resetInputs();

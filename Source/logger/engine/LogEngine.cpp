@@ -5,9 +5,18 @@
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/SyslogEntry.h"
 
+LogAssociation* LogEngine::addAssociation(LogWriter* writer, Rule* rule) {
+    LogAssociation* const association = associations_.add(writer, rule);
+    for (int type = 0; type < LogEntry::TYPE_COUNT; ++type) {
+        if (association->canMatch(static_cast<LogEntry::Type>(type))) routes_[type].push(association);
+    }
+    return association;
+}
+
 void LogEngine::processEntry(LogEntry* entry) {
     if (EventEntry::IsCycleStart(*entry)) endCycle();
-    for (unsigned int i = 0; i < associations_.count(); ++i) associations_.at(i)->matchAndProcess(entry);
+    const FlexArray<LogAssociation*>& route = routes_[entry->getType()];
+    for (unsigned int i = 0; i < route.size(); ++i) route.at(i)->matchAndProcess(entry);
 }
 
 void LogEngine::logMessage(const Str& text, Syslog::Severity severity, const CodedStr& facility) {
@@ -46,5 +55,6 @@ bool LogEngine::freeMemory() {
 
 void LogEngine::uninitialize() {
     for (unsigned int i = 0; i < associations_.count(); ++i) associations_.at(i)->writeFooter();
+    for (FlexArray<LogAssociation*>& route : routes_) route.clear();
     while (associations_.count() > 0) delete associations_.pop(0);
 }

@@ -16,7 +16,7 @@ public:
     LogEngine& operator=(const LogEngine&) = delete;
 
     // Counts the writer and takes over the rule, which may be null. The result belongs to the engine.
-    LogAssociation* addAssociation(LogWriter* writer, Rule* rule) { return associations_.add(writer, rule); }
+    LogAssociation* addAssociation(LogWriter* writer, Rule* rule);
     // Offers the entry at once and keeps nothing of it. A cycle start first ends the cycle of every association.
     void processEntry(LogEntry* entry);
     void queueEntry(LogEntry* entry) { queue_.push(entry); }  // takes ownership
@@ -41,4 +41,5 @@ private:
     LogQueue ownQueue_;
     LogQueue& queue_;  // ownQueue_ or a borrowed one
     LoggerAssociationDeque associations_;
+    FlexArray<LogAssociation*> routes_[LogEntry::TYPE_COUNT];  // those that can match entries of a type; borrowed
 };

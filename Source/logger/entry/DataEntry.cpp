@@ -11,9 +11,10 @@
 #include "data/DataAccessor.h"
 #include "data/DataElement.h"
 #include "data/Log.h"
-#include "data/StrValue.h"
 #include "logger/entry/EntryStream.h"
 #include "logger/entry/EntryText.h"
+#include "logger/entry/KnownAccesses.h"
+#include "logger/entry/TimeBounds.h"
 
 RecyclingPool DataEntry::Pool_("DataEntry", sizeof(DataEntry));
 const PoolDrain DataEntry::PoolDrain_(Pool_);
@@ -47,6 +48,10 @@ DataEntry::DataEntry(const DataEntry& other, DataValue* value)
       best_(other.best_),
       changed_(other.changed_),
       ownsValue_(false) {}
+
+DataEntry::DataEntry(Log& log) : DataEntry(nullptr, nullptr, Timestamp::EPOCH_START_TIME, false, false, log) {
+    ownsValue_ = false;
+}
 
 DataEntry::~DataEntry() {
     if (ownsValue_) delete dataValue_;
@@ -142,29 +147,21 @@ static DataValue* NewValue(const DataAccess& access, const DataElement* element)
     return access.unitOrNone().dataValue(access.getBinaryType());
 }
 
-// The element's number where it can take the bytes itself: of the access's class and unit. Null where it cannot.
+// The element's value where it can take the bytes itself: of the access's class and unit. Null where it cannot.
 static DataValue* ReusableValue(const DataAccess& access, const DataElement* element) {
     DataValue* value = element == nullptr ? nullptr : element->getDataValue();
-    const bool fits = value != nullptr && access.getBinaryType() != STRVALUE &&
-                      value->getBinaryType() == access.getBinaryType() && value->getUnit() == &access.unitOrNone();
-    return fits ? value : nullptr;
+    return value != nullptr && value->isOf(access.getBinaryType(), access.unitOrNone()) ? value : nullptr;
 }
 
 // Moves the value's bytes from the stream into the value; without a value they are passed over.
 static bool ReadBytes(const DataAccess& access, InStream& in, DataValue* value) {
-    const bool variable = access.getBinaryType() == STRVALUE;
-    unsigned short size = access.getTypeSize();
-    if (variable && !in.readExactly(&size, sizeof size)) return false;
-    char bytes[std::numeric_limits<unsigned short>::max()];
-    memset(bytes, 0, sizeof(double));  // what the widest number reads, however few bytes the access declares
-    if (!in.readExactly(bytes, size)) return false;
-    if (value == nullptr) return true;
-    if (variable) {
-        static_cast<StrValue*>(value)->fromBinary(bytes, size);
-    } else {
-        value->fromBinary(bytes);
-    }
-    return true;
+    char room[std::numeric_limits<unsigned short>::max()];
+    memset(room, 0, sizeof(double));  // what the widest number reads, however few bytes the access declares
+    const DataForm form(access);
+    unsigned short size = 0;
+    const char* const bytes = form.takeValue(size, in, room);
+    if (bytes != nullptr && value != nullptr) form.store(*value, bytes, size);
+    return bytes != nullptr;
 }
 
 // The value that follows a changed entry's time: the element's own or one for the caller to own; null when it is only
@@ -180,7 +177,7 @@ static bool ReadValue(const DataAccess& access, const DataElement* element, InSt
     DataValue* const held = stored ? ReusableValue(access, element) : nullptr;
     std::unique_ptr<DataValue> made(stored && held == nullptr ? NewValue(access, element) : nullptr);
     if (!ReadBytes(access, in, held != nullptr ? held : made.get())) {
-        return EntryStream::Fail(logger, "End of Binary File Reached while reading DataEntry DataValue");
+        return EntryStream::Fail(logger, in, "End of Binary File Reached while reading DataEntry DataValue");
     }
     value = held != nullptr ? held : made.release();
     return true;
@@ -216,6 +213,31 @@ DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short hea
     entry->setTimestamp(t);
     if (element != nullptr && values == STORE_VALUES) entry->shareValueWith(*element);
     return entry;
+}
+
+// The element's value takes the bytes that come next; false, and nothing has changed, where it cannot.
+static bool Fill(const KnownAccess& known, ByteCursor& from, const Timestamp& t) {
+    DataValue* const value = known.valueToFill();
+    unsigned short size = 0;
+    const char* const bytes = value == nullptr ? nullptr : known.form_.takeValue(size, from);
+    if (bytes == nullptr) return false;
+    known.form_.store(*value, bytes, size);
+    known.element_->setDataValue(value);
+    known.element_->setTimestamp(t);
+    return true;
+}
+
+bool DataEntry::take(const KnownAccess& known, unsigned short header, ByteCursor& from, const Timestamp& timeBase) {
+    Timestamp t = timeBase;
+    bool changed = false;
+    if (!known.form_.takeTime(t, changed, from, log_->version().timesHaveFlag()) || !TimeBounds::Holds(t)) return false;
+    if (changed && !Fill(known, from, t)) return false;
+    dataAccess_ = known.access_;
+    dataValue_ = known.element_->getDataValue();
+    best_ = (header & BEST_MASK) != 0;
+    changed_ = changed;
+    timestamp_ = t;
+    return true;
 }
 
 // Passes so many bytes on and drops the others.

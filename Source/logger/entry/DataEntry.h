@@ -7,7 +7,9 @@
 
 class DataAccess;
 class DataAccessor;
+class ByteCursor;
 class DataElement;
+struct KnownAccess;
 class TextBuffer;
 
 // A component read or wrote one datum.
@@ -68,6 +70,12 @@ public:
     // over: the entry has no value and the log's elements stay as they are.
     static DataEntry* Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error,
                            Values values = STORE_VALUES, Log& log = Log::Current());
+
+    // An entry that others follow, one after the other, without one made for each: it has no access and no value yet.
+    explicit DataEntry(Log& log);
+    // Becomes the entry of a known access whose bytes come next, behind their header, and gives its value to the
+    // element. False, and nothing has changed but the cursor, for one that is not whole there or needs a closer look.
+    bool take(const KnownAccess& known, unsigned short header, ByteCursor& from, const Timestamp& timeBase);
 
     static void* operator new(size_t size) { return Pool_.allocate(size); }
     static void operator delete(void* block) { Pool_.release(block); }

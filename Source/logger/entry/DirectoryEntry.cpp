@@ -80,13 +80,13 @@ unsigned int DirectoryEntry::write(Timestamp&, OutStream& out) const {
 static bool ReadVersion(InStream& in, const Logger& logger, short& version) {
     signed char c = 0;
     if (in.readChar(c).bytesRead() != 1 || c != ' ') {
-        return EntryStream::Fail(logger, "Missing space reading directory version");
+        return EntryStream::Fail(logger, in, "Missing space reading directory version");
     }
     if (in.readShortHex(version).bytesRead() != 4) {
-        return EntryStream::Fail(logger, "Encountered eof while reading directory version");
+        return EntryStream::Fail(logger, in, "Encountered eof while reading directory version");
     }
     return (in.readChar(c).bytesRead() == 1 && c == '\n') ||
-           EntryStream::Fail(logger, "Missing newline reading directory version");
+           EntryStream::Fail(logger, in, "Missing newline reading directory version");
 }
 
 static void AcceptVersion(short version, InStream& in, const Logger& logger, LogVersion& inForce) {
@@ -117,21 +117,21 @@ static DirectoryEntry* EntryOn(Item* item, Log& log) {
 static DirectoryEntry* ReadAccess(InStream& in, const Logger& logger, Log& log) {
     DataAccess* const read = DataAccess::Read(in);
     if (read != nullptr) return EntryOn(log.registerDataAccess(read), log);
-    EntryStream::Fail(logger, "Encountered error while reading dataAccess");
+    EntryStream::Fail(logger, in, "Encountered error while reading dataAccess");
     return nullptr;
 }
 
 static DirectoryEntry* ReadElement(InStream& in, const Logger& logger, Log& log) {
     ElementURI* const read = ElementURI::Read(in, log.getLogger());
     if (read != nullptr) return EntryOn(log.registerElementURI(read), log);
-    EntryStream::Fail(logger, "Encountered error while reading element");
+    EntryStream::Fail(logger, in, "Encountered error while reading element");
     return nullptr;
 }
 
 static DirectoryEntry* ReadName(InStream& in, const Logger& logger, Log& log) {
     CodedStr* const read = CodedStr::Read(in);
     if (read != nullptr) return EntryOn<const CodedStr>(log.registerCodedName(read), log);
-    EntryStream::Fail(logger, "Encountered error while reading name");
+    EntryStream::Fail(logger, in, "Encountered error while reading name");
     return nullptr;
 }
 
@@ -162,7 +162,7 @@ DirectoryEntry* DirectoryEntry::Read(Timestamp&, InStream& in, unsigned short he
     }
     signed char type = 0;
     if (in.readChar(type).bytesRead() != 1) {
-        EntryStream::Fail(logger, "Failed to read directory type.");
+        EntryStream::Fail(logger, in, "Failed to read directory type.");
         return nullptr;
     }
     DirectoryEntry* entry = ReadBody(type, in, logger, log);

@@ -26,8 +26,8 @@ size_t WriteCompact(OutStream& out, long long value) {
     return (losesSign ? out.writeLongLongWide(value) : out.writeLongLongCompact(value)).bytesWritten();
 }
 
-bool Fail(const Logger& logger, const char* text) {
-    logger.syslog(text, Syslog::ERROR);
+bool Fail(const Logger& logger, InStream& in, const char* text) {
+    if (!in.hasFailed()) logger.syslog(text, Syslog::ERROR);
     return false;
 }
 

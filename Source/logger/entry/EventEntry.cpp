@@ -127,7 +127,7 @@ EventEntry* EventEntry::ReadCycleStart(Timestamp& timeBase, const Timespan& time
                                        unsigned short actor, const Logger& logger, bool& error, Log& log) {
     long long packed = 0;
     if (!in.readExactly(&packed, CYCLE_TIME_SIZE)) {
-        EntryStream::Fail(logger, "Encountered eof while reading start of cycle timestamp");
+        EntryStream::Fail(logger, in, "Encountered eof while reading start of cycle timestamp");
         return nullptr;
     }
     Timestamp t = Timestamp::FromMicros(packed);
@@ -157,8 +157,8 @@ EventEntry* EventEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream
     const unsigned short actor = static_cast<unsigned short>(header >> ACTOR_SHIFT);
     if (type == START_CYCLE) return ReadCycleStart(timeBase, timeAdjust, in, actor, logger, error, log);
     std::unique_ptr<EventEntry> entry(new EventEntry(Timestamp::EPOCH_START_TIME, type, actor, log));
-    if (type != COMPONENT_ACTION && in.readUShortCompact(entry->elementCode_).ended()) {
-        EntryStream::Fail(logger, "Encountered eof while reading Data Element code");
+    if (type != COMPONENT_ACTION && !in.takeUShortCompact(entry->elementCode_)) {
+        EntryStream::Fail(logger, in, "Encountered eof while reading Data Element code");
         return nullptr;
     }
     Timestamp t = timeBase;
@@ -185,10 +185,10 @@ bool EventEntry::readBody(InStream& in, const Logger& logger) {
     switch (eventType_) {
         case SET_DATA_ACCURACY:
             return ReadAccuracy(in, accuracy_) ||
-                   EntryStream::Fail(logger, "Encountered eof while reading Data Element accuracy");
+                   EntryStream::Fail(logger, in, "Encountered eof while reading Data Element accuracy");
         case SET_DATA_STATE:
             return ReadByte(in, state_) ||
-                   EntryStream::Fail(logger, "Encountered eof while reading Data Element state change");
+                   EntryStream::Fail(logger, in, "Encountered eof while reading Data Element state change");
         default:
             return readAction(in, logger);
     }
@@ -209,16 +209,17 @@ size_t EventEntry::writeAction(OutStream& out) const {
 }
 
 bool EventEntry::readAction(InStream& in, const Logger& logger) {
-    if (!ReadByte(in, action_)) return EntryStream::Fail(logger, "Encountered eof while reading Component Action");
+    if (!ReadByte(in, action_)) return EntryStream::Fail(logger, in, "Encountered eof while reading Component Action");
     switch (action_) {
         case COMPONENT_MISSION_RUN:
-            return ReadInt24(in, running_) || EntryStream::Fail(logger, "Encountered eof while reading Run Loop");
+            return ReadInt24(in, running_) || EntryStream::Fail(logger, in, "Encountered eof while reading Run Loop");
         case COMPONENT_FAIL:
             if (!ReadByte(in, failType_))
-                return EntryStream::Fail(logger, "Encountered eof while reading Failure Mode");
-            return ReadInt24(in, failCount_) || EntryStream::Fail(logger, "Encountered eof while reading Fail Count");
+                return EntryStream::Fail(logger, in, "Encountered eof while reading Failure Mode");
+            return ReadInt24(in, failCount_) ||
+                   EntryStream::Fail(logger, in, "Encountered eof while reading Fail Count");
         case COMPONENT_LOAD:
-            return ReadByte(in, loaded_) || EntryStream::Fail(logger, "Encountered eof while reading Loaded state");
+            return ReadByte(in, loaded_) || EntryStream::Fail(logger, in, "Encountered eof while reading Loaded state");
     }
     return true;
 }

@@ -29,7 +29,7 @@ Str LogEntry::toString(const Unit* unit) const {
 LogEntry* LogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in, const Logger& logger, bool& error,
                          Values values, Log& log) {
     unsigned short header = 0;
-    if (in.readUShortCompact(header).ended()) return nullptr;
+    if (!in.takeUShortCompact(header) || in.eof()) return nullptr;
     switch (header & TYPE_MASK) {
         case EVENT_LOG_ENTRY:
             return EventEntry::Read(timeBase, timeAdjust, in, header, logger, error, log);
@@ -44,21 +44,9 @@ LogEntry* LogEntry::Read(Timestamp& timeBase, Timespan& timeAdjust, InStream& in
 
 bool LogEntry::ReadTimestamp(Timestamp& t, bool& flag, InStream& in, const Logger& logger,
                              Logger::TimePrecisionType precision, const Log& log) {
-    long long packed = 0;
     flag = false;
-    if (in.readLongLongCompact(packed).ended()) {
-        return EntryStream::Fail(logger, "End of Binary File Reached while reading LogEntry Timestamp");
-    }
-    if (!log.version().timesHaveFlag()) {
-        flag = true;
-        t.addFromMicros(packed);
-        return true;
-    }
-    flag = (packed & 1) != 0;
-    packed >>= 1;
-    if (precision == Logger::TIME_PRECISION_MICROS) t.addFromMicros(packed);
-    if (precision == Logger::TIME_PRECISION_MILLIS) t.addFromMillis(packed);
-    return true;
+    return TakeTimestamp(t, flag, in, precision, log.version().timesHaveFlag()) ||
+           EntryStream::Fail(logger, in, "End of Binary File Reached while reading LogEntry Timestamp");
 }
 
 unsigned int LogEntry::writeTimestamp(const Timestamp& base, bool flag, OutStream& out,

@@ -22,6 +22,7 @@ public:
         DATA_LOG_ENTRY = 2,
         SYSLOG_LOG_ENTRY = 3,
     };
+    static constexpr int TYPE_COUNT = 4;
     static constexpr unsigned short TYPE_MASK = 3;  // bits 0-1 of the header word
     static const Str UNKNOWN;                       // stands for a name that the log does not give
 
@@ -59,6 +60,10 @@ public:
     // data.
     static bool ReadTimestamp(Timestamp& t, bool& flag, InStream& in, const Logger& logger,
                               Logger::TimePrecisionType precision, const Log& log = Log::Current());
+    // The same from a stream or a ByteCursor, without a message; false where it does not hold the time.
+    template <typename Source>
+    [[gnu::always_inline]] static bool TakeTimestamp(Timestamp& t, bool& flag, Source& from,
+                                                     Logger::TimePrecisionType precision, bool timesHaveFlag);
     // The inverse; the number of bytes written.
     unsigned int writeTimestamp(const Timestamp& base, bool flag, OutStream& out,
                                 Logger::TimePrecisionType precision) const;
@@ -71,3 +76,16 @@ protected:
     Timestamp timestamp_;
     Log* log_;  // borrowed
 };
+
+// A number with the flag as its lowest bit. The oldest logs have no flag, and no times but precise ones.
+template <typename Source>
+inline bool LogEntry::TakeTimestamp(Timestamp& t, bool& flag, Source& from, Logger::TimePrecisionType precision,
+                                    bool timesHaveFlag) {
+    long long packed = 0;
+    if (!from.takeLongLongCompact(packed)) return false;
+    flag = !timesHaveFlag || (packed & 1) != 0;
+    if (timesHaveFlag) packed >>= 1;
+    if (precision == Logger::TIME_PRECISION_MICROS || !timesHaveFlag) t.addFromMicros(packed);
+    if (precision == Logger::TIME_PRECISION_MILLIS && timesHaveFlag) t.addFromMillis(packed);
+    return true;
+}

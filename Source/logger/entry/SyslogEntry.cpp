@@ -31,12 +31,12 @@ unsigned int SyslogEntry::write(Timestamp& timeBase, OutStream& out) const {
 
 static bool ReadMessage(InStream& in, const Logger& logger, Str& message) {
     unsigned short length = 0;
-    if (in.readUShortCompact(length).ended()) {
-        return EntryStream::Fail(logger, "Encountered eof while reading Syslog entry length");
+    if (!in.takeUShortCompact(length)) {
+        return EntryStream::Fail(logger, in, "Encountered eof while reading Syslog entry length");
     }
     char text[SyslogEntry::MAX_MESSAGE_LENGTH];
     if (!in.readExactly(text, length)) {
-        return EntryStream::Fail(logger, "Encountered eof while reading Syslog message");
+        return EntryStream::Fail(logger, in, "Encountered eof while reading Syslog message");
     }
     message = Str(text, length);
     return true;

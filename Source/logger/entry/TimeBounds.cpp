@@ -7,7 +7,8 @@
 
 std::atomic<time_t> TimeBounds::AllowedSeconds_{0};
 
-bool TimeBounds::HoldsNow(const Timestamp& t) {
+bool TimeBounds::HoldsNow(timeval instant) {
+    const Timestamp t(instant);
     const Timestamp latest = Timestamp::Now() + Timespan(MAX_AHEAD, 0);
     AllowedSeconds_.store(latest.getTimeval().tv_sec, std::memory_order_relaxed);
     return Timestamp::EPOCH_START_TIME <= t && t <= latest;

@@ -5,6 +5,7 @@
 #include "logger/engine/LogEngine.h"
 #include "logger/entry/EventEntry.h"
 #include "logger/entry/TimeBounds.h"
+#include "utils/MemoryReserve.h"
 
 BinaryLogReader::BinaryLogReader(const Logger& logger, const Timestamp& start, const Timestamp& end,
                                  const Str& whileRunning, LogEngine* write, LogEngine* syslog, Log& log)
@@ -21,19 +22,87 @@ BinaryLogReader::BinaryLogReader(const Logger& logger, const Timestamp& start, c
 
 unsigned int BinaryLogReader::read() {
     setError(false);
-    if (logStream_ == nullptr || logStream_->ended()) return 0;
+    if (logStream_ == nullptr || logStream_->eof()) return 0;
     resolveMission();
     bool error = false;
     const std::unique_ptr<LogEntry> entry(readEntry(error));
     if (entry != nullptr) {
         notes_.note(*entry, timeAdjust_);
         handle(*entry);
+        meetAccess(*entry);
     } else {
         countUnknownRecords();
     }
     setError(error);
     if (syslogEngine_ != nullptr) syslogEngine_->processQueue(Timespan::ZERO_TIMESPAN);
     return entry == nullptr ? 0 : 1;
+}
+
+unsigned int BinaryLogReader::readRun() {
+    if (logStream_ == nullptr) return 0;
+    const unsigned int n = values_ == LogEntry::STORE_VALUES ? readData() : stepOverData();
+    if (n == 0) return read();
+    setError(false);
+    return n;
+}
+
+// Takes entries where they lie, one behind the other, as long as one can be taken. All of it is to be inline: a cursor
+// that is passed on by its address lives in memory, and each entry waits for the end of the one before.
+template <typename TakeOne>
+static unsigned int TakeRun(InStream& in, TakeOne takeOne) {
+    InStream::Loan loan(in);
+    ByteCursor from = loan.bytes();
+    unsigned int n = 0;
+    for (; takeOne(from); ++n) loan.keepUpTo(from);
+    return n;
+}
+
+unsigned int BinaryLogReader::readData() {
+    const bool passesAll = this->passesAll();
+    const unsigned int n = TakeRun(*logStream_, [this, passesAll](ByteCursor& from) {
+        if (MemoryReserve::WasTaken() || !takeData(from)) return false;
+        if (passesAll) {
+            process(dataEntry_);
+        } else {
+            offer(dataEntry_);
+        }
+        return true;
+    });
+    if (passesAll && n > 0) lastTime_ = dataEntry_.getTimestamp();
+    return n;
+}
+
+// Of an entry that is passed on nothing is to be noted but its time as the last one.
+bool BinaryLogReader::passesAll() const {
+    const bool hasWindow = startTime_ != Timestamp::NOT_SET_TIME || endTime_ != Timestamp::NOT_SET_TIME;
+    return writeEngine_ != nullptr && !hasWindow && whileRunningName_.isEmpty() &&
+           firstTime_ != Timestamp::NOT_SET_TIME;
+}
+
+inline bool BinaryLogReader::takeData(ByteCursor& from) {
+    unsigned short header = 0;
+    const KnownAccess* const access = takeHeader(header, from);
+    return access != nullptr && dataEntry_.take(*access, header, from, timeBase_);
+}
+
+unsigned int BinaryLogReader::stepOverData() {
+    const bool timesHaveFlag = log_.version().timesHaveFlag();
+    return TakeRun(*logStream_, [this, timesHaveFlag](ByteCursor& from) {
+        unsigned short header = 0;
+        const KnownAccess* const access = takeHeader(header, from);
+        return access != nullptr && access->stepOver(from, timeBase_, timesHaveFlag);
+    });
+}
+
+// The access of the data entry that begins there; null where none begins or it is not known.
+inline const KnownAccess* BinaryLogReader::takeHeader(unsigned short& header, ByteCursor& from) const {
+    const bool isData = from.takeUShortCompact(header) && (header & LogEntry::TYPE_MASK) == LogEntry::DATA_LOG_ENTRY;
+    return isData ? accesses_.find(header >> DataEntry::CODE_SHIFT) : nullptr;
+}
+
+void BinaryLogReader::meetAccess(const LogEntry& entry) {
+    if (entry.getType() != LogEntry::DATA_LOG_ENTRY) return;
+    accesses_.meet(*static_cast<const DataEntry&>(entry).getDataAccess(), values_);
 }
 
 // The next entry, owned by the caller; null for what decodes badly or to an impossible time. A GPS fix that leads to
@@ -81,8 +150,13 @@ const EventEntry* BinaryLogReader::asMissionMarker(const LogEntry& entry) const 
 void BinaryLogReader::handle(LogEntry& entry) {
     const EventEntry* marker = asMissionMarker(entry);
     if (marker != nullptr && marker->getRunning() != 0) running_ = true;
-    if (writeEngine_ != nullptr && isInWindow(entry) && (whileRunningName_.isEmpty() || running_)) passOn(entry);
+    offer(entry);
     if (marker != nullptr && marker->getRunning() == 0) running_ = false;
+}
+
+void BinaryLogReader::offer(LogEntry& entry) {
+    if (writeEngine_ == nullptr || !isInWindow(entry) || !(whileRunningName_.isEmpty() || running_)) return;
+    passOn(entry);
 }
 
 bool BinaryLogReader::isInWindow(const LogEntry& entry) const {
@@ -93,7 +167,13 @@ bool BinaryLogReader::isInWindow(const LogEntry& entry) const {
 
 void BinaryLogReader::passOn(LogEntry& entry) {
     if (entry.getType() != LogEntry::DIRECTORY_LOG_ENTRY) noteTime(entry);
+    process(entry);
+}
+
+// What the outputs have to say comes before the next entry.
+void BinaryLogReader::process(LogEntry& entry) {
     writeEngine_->processEntry(&entry);
+    if (syslogEngine_ != nullptr) syslogEngine_->processQueue(Timespan::ZERO_TIMESPAN);
 }
 
 void BinaryLogReader::noteTime(const LogEntry& entry) {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "data/Logger.h"
-#include "logger/entry/LogEntry.h"
+#include "logger/entry/DataEntry.h"
+#include "logger/entry/KnownAccesses.h"
 #include "logger/reader/EntryNotes.h"
 #include "logger/reader/LogReader.h"
 #include "logger/reader/MessageGate.h"
@@ -22,6 +23,9 @@ public:
     // One entry, or 0 at the end of data or for bytes that hold no entry; of the latter hasError() tells those that
     // nothing can be made of.
     unsigned int read() override;
+    // Data entries of known accesses that lie whole in the stream's buffer; failing any, as read. It ends when memory
+    // was refused. Entries whose values are skipped are not handled.
+    unsigned int readRun() override;
     MessageGate* getMessageGate() override { return &gate_; }
     EntryNotes* getEntryNotes() override { return &notes_; }
 
@@ -40,11 +44,19 @@ protected:
 
 private:
     LogEntry* readEntry(bool& error);
+    unsigned int readData();
+    unsigned int stepOverData();
+    bool passesAll() const;
+    bool takeData(ByteCursor& from);
+    [[gnu::always_inline]] const KnownAccess* takeHeader(unsigned short& header, ByteCursor& from) const;
+    void meetAccess(const LogEntry& entry);
+    void offer(LogEntry& entry);
     void countUnknownRecords();
     bool isInBounds(const LogEntry& entry) const;
     void resolveMission();
     const EventEntry* asMissionMarker(const LogEntry& entry) const;  // null when it is none
     void passOn(LogEntry& entry);
+    void process(LogEntry& entry);
     bool isInWindow(const LogEntry& entry) const;
     void noteTime(const LogEntry& entry);
 
@@ -64,4 +76,6 @@ private:
     unsigned short whileRunningCode_;  // CodedStr::NO_CODE until the name is known
     bool running_ = false;
     LogEntry::Values values_ = LogEntry::STORE_VALUES;
+    KnownAccesses accesses_{log_};
+    DataEntry dataEntry_{log_};  // each of a run
 };

@@ -21,10 +21,11 @@ public:
     void beginFile(const Str& file);
     // Before each try to decode an entry, of which one of the next two tells the outcome.
     void beginAttempt() { complaintsBefore_ = complaints(); }
-    // An entry lay from begin up to end: a damaged stretch, if there was one, ends here.
-    void entryRead(long long begin, long long end) {
-        if (failures_ > 0) endStretch(begin);
-        if (isDamaged()) ++entriesAfter_;
+    bool isInStretch() const { return failures_ > 0; }
+    // So many entries, one behind the other, lay from begin up to end: a damaged stretch, if there was one, ends here.
+    void entriesRead(unsigned int n, long long begin, long long end) {
+        if (isInStretch()) endStretch(begin);
+        if (isDamaged()) entriesAfter_ += n;
         goodEnd_ = end;
     }
     // No entry came of the bytes up to `end`. Bytes that hold none by design are no damage: nobody complains of them.

@@ -81,12 +81,12 @@ bool FileLogReader::matchAndOpen(const Str& candidate) {
     });
 }
 
-unsigned int FileLogReader::read() {
-    const unsigned int n = readOpenFile();
+unsigned int FileLogReader::readBy(Reading reading) {
+    const unsigned int n = readOpenFile(reading);
     if (n > 0) return n;
     closeFile();
     if (nextFilenum_ == 0 || !openNextPart()) return 0;
-    return readOpenFile();
+    return readOpenFile(reading);
 }
 
 // A number that is left out is reported when a part with a higher one shows that the log goes on.
@@ -105,9 +105,9 @@ bool FileLogReader::openNextPart() {
     return isOpen;
 }
 
-unsigned int FileLogReader::readOpenFile() {
+unsigned int FileLogReader::readOpenFile(Reading reading) {
     while (isReadable()) {
-        const unsigned int n = readEntries();
+        const unsigned int n = attempt(reading);
         entriesRead_ += n;
         if (n > 0) return n;
     }
@@ -115,11 +115,16 @@ unsigned int FileLogReader::readOpenFile() {
 }
 
 unsigned int FileLogReader::readEntries() {
+    return attempt(&LogReader::read);
+}
+
+// After damage the entries are read one by one until it is told how far it went.
+unsigned int FileLogReader::attempt(Reading reading) {
     const long long start = position();
     damage_.beginAttempt();
-    const unsigned int n = logReader_->read();
+    const unsigned int n = damage_.isInStretch() ? logReader_->read() : (logReader_.get()->*reading)();
     if (n > 0) {
-        damage_.entryRead(start, position());
+        damage_.entriesRead(n, start, position());
     } else {
         goOnAfter(start);
     }
@@ -129,7 +134,7 @@ unsigned int FileLogReader::readEntries() {
 // An attempt that gave nothing: what can be made nothing of is tried again from its second byte on. An entry that the
 // end of the file cuts off counts as damage too.
 void FileLogReader::goOnAfter(long long start) {
-    const bool atEnd = fileStream_.ended();
+    const bool atEnd = fileStream_.eof();
     const bool failed = logReader_->hasError() || (atEnd && position() > start);
     damage_.nothingRead(failed, position());
     if (logReader_->hasError() && !atEnd) stepTo(start + 1);
@@ -140,8 +145,7 @@ void FileLogReader::stepTo(long long position) {
 }
 
 bool FileLogReader::isReadable() {
-    if (file_ == nullptr) return false;
-    return fileStream_.hasReady() || (!fileStream_.eof() && fileStream_.readError() == 0);
+    return file_ != nullptr && !fileStream_.eof() && !fileStream_.hasFailed();
 }
 
 void FileLogReader::closeFile() {

@@ -17,7 +17,9 @@ public:
     FileLogReader(const Str& filebase, LogReader* logReader);  // owns the reader; the log is the reader's
     ~FileLogReader() override;
 
-    unsigned int read() override;  // the entries handled by one call, 0 at the end of a file
+    // The entries handled by one call, 0 at the end of a file.
+    unsigned int read() override { return readBy(&LogReader::read); }
+    unsigned int readRun() override { return readBy(&LogReader::readRun); }
     // Reads to the end of the log. A numbered part may be missing where a later one is not, so the log has ended only
     // after MAX_ZERO_READS reads in a row gave nothing.
     void readAll() {
@@ -25,7 +27,7 @@ public:
     }
     template <typename GoesOn>
     void readWhile(GoesOn goesOn) {  // the same, but goesOn() is asked before each read
-        for (int zeros = 0; zeros < MAX_ZERO_READS && goesOn();) zeros = read() > 0 ? 0 : zeros + 1;
+        for (int zeros = 0; zeros < MAX_ZERO_READS && goesOn();) zeros = readRun() > 0 ? 0 : zeros + 1;
     }
     virtual bool valid() { return file_ != nullptr; }  // a file is open
 
@@ -50,11 +52,15 @@ public:
     static void SetPriorityList(FlexArray<const char*>* list) { Log::Current().setPriorityWords(list); }
 
 private:
+    typedef unsigned int (LogReader::*Reading)();  // of the entry reader
+
     bool open(const Str& path);
     bool isFileEmpty();
     bool openUnlessEmpty(const Str& path);
     bool openNextPart();
-    unsigned int readOpenFile();
+    unsigned int readBy(Reading reading);
+    unsigned int readOpenFile(Reading reading);
+    unsigned int attempt(Reading reading);
     void closeFile();
     long long position() const { return origin_ + static_cast<long long>(fileStream_.getTotalBytesRead()); }
     void goOnAfter(long long start);

@@ -21,6 +21,8 @@ public:
     virtual bool hasError() { return error_; }  // the bytes just read are no entry
     virtual void setError(bool error) { error_ = error; }
     virtual unsigned int read() = 0;  // the number of entries handled, 0 when there was none to handle
+    // The same for as many entries as follow one another without anything to tell of.
+    virtual unsigned int readRun() { return read(); }
     // Where the reader's messages pass, for whoever steps it over damage; null when it logs nothing.
     virtual MessageGate* getMessageGate() { return nullptr; }
     virtual EntryNotes* getEntryNotes() { return nullptr; }  // what it notes of the entries; null when nothing

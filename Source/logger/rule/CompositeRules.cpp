@@ -13,6 +13,13 @@ bool CompositeRule::anyAnswers(bool wanted, const LogEntry* entry) {
     return false;
 }
 
+bool CompositeRule::anyCan(bool wanted, LogEntry::Type type) const {
+    for (unsigned int i = 0; i < rules_.size(); ++i) {
+        if (rules_.at(i)->canAdmit(type) == wanted) return true;
+    }
+    return false;
+}
+
 Str CompositeRule::toString() const {
     Str text("(");
     for (unsigned int i = 0; i < rules_.size(); ++i) {

@@ -26,6 +26,8 @@ protected:
     CompositeRule(const char* word, std::initializer_list<Rule*> rules);
     // Asks the children in order until one answers as wanted; true when one did.
     bool anyAnswers(bool wanted, const LogEntry* entry);
+    // Whether there is a child that can, or cannot, admit entries of the type.
+    bool anyCan(bool wanted, LogEntry::Type type) const;
 
 private:
     const char* const word_;  // borrowed
@@ -38,6 +40,7 @@ public:
     OrRule(Rule* ruleOne, Rule* ruleTwo, Rule* ruleThree = nullptr, Rule* ruleFour = nullptr, Rule* ruleFive = nullptr)
         : CompositeRule("OR", {ruleOne, ruleTwo, ruleThree, ruleFour, ruleFive}) {}
     bool check(const LogEntry* entry) override { return anyAnswers(true, entry); }
+    bool canAdmit(LogEntry::Type type) const override { return anyCan(true, type); }
 };
 
 // Admits what every child admits. Takes the children over; only the first two are required.
@@ -47,4 +50,5 @@ public:
             Rule* ruleSix = nullptr, Rule* ruleSeven = nullptr)
         : CompositeRule("AND", {ruleOne, ruleTwo, ruleThree, ruleFour, ruleFive, ruleSix, ruleSeven}) {}
     bool check(const LogEntry* entry) override { return !anyAnswers(false, entry); }
+    bool canAdmit(LogEntry::Type type) const override { return !anyCan(false, type); }
 };

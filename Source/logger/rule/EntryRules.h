@@ -10,6 +10,7 @@ public:
     explicit TypeRule(LogEntry::Type type) : type_(type) {}
     bool check(const LogEntry* entry) override;
     Str toString() const override;
+    bool canAdmit(LogEntry::Type type) const override { return type == type_; }
 
 private:
     const LogEntry::Type type_;
@@ -21,6 +22,7 @@ public:
     explicit EventTypeRule(EventEntry::EventType eventType) : eventType_(eventType) {}
     bool check(const LogEntry* entry) override;
     Str toString() const override;
+    bool canAdmit(LogEntry::Type type) const override { return type == LogEntry::EVENT_LOG_ENTRY; }
 
 private:
     const EventEntry::EventType eventType_;
@@ -32,6 +34,7 @@ public:
     explicit DataWriteRule(bool dataWrite) : dataWrite_(dataWrite) {}  // false: reads
     bool check(const LogEntry* entry) override;
     Str toString() const override;
+    bool canAdmit(LogEntry::Type type) const override { return type == LogEntry::DATA_LOG_ENTRY; }
 
 private:
     const bool dataWrite_;

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "logger/entry/LogEntry.h"
 #include "utils/Str.h"
-
-class LogEntry;
 
 // A predicate over one log entry. Whoever takes it, an association or another rule, owns it.
 class Rule {
@@ -12,6 +11,8 @@ public:
     virtual bool check(const LogEntry* entry) = 0;
     // What the rule asks for, such as "type=DATA": for people to read.
     virtual Str toString() const = 0;
+    // False when check is false for every entry of the type, now and ever.
+    virtual bool canAdmit(LogEntry::Type) const { return true; }
     // An association lets no entry through while its rule is not active. New rules are.
     virtual void activate() { active_ = true; }
     virtual void deactivate() { active_ = false; }

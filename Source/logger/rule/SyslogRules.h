@@ -9,6 +9,7 @@ public:
     explicit SyslogStartRule(const Str& start) : start_(start) {}
     bool check(const LogEntry* entry) override;
     Str toString() const override;
+    bool canAdmit(LogEntry::Type type) const override { return type == LogEntry::SYSLOG_LOG_ENTRY; }
 
 private:
     const Str start_;
@@ -22,6 +23,7 @@ public:
     SyslogSeverityRule(Syslog::Severity severity, bool orGreater) : severity_(severity), orGreater_(orGreater) {}
     bool check(const LogEntry* entry) override;
     Str toString() const override;
+    bool canAdmit(LogEntry::Type type) const override { return type == LogEntry::SYSLOG_LOG_ENTRY; }
 
 private:
     bool admits(Syslog::Severity severity) const;

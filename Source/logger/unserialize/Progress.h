@@ -13,7 +13,7 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    // Call after every entry: all but a few calls only count.
+    // Call after every run of entries: all but a few calls only count.
     bool isDue() { return isShown_ && ++calls_ % CALLS_PER_LOOK == 0; }
     void show(long long bytesDone);  // at most a few times a second
     void clear();                    // before other output comes to the terminal
@@ -22,7 +22,7 @@ public:
     static Str Line(long long bytesDone, long long totalBytes, double seconds);
 
 private:
-    static constexpr unsigned int CALLS_PER_LOOK = 4096;  // entries between two looks at the clock
+    static constexpr unsigned int CALLS_PER_LOOK = 64;  // runs between two looks at the clock
 
     const bool isShown_;
     const long long totalBytes_;

@@ -1,6 +1,13 @@
 #include "logger/reader/BinaryLogReader.h"
 
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
 #include "ReaderFixture.h"
+#include "io/FileInStream.h"
 #include "support/MemoryStreams.h"
 
 class BinaryLogReaderTest : public ReaderFixture {
@@ -51,6 +58,31 @@ TEST_F(BinaryLogReaderTest, ADirectoryAloneSetsNoTimes) {
     EXPECT_EQ(lines_.size(), WORKED_LOG_DIRECTORY);
     EXPECT_EQ(reader_->getFirstTime(), Timestamp::NOT_SET_TIME);
     EXPECT_EQ(reader_->getLastTime(), Timestamp::NOT_SET_TIME);
+}
+
+// The second of two pages is gone: reading fails in the middle of the entry that would go on there.
+TEST_F(BinaryLogReaderTest, AnEntryThatCannotBeReadOnIsDroppedInSilence) {
+    const size_t page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    char* const pages =
+        static_cast<char*>(mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    ASSERT_NE(MAP_FAILED, static_cast<void*>(pages));
+    munmap(pages + page, page);
+    const Str whole = WorkedLogBytes();
+    for (size_t lacking = 1; lacking < 30; ++lacking) {
+        const size_t length = whole.length() - lacking;
+        std::copy_n(whole.data(), length, pages + page - length);
+        FileInStream memory("/proc/self/mem");
+        ASSERT_TRUE(memory.seekTo(reinterpret_cast<long long>(pages + page - length)));
+        const std::unique_ptr<BinaryLogReader> reader(newReader());
+        reader->setInStream(memory);
+        while (!memory.hasFailed()) reader->read();
+        EXPECT_EQ(EIO, memory.readError());
+        EXPECT_EQ(errors(), Lines()) << lacking;
+        EXPECT_LT(lines_.size(), workedLines().size());
+        lines_.clear();
+        Slate::ClearDirectory();
+    }
+    munmap(pages, page);
 }
 
 TEST_F(BinaryLogReaderTest, AnImpossibleTimeIsAnErrorAndForgetsTheTimeBase) {

@@ -78,6 +78,13 @@ TEST_F(FileLogReaderTest, ASideFileHasNoPriorityNames) {
     EXPECT_EQ(lines_, Lines());
 }
 
+// This one is a file whose first byte cannot be read.
+TEST_F(FileLogReaderTest, WhatCannotBeReadIsNotDecoded) {
+    FileLogReader log("/proc/self/mem", newReader());
+    log.readAll();
+    EXPECT_EQ(errors(), Lines{"ERROR Cannot read /proc/self/mem: Input/output error"});
+}
+
 TEST_F(FileLogReaderTest, DamageOfAnyLengthIsSteppedOverAndReportedOnce) {
     for (const size_t length : {1u, 19u, 20u, 21u, 1000u, 200000u}) {
         const std::string path = write("slate", pieces_[0] + pieces_[1] + junk(length) + pieces_[2]);

@@ -6,6 +6,8 @@
 #include <tuple>
 #include <utility>
 
+#include "logger/rule/EntryRules.h"
+
 namespace {
 // Answers as told, and leaves its name in a journal when it is asked and when it is deleted.
 class Told : public Rule {
@@ -32,6 +34,28 @@ protected:
     std::string journal_;
 };
 }  // namespace
+
+// What the children cannot admit; of what one cannot admit its opposite may admit anything.
+TEST_F(CompositeRulesTest, KnowTheTypesThatTheyCanAdmit) {
+    typedef LogEntry::Type Type;
+    const auto only = [](Type type) { return new TypeRule(type); };
+    const Type data = LogEntry::DATA_LOG_ENTRY;
+    const Type event = LogEntry::EVENT_LOG_ENTRY;
+    const Type syslog = LogEntry::SYSLOG_LOG_ENTRY;
+    const std::tuple<Rule*, const char*> cases[] = {
+        // for an event, a data entry and a message
+        {new OrRule(only(data), only(event)), "yes yes no "},
+        {new AndRule(only(data), yes('a')), "no yes no "},
+        {new AndRule(only(data), only(event)), "no no no "},
+        {new OrRule(new NotRule(only(data)), only(syslog)), "yes yes yes "},
+    };
+    for (const auto& [rule, expected] : cases) {
+        std::string answers;
+        for (const Type type : {event, data, syslog}) answers += rule->canAdmit(type) ? "yes " : "no ";
+        EXPECT_EQ(expected, answers) << rule->toString().cStr();
+        delete rule;
+    }
+}
 
 // One kind until one admits, the other until one refuses. The children go with their parent.
 TEST_F(CompositeRulesTest, AskInOrderNoMoreThanTheyNeed) {

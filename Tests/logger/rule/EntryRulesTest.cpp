@@ -41,6 +41,7 @@ TEST_F(EntryRulesTest, EachAdmitsItsOwnKindAloneAndSaysSo) {
         for (LogEntry* entry : {written_, read_, cycle_, running_, message_, version_}) {
             const bool expected = std::count(c.admitted_.begin(), c.admitted_.end(), entry) == 1;
             EXPECT_EQ(expected, c.rule_.check(entry)) << c.text_ << " of " << entry->toString(nullptr).cStr();
+            EXPECT_EQ(entry->getType() == c.admitted_[0]->getType(), c.rule_.canAdmit(entry->getType())) << c.text_;
         }
     }
 }

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+
+#include "data/DataElement.h"
+#include "data/Log.h"
+#include "io/ByteCursor.h"
+#include "logger/entry/DataForm.h"
+#include "logger/entry/TimeBounds.h"
+
+// An access whose entries need no closer look.
+struct KnownAccess {
+    // The element's value where it takes the log's bytes as they are; null where it does not.
+    DataValue* valueToFill() const {
+        DataValue* const value = element_->getDataValue();
+        return unit_ != nullptr && value != nullptr && value->isOf(form_.getType(), *unit_) ? value : nullptr;
+    }
+
+    // Passes over an entry, of which nothing is wanted; false for one that is not whole there or needs a closer look.
+    bool stepOver(ByteCursor& from, const Timestamp& timeBase, bool timesHaveFlag) const {
+        Timestamp t = timeBase;
+        bool changed = false;
+        unsigned short size = 0;
+        return form_.takeTime(t, changed, from, timesHaveFlag) && TimeBounds::Holds(t) &&
+               (!changed || form_.takeValue(size, from) != nullptr);
+    }
+
+    DataForm form_;
+    DataAccess* access_ = nullptr;    // borrowed
+    DataElement* element_ = nullptr;  // borrowed; null in a scan
+    const Unit* unit_ = nullptr;      // of the values that take the bytes; null: none does
+    unsigned int knownAt_ = 0;        // the log's changes then; 0: never
+};
+
+// The accesses of a log by their codes, as they are met. When the log's codes change all must be met again.
+class KnownAccesses {
+public:
+    explicit KnownAccesses(const Log& log) : log_(log) {}  // borrowed
+
+    const KnownAccess* find(unsigned int code) const {  // null when it is not known
+        const bool isKnown = code < count_ && accesses_[code].knownAt_ == log_.getChanges();
+        return isKnown ? &accesses_[code] : nullptr;
+    }
+    // An entry of the access has just been read.
+    void meet(DataAccess& access, LogEntry::Values values);
+
+private:
+    KnownAccess& at(unsigned int code);
+
+    const Log& log_;
+    std::unique_ptr<KnownAccess[]> accesses_;
+    unsigned int count_ = 0;
+};
