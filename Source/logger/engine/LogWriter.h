@@ -43,9 +43,11 @@ public:
     virtual unsigned int writeFooter() { return 0; }
     virtual void config(Logger&) {}
     virtual void resetInputs() {}  // forget what one input was about
-    // When memory is refused, a writer that holds much may have to end its output with what it has, and a message.
-    virtual size_t heldBytes() { return 0; }  // that endEarly gives back, about
-    virtual void endEarly() {}
+    // When memory is refused, a writer that holds much has to give it back: to a temporary file, or else it ends its
+    // output with what it has, and a message.
+    virtual size_t heldBytes() { return 0; }  // that freeMemory gives back, about
+    virtual void freeMemory() {}
+    virtual bool isWhole() { return true; }  // false: it had to leave something out, and told so
     virtual void activate() { active_ = true; }
     virtual void deactivate() { active_ = false; }
     virtual bool isActive() { return active_; }

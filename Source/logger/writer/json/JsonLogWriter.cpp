@@ -1,7 +1,6 @@
 #include "logger/writer/json/JsonLogWriter.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -21,6 +20,11 @@ JsonLogWriter::JsonLogWriter(bool formatted, int varCount, char** varList, char*
                      [this](int a, int b) { return strlen(nameOf(a)) < strlen(nameOf(b)); });
 }
 
+unsigned int JsonLogWriter::writeHeader() {
+    if (json_ != nullptr) json_->samples().setNeighbour(fileName());
+    return 0;
+}
+
 unsigned int JsonLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
     if (!initializeFilterLogWriter()) return 0;
@@ -35,7 +39,7 @@ void JsonLogWriter::initializeJsonLogWriter() {
     bool isComplete = true;
     for (int i = 0; i < requestCount(); ++i) isComplete = place(shortestFirst_[i]) && isComplete;
     if (isComplete && !json_->isEmpty()) jsonLogWriterInitialized_ = true;
-    if (json_->isRefused()) endEarly();
+    if (json_->samples().isRefused()) writeDocument();
 }
 
 // Requests of one name share what the first of them has; a setting that is also a variable is written as that.
@@ -63,14 +67,14 @@ void JsonLogWriter::addVar(int index, const Unit& unit) {
 unsigned int JsonLogWriter::writeData(const DataEntry* entry, int varIndex, const Unit*) {
     if (entry == nullptr || json_ == nullptr || nodes_[varIndex].leaf_ == nullptr) return 0;
     JsonLeaf& leaf = *nodes_[varIndex].leaf_;
-    const size_t valuesBefore = leaf.values_.length();
-    const size_t timesBefore = leaf.times_.length();
+    const PackedItems::State valuesBefore = leaf.values_.state();
+    const PackedItems::State timesBefore = leaf.times_.state();
     if (!addValue(leaf, *entry, varIndex)) return 0;
     leaf.times_.addNumber(std::round(entry->getTimestamp().asDouble() * 1000));
-    if (!leaf.isRefused()) return 0;
-    leaf.values_.cutTo(valuesBefore);
-    leaf.times_.cutTo(timesBefore);
-    endEarly();
+    if (!json_->samples().isRefused()) return 0;
+    leaf.values_.takeBack(valuesBefore);
+    leaf.times_.takeBack(timesBefore);
+    writeDocument();
     return 0;
 }
 
@@ -80,23 +84,22 @@ unsigned int JsonLogWriter::writeAtt(const DataEntry* entry, int attIndex, const
 
 // Nested arrays of the lengths, from an element of the blob on; elements past its end are null. The result is the
 // element that is next.
-static size_t AddBlob(JsonArray& values, const BlobValue& blob, const Unit& unit, const size_t* lengths, int rank,
+static size_t AddBlob(PackedItems& values, const BlobValue& blob, const Unit& unit, const size_t* lengths, int rank,
                       size_t next) {
-    const size_t count = blob.getCount();
+    const auto addPart = [&] {
+        if (rank > 1) return AddBlob(values, blob, unit, lengths + 1, rank - 1, next);
+        double number = 0;
+        blob.get(next, unit, number);
+        values.addNumber(number);
+        return next + 1;
+    };
+    size_t left = *lengths;
     values.beginArray();
-    for (size_t i = 0; i < *lengths; ++i) {
-        const bool isPastEnd = next >= count;
-        const size_t place = values.nextPlace();
-        if (rank > 1) {
-            next = AddBlob(values, blob, unit, lengths + 1, rank - 1, next);
-        } else {
-            double number = 0;
-            blob.get(next++, unit, number);
-            values.addNumber(number);
-        }
-        if (!isPastEnd) continue;
-        values.addAgain(place, *lengths - i - 1);
-        break;
+    for (; left > 0 && next < blob.getCount(); --left) next = addPart();
+    if (left > 0) {
+        const PackedItems::State begin = values.beginPiece();
+        next = addPart();
+        values.addAgain(values.endPiece(begin), left - 1);
     }
     values.endArray();
     return next;
@@ -151,17 +154,17 @@ unsigned int JsonLogWriter::writeFooter() {
 }
 
 void JsonLogWriter::writeDocument() {
-    if (json_ != nullptr && isValid() && !json_->write(*logStream_)) tellRefused();
+    if (json_ == nullptr) return;
+    if (isValid()) json_->write(*logStream_);
+    if (!json_->failure().isEmpty()) {
+        isWhole_ = false;
+        log_.getLogger().fileFailure("write", fileName(), json_->failure().cStr());
+    }
     json_.reset();
 }
 
-void JsonLogWriter::endEarly() {
-    tellRefused();
-    writeDocument();
-}
-
-void JsonLogWriter::tellRefused() const {
-    log_.getLogger().syslog(Str("Failed to write ") + fileName() + ": " + strerror(ENOMEM), Syslog::ERROR);
+void JsonLogWriter::freeMemory() {
+    if (json_ != nullptr && !json_->samples().moveToFile()) writeDocument();
 }
 
 void JsonLogWriter::resetInputs() {

@@ -9,14 +9,14 @@
 
 // The samples of the selected variables and settings as one JSON document: an object for each part of a name, and in
 // the last one the arrays of values and times (milliseconds since the epoch). Arrays of the log are nested arrays.
-// All samples stay in memory, as text, until the footer writes the document. When they are refused memory the document
-// is written with what is there by then, and an ERROR tells.
+// The samples wait for the footer, which writes the document, in memory and in a temporary file. When that fails the
+// document is written with what is there by then, and an ERROR tells.
 class JsonLogWriter final : public FilterLogWriter {
 public:
     // The lists are borrowed. formatted: over many lines, indented.
     JsonLogWriter(bool formatted, int varCount, char** varList, char** unitList, int attCount, char** attList);
 
-    unsigned int writeHeader() override { return 0; }
+    unsigned int writeHeader() override;  // writes nothing
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
     // The document, once. When no variable has a place in it, the reasons go to standard output instead.
     unsigned int writeFooter() override;
@@ -24,8 +24,9 @@ public:
     unsigned int writeData(const DataEntry* entry, int varIndex, const Unit* unit) override;
     unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) override;
     void resetInputs() override;
-    size_t heldBytes() override { return json_ == nullptr ? 0 : json_->heldBytes(); }
-    void endEarly() override;  // writes the document
+    size_t heldBytes() override { return json_ == nullptr ? 0 : json_->samples().heldBytes(); }
+    void freeMemory() override;
+    bool isWhole() override { return isWhole_; }
 
 private:
     // The place of a request: null while it has none, or when another request of an equal name has it.
@@ -53,10 +54,10 @@ private:
 
     bool addValue(JsonLeaf& leaf, const DataEntry& entry, int index);
     void writeDocument();
-    void tellRefused() const;
     const char* fileName() const { return logStream_ == nullptr ? "" : logStream_->getName(); }
 
-    std::unique_ptr<JsonDocument> json_;     // null once it is written
+    std::unique_ptr<JsonDocument> json_;  // null once it is written
+    bool isWhole_ = true;
     bool jsonLogWriterInitialized_ = false;  // some input's requests were all placed; samples are kept from then on
     const std::unique_ptr<Node[]> nodes_;
     const std::unique_ptr<int[]> shortestFirst_;  // the requests by the length of their names

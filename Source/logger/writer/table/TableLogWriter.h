@@ -28,7 +28,7 @@ public:
     unsigned int writeFooter() override;
     void resetInputs() override;
     size_t heldBytes() override;
-    void endEarly() override;  // writes the pending rows, the table's last
+    void freeMemory() override;  // writes the pending rows, the table's last
 
     // Each returns the number of bytes written.
     virtual unsigned int writeAllInterpolated();                 // emits every pending row
