@@ -15,7 +15,8 @@ const double FEW_END = 1e15;  // a whole number below has no more than the few d
 // 0, with the point behind the first of them, times a power of ten.
 struct Decimal {
     explicit Decimal(double number);
-    bool round(int count);  // to fewer digits; false where it lies just between two
+    bool needsAllDigits() const;  // few surely tell of another number, where it has more
+    bool round(int count);        // to fewer digits; false where it lies just between two
     void carry();
     char* put(char* to, int precision) const;  // as "%.*g"
     char* putScientific(char* to) const;
@@ -36,6 +37,15 @@ Decimal::Decimal(double number) : isNegative_(std::signbit(number)) {
         if (*at != '.') digits_[count_++] = *at;
     }
     std::from_chars(at + (at[1] == '+' ? 2 : 1), end, exponent_);
+}
+
+// What the few digits leave out is counted in units of the last of all digits. A number counts as told where it is off
+// by an epsilon, which is 2.3 units at most for each that the first digit may reach; and both decimals are off by as
+// much together, at most, from the doubles that they tell.
+bool Decimal::needsAllDigits() const {
+    const int last = count_ == ALL_DIGITS ? digits_[FEW_DIGITS + 1] - '0' : 0;
+    const int rest = 10 * (digits_[FEW_DIGITS] - '0') + last;
+    return std::min(rest, 100 - rest) > 5 * (digits_[0] - '0' + 1);
 }
 
 bool Decimal::round(int count) {
@@ -98,13 +108,18 @@ bool IsTold(double number, const char* text, const char* end) {
     return std::fabs(told - number) <= std::max(std::fabs(told), std::fabs(number)) * DBL_EPSILON;
 }
 
+char* PutAll(char* to, double number, const Decimal& shortest) {
+    return shortest.count_ == ALL_DIGITS ? shortest.put(to, ALL_DIGITS) : PutExactly(to, number, ALL_DIGITS);
+}
+
 // The number rounded to few digits is the shortest decimal rounded, for no number of few digits, nor one just between
 // two, lies between them.
 char* PutRounded(char* to, double number, const Decimal& shortest) {
+    if (shortest.needsAllDigits()) return PutAll(to, number, shortest);
     Decimal rounded = shortest;
     char* const end = rounded.round(FEW_DIGITS) ? rounded.put(to, FEW_DIGITS) : PutExactly(to, number, FEW_DIGITS);
     if (IsTold(number, to, end)) return end;
-    return shortest.count_ == ALL_DIGITS ? shortest.put(to, ALL_DIGITS) : PutExactly(to, number, ALL_DIGITS);
+    return PutAll(to, number, shortest);
 }
 
 // Numbers so small have fewer digits than others.

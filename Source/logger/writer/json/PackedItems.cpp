@@ -21,13 +21,12 @@ void PackedItems::put(Kind kind, const T& value) {
 }
 
 void PackedItems::addNumber(double number) {
-    static const char NOTHING_THERE = NOTHING, SAME_AGAIN = SAME;
     putPending();
     longestText_ += LONGEST_ITEM;
-    if (!std::isfinite(number)) return put(&NOTHING_THERE, 1);
+    if (!std::isfinite(number)) return put(NOTHING);
     const double last = last_;
     last_ = number;
-    if (AreSame(number, last)) return put(&SAME_AGAIN, 1);
+    if (AreSame(number, last)) return put(SAME);
     const double change = number - last;
     const short step = std::fabs(change) <= SHRT_MAX ? static_cast<short>(change) : 0;
     if (AreSame(last + step, number)) return put(STEP, step);
@@ -40,7 +39,7 @@ void PackedItems::addOther(Kind kind) {
     putPending();
     last_ = 0;
     longestText_ += LONGEST_ITEM;
-    put(&kind, 1);
+    put(kind);
 }
 
 void PackedItems::addText(const char* text, size_t length) {

@@ -36,12 +36,13 @@ public:
     void addText(const char* text, size_t length);  // of any bytes
     void beginArray() { addOther(BEGIN); }          // a nested one; what is added from here on goes there
     void endArray() { addOther(END); }
-    void addAgain(const Piece& piece, size_t times);  // the same piece at once again, or any
+    void addAgain(const Piece& piece, size_t times);  // so many times more
 
-    State state() const { return {series_.length(), longestText_, pending_}; }
-    void takeBack(const State& end);  // what came from there on
+    // What is added between these two is a piece.
     State beginPiece();
     Piece endPiece(const State& begin);
+    State state() const { return {series_.length(), longestText_, pending_}; }
+    void takeBack(const State& end);  // what came since
 
     // All that there is: a piece, and how often one comes again behind it.
     Piece stored() const { return {0, series_.length(), longestText_}; }
@@ -91,6 +92,7 @@ public:
 private:
     void addOther(Kind kind);
     void put(const void* bytes, size_t length) { series_.append(bytes, length); }
+    void put(Kind kind) { put(&kind, sizeof kind); }
     template <typename T>
     void put(Kind kind, const T& value);
     void putPending();

@@ -28,7 +28,6 @@ static std::string Add(JsonArray& array, int round) {
     array.beginArray();
     array.addNumber(round);
     array.endArray();
-    array.addAgain(array.endPiece(array.beginPiece()), 0);
     array.endArray();
     const PackedItems::Piece piece = array.endPiece(begin);
     array.addAgain(piece, 1);
