@@ -28,4 +28,5 @@ void RefusableBytes::clear() {
     free(bytes_);
     bytes_ = nullptr;
     length_ = room_ = 0;
+    isRefused_ = false;
 }

@@ -23,13 +23,15 @@ public:
         if (void* const room = extend(length)) memcpy(room, bytes, length);
     }
     void cutTo(size_t length) { length_ = length; }  // at most the length so far
-    void clear();                                    // gives the memory back
+    void clear();                                    // gives the memory back; it may be asked for again
 
     void swap(RefusableBytes& other);
 
     char* data() { return bytes_; }  // until the next append; null before the first
     const char* data() const { return bytes_; }
     size_t length() const { return length_; }
+    size_t room() const { return room_; }             // bytes of memory that it takes
+    size_t spare() const { return room_ - length_; }  // of them, for what comes
     bool isRefused() const { return isRefused_; }
     void refuse() { isRefused_ = true; }  // for a part that could not even be made
 

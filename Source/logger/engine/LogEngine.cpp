@@ -49,7 +49,7 @@ bool LogEngine::freeMemory() {
         if (writer == nullptr || writer->heldBytes() <= LITTLE) continue;
         if (largest == nullptr || writer->heldBytes() > largest->heldBytes()) largest = writer;
     }
-    if (largest != nullptr) largest->endEarly();
+    if (largest != nullptr) largest->freeMemory();
     return largest != nullptr;
 }
 

@@ -28,7 +28,7 @@ public:
         if (queue_.peek() != nullptr) deliverQueue(limit);
     }
     void resetInputs();  // of every writer
-    // Ends the output early that holds the most memory, to have it back. False when none holds much.
+    // Has the output that holds the most memory give it back. False when none holds much.
     bool freeMemory();
     // Ends every writer: all footers are written while every file is still open, then the associations are destroyed in
     // order, which closes the files. Calling it again does nothing.

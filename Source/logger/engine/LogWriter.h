@@ -49,10 +49,11 @@ public:
     // on. The converter never calls it.
     virtual void config(Logger&) {}
     virtual void resetInputs() {}  // forget what one input was about
-    // When memory is refused, a writer that holds much may have to end its output with what it has, and a message.
-    virtual size_t heldBytes() { return 0; }  // that endEarly gives back, about
-    // Writes what there is; no entry is taken from then on.
-    virtual void endEarly() {}
+    // When memory is refused, a writer that holds much has to give it back: to a temporary file, or else it writes what
+    // there is, with a message, and takes no entry from then on.
+    virtual size_t heldBytes() { return 0; }  // that freeMemory gives back, about
+    virtual void freeMemory() {}
+    virtual bool isWhole() { return true; }  // false: it had to leave something out, and told so
     // No association offers an entry to a writer that is not active. New ones are.
     virtual void activate() { active_ = true; }
     virtual void deactivate() { active_ = false; }

@@ -138,8 +138,8 @@ bool Unserialize::writesInVain() const {
     return settings_.toStandardOutput_ && outputs_.files().size() == 0 && ferror_unlocked(stdout) != 0;
 }
 
-// What gives memory back is an output that keeps much of it: that one ends, the others go on. When there is none the
-// rest of the inputs is left out.
+// What gives memory back is an output that keeps much of it: to a file, or that one ends and the others go on. When
+// there is none the rest of the inputs is left out.
 bool Unserialize::regainMemory() {
     while (!MemoryReserve::Hold()) {
         if (engine_.freeMemory()) continue;

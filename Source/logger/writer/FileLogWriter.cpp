@@ -67,6 +67,7 @@ bool FileLogWriter::open(const char* path, bool append) {
 void FileLogWriter::close() {
     if (valid()) {
         logWriter_->writeFooter();
+        if (!logWriter_->isWhole()) outcome_->fail();
         fileStream_.close();
         checkStream("write");
         bytesInFile_ = 0;

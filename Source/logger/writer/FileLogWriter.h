@@ -25,7 +25,7 @@ public:
     void endCycle() override;  // the format writer gets no endCycle
     void resetInputs() override;
     size_t heldBytes() override { return logWriter_->heldBytes(); }
-    void endEarly() override { logWriter_->endEarly(); }
+    void freeMemory() override { logWriter_->freeMemory(); }
 
     virtual bool valid();                                    // a file is open
     const Str& getFilename() override { return filename_; }  // empty when closed

@@ -29,8 +29,8 @@ public:
     void config(Logger& logger) override;
     void resetInputs() override;
     size_t heldBytes() override { return outputTo_ == nullptr ? 0 : outputTo_->heldBytes(); }
-    void endEarly() override {
-        if (outputTo_ != nullptr) outputTo_->endEarly();
+    void freeMemory() override {
+        if (outputTo_ != nullptr) outputTo_->freeMemory();
     }
 
     // Each returns the number of bytes written.

@@ -2,124 +2,153 @@
 
 #include <cjson/cJSON.h>
 
-#include <algorithm>
-#include <cfloat>
-#include <charconv>
+#include <cerrno>
 #include <cmath>
 #include <cstring>
 #include <memory>
 
 #include "io/OutStream.h"
+#include "logger/writer/json/JsonNumber.h"
+#include "utils/FlexArray.h"
+#include "utils/Str.h"
 #include "utils/TextBuffer.h"
 #include "utils/Utf8.h"
 
-static const int FEW_DIGITS = 15;  // every decimal number of so many digits survives in a double
-static const int ALL_DIGITS = 17;  // every double survives in so many digits
-static const size_t LONGEST_NUMBER = 32;
-static const char* const NOTHING = "null";
-static const char REPEAT = '\0';
-static const size_t GATHERED = 65536;  // bytes that are written together
+namespace {
+// The text of items.
+class ItemsText {
+public:
+    // Hands the text to the stream in parts; it keeps the whole text where there is none.
+    ItemsText(PackedItems& items, const char* separator, OutStream* out)
+        : items_(items), separator_(separator), out_(out) {}
 
-static bool AreAlike(double a, double b) {
-    return std::fabs(a - b) <= std::max(std::fabs(a), std::fabs(b)) * DBL_EPSILON;
+    void addAll();
+    void add(const PackedItems::Piece& piece);
+
+private:
+    struct Kept {
+        size_t place_;
+        Str text_;
+    };
+    static constexpr size_t GATHERED = 65536;  // bytes that are written together
+    static constexpr unsigned int KEPT = 4;    // texts that may come again
+    static constexpr size_t SHORT = 2500000;   // characters of one, enough for all elements that a log brings
+
+    void addItem(PackedItems::Reader& item);
+    void addNumber(double number);
+    void addAgain(const PackedItems::Repetition& repetition);
+    const Str& textOf(const PackedItems::Piece& piece);
+    void separate();
+    void flush();
+
+    PackedItems& items_;
+    const char* const separator_;
+    OutStream* const out_;
+    TextBuffer text_;
+    bool isFirst_ = true;  // of the array or of a nested one
+    double number_ = NAN;  // the last one, and its text
+    char digits_[JsonNumber::LONGEST];
+    size_t digitCount_ = 0;
+    FlexArray<Kept*> kept_{true, KEPT};  // owned, the latest first
+};
+
+void ItemsText::addAll() {
+    text_.append('[');
+    add(items_.stored());
+    addAgain(items_.pending());
+    text_.append(']');
+    flush();
 }
 
-void JsonArray::beginItem() {
-    if (!isAtStart_) text_.append(separator_, strlen(separator_));
-    isAtStart_ = false;
+void ItemsText::add(const PackedItems::Piece& piece) {
+    for (PackedItems::Reader item(items_, piece); item.next();) {
+        addItem(item);
+        if (out_ != nullptr && text_.length() >= GATHERED) flush();
+    }
 }
 
-void JsonArray::addItem(const char* text, size_t length) {
-    beginItem();
-    text_.append(text, length);
+void ItemsText::addItem(PackedItems::Reader& item) {
+    switch (item.kind()) {
+        case PackedItems::NOTHING:
+            separate();
+            text_.append("null", 4);
+            break;
+        case PackedItems::TEXT:
+            separate();
+            item.copyText(text_);
+            break;
+        case PackedItems::BEGIN:
+            separate();
+            text_.append('[');
+            isFirst_ = true;
+            break;
+        case PackedItems::END:
+            text_.append(']');
+            isFirst_ = false;
+            break;
+        case PackedItems::AGAIN:
+            addAgain(item.repetition());
+            break;
+        default:
+            addNumber(item.number());
+    }
 }
 
-void JsonArray::beginArray() {
-    addItem("[", 1);
-    isAtStart_ = true;
+void ItemsText::addNumber(double number) {
+    if (number != number_ || std::signbit(number) != std::signbit(number_)) {
+        digitCount_ = static_cast<size_t>(JsonNumber::Put(digits_, number) - digits_);
+        number_ = number;
+    }
+    separate();
+    text_.append(digits_, digitCount_);
 }
 
-void JsonArray::endArray() {
-    text_.append("]", 1);
-    isAtStart_ = false;
+// What is repeated may hold repetitions itself.
+void ItemsText::addAgain(const PackedItems::Repetition& repetition) {
+    const Str* const text = repetition.piece_.longestText_ <= SHORT ? &textOf(repetition.piece_) : nullptr;
+    for (size_t i = 0; i < repetition.times_; ++i) {
+        separate();
+        isFirst_ = true;
+        if (text == nullptr) {
+            add(repetition.piece_);
+        } else {
+            text_.append(*text);
+        }
+        isFirst_ = false;
+        if (out_ != nullptr && text_.length() >= GATHERED) flush();
+    }
 }
 
-size_t JsonArray::nextPlace() const {
-    return isAtStart_ ? length() : length() + strlen(separator_);
+const Str& ItemsText::textOf(const PackedItems::Piece& piece) {
+    for (unsigned int i = 0; i < kept_.size(); ++i) {
+        if (kept_.at(i)->place_ == piece.place_) return kept_.at(i)->text_;
+    }
+    ItemsText text(items_, separator_, nullptr);
+    text.add(piece);
+    if (kept_.size() == KEPT) delete kept_.pop(-1);
+    kept_.insert(0, new Kept{piece.place_, text.text_.toStr()});
+    return kept_.at(0)->text_;
 }
 
-// Few digits, unless they tell of another number.
-void JsonArray::addNumber(double number) {
-    if (!std::isfinite(number)) return addItem(NOTHING, strlen(NOTHING));
-    char digits[LONGEST_NUMBER];
-    char* const limit = digits + LONGEST_NUMBER;
-    char* end = std::to_chars(digits, limit, number, std::chars_format::general, FEW_DIGITS).ptr;
-    double told = 0;
-    std::from_chars(digits, end, told);
-    if (!AreAlike(told, number)) end = std::to_chars(digits, limit, number, std::chars_format::general, ALL_DIGITS).ptr;
-    addItem(digits, static_cast<size_t>(end - digits));
+void ItemsText::separate() {
+    if (!isFirst_) text_.append(separator_);
+    isFirst_ = false;
 }
+
+void ItemsText::flush() {
+    out_->write(text_.data(), text_.length());
+    text_.clear();
+}
+}  // namespace
 
 void JsonArray::addString(const Str& text) {
     const Str valid = Utf8::Sanitized(text, Utf8::REPLACE_NUL);
     const std::unique_ptr<cJSON, void (*)(cJSON*)> item(cJSON_CreateStringReference(valid.cStr()), cJSON_Delete);
     const std::unique_ptr<char, void (*)(void*)> written(cJSON_PrintUnformatted(item.get()), cJSON_free);
-    if (written == nullptr) return text_.refuse();
-    addItem(written.get(), strlen(written.get()));
-}
-
-void JsonArray::addAgain(size_t place, size_t length, size_t times) {
-    Repetition repetition = {place, length, times};
-    Repetition last = {};
-    const bool followsOne = repetitionEnd_ != 0 && repetitionEnd_ == this->length();
-    if (followsOne) memcpy(&last, text_.data() + repetitionEnd_ - sizeof last, sizeof last);
-    if (last.place_ == place && last.length_ == length) {
-        repetition.times_ += last.times_;
-        text_.cutTo(repetitionEnd_ - sizeof last - sizeof REPEAT);
-    }
-    if (repetition.times_ == 0) return;
-    text_.append(&REPEAT, sizeof REPEAT);
-    text_.append(&repetition, sizeof repetition);
-    repetitionEnd_ = this->length();
-}
-
-static void Flush(OutStream& out, TextBuffer& gathered) {
-    out.write(gathered.data(), gathered.length());
-    gathered.clear();
-}
-
-static void Put(OutStream& out, TextBuffer& gathered, const char* text, size_t length) {
-    if (gathered.length() + length > GATHERED) Flush(out, gathered);
-    if (length > GATHERED) {
-        out.write(text, length);
-    } else {
-        gathered.append(text, length);
-    }
+    if (written == nullptr) return store().refuse(ENOMEM);
+    addText(written.get(), strlen(written.get()));
 }
 
 void JsonArray::write(OutStream& out) {
-    TextBuffer gathered;
-    Put(out, gathered, "[", 1);
-    write(out, gathered, 0, length());
-    Put(out, gathered, "]", 1);
-    Flush(out, gathered);
-}
-
-// What is repeated may hold repetitions itself.
-void JsonArray::write(OutStream& out, TextBuffer& gathered, size_t from, size_t end) {
-    while (from < end) {
-        const char* const text = text_.data() + from;
-        const char* const mark = static_cast<const char*>(memchr(text, REPEAT, end - from));
-        const size_t plain = mark == nullptr ? end - from : static_cast<size_t>(mark - text);
-        Put(out, gathered, text, plain);
-        from += plain;
-        if (mark == nullptr) return;
-        Repetition repetition;
-        memcpy(&repetition, mark + sizeof REPEAT, sizeof repetition);
-        from += sizeof REPEAT + sizeof repetition;
-        for (size_t i = 0; i < repetition.times_; ++i) {
-            Put(out, gathered, separator_, strlen(separator_));
-            write(out, gathered, repetition.place_, repetition.place_ + repetition.length_);
-        }
-    }
+    ItemsText(*this, separator_, &out).addAll();
 }

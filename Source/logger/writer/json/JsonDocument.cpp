@@ -1,5 +1,6 @@
 #include "logger/writer/json/JsonDocument.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -7,6 +8,7 @@
 
 #include "data/StrValue.h"
 #include "io/OutStream.h"
+#include "logger/writer/NameParts.h"
 #include "utils/Utf8.h"
 
 static const char* const VALUE = "value";
@@ -24,22 +26,20 @@ JsonLeaf::Latest* JsonLeaf::latestOf(unsigned short elementCode) {
 }
 
 // Short ones are kept as soon as they are compared.
-void JsonLeaf::remember(unsigned short elementCode, const StrValue& value, size_t place) {
+void JsonLeaf::remember(unsigned short elementCode, const StrValue& value, const PackedItems::Piece& piece) {
     static const size_t SHORT_LENGTH = 32;
     Latest* latest = latestOf(elementCode);
-    const size_t length = values_.length() - place;
-    if (latest == nullptr && length <= SHORT_LENGTH) return;
-    if (latest == nullptr) latest_.push(latest = new Latest{elementCode, Str(), nullptr, 0, 0});
+    if (latest == nullptr && piece.length_ <= SHORT_LENGTH) return;
+    if (latest == nullptr) latest_.push(latest = new Latest{elementCode, Str(), nullptr, {}});
     latest->bytes_ = value.getValue();
     latest->unit_ = value.getUnit();
-    latest->place_ = place;
-    latest->length_ = length;
+    latest->piece_ = piece;
 }
 
 bool JsonLeaf::addAgain(unsigned short elementCode, const StrValue& value) {
     const Latest* const latest = latestOf(elementCode);
     if (latest == nullptr || latest->unit_ != value.getUnit() || latest->bytes_ != value.getValue()) return false;
-    values_.addAgain(latest->place_, latest->length_, 1);
+    values_.addAgain(latest->piece_, 1);
     return true;
 }
 
@@ -79,38 +79,23 @@ static cJSON* AddArray(cJSON* object, const char* name) {
 }
 
 JsonLeaf* JsonDocument::addLeaf(const Str& name, const char* units) {
-    Str path(name);
-    path.replaceChar(':', '.');
-    path.replaceChar('/', '.');
-    if (places_.get(path) != nullptr) return nullptr;
+    const NameParts parts(name);
+    if (places_.get(parts.path()) != nullptr) return nullptr;
     cJSON* object = root_.get();
-    size_t begin = 0;
-    for (size_t dot = path.find('.'); dot != Str::NO_POS; dot = path.find('.', begin)) {
-        object = FindOrAdd(object, path.substr(begin, dot - begin), CanBeParent);
-        begin = dot + 1;
-    }
-    object = FindOrAdd(object, path.substr(begin), CanBecomeLeaf);
+    for (int i = 0; i < parts.groupCount(); ++i) object = FindOrAdd(object, parts.group(i), CanBeParent);
+    object = FindOrAdd(object, parts.last(), CanBecomeLeaf);
     cJSON* const values = AddArray(object, VALUE);
     const bool hasUnits = cJSON_AddStringToObject(object, UNITS, units) != nullptr;
     cJSON* const times = AddArray(object, TIME);
-    refused_ = refused_ || values == nullptr || !hasUnits || times == nullptr;
-    if (refused_) return nullptr;
-    Place* const place = new Place{JsonLeaf(formatted_), values, times};
-    places_.put(path, place, true);
+    if (values == nullptr || !hasUnits || times == nullptr) samples_.refuse(ENOMEM);
+    if (samples_.isRefused()) return nullptr;
+    Place* const place = new Place{JsonLeaf(samples_, formatted_), values, times};
+    places_.put(parts.path(), place, true);
     return &place->leaf_;
 }
 
 void JsonDocument::forgetElements() {
     for (unsigned int i = 0; i < places_.size(); ++i) places_.getIndexed(i)->leaf_.forget();
-}
-
-size_t JsonDocument::heldBytes() const {
-    size_t bytes = 0;
-    for (unsigned int i = 0; i < places_.size(); ++i) {
-        const JsonLeaf& leaf = places_.getIndexed(i)->leaf_;
-        bytes += leaf.values_.length() + leaf.times_.length();
-    }
-    return bytes;
 }
 
 // The document with a mark for each array; empty without memory.
@@ -133,9 +118,9 @@ void JsonDocument::writeArray(unsigned int number, OutStream& out) {
     (number % 2 == 0 ? leaf.values_ : leaf.times_).write(out);
 }
 
-bool JsonDocument::write(OutStream& out) {
+void JsonDocument::write(OutStream& out) {
     const Str names = printNames();
-    if (names.isEmpty()) return false;
+    if (names.isEmpty()) return samples_.refuse(ENOMEM);
     const char* at = names.cStr();
     while (const char* const mark = strchr(at, MARK)) {
         out.write(at, static_cast<size_t>(mark - at));
@@ -144,5 +129,4 @@ bool JsonDocument::write(OutStream& out) {
         at = end;
     }
     out << at << '\n';
-    return true;
 }

@@ -1,6 +1,5 @@
 #include "logger/writer/json/JsonLogWriter.h"
 
-#include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -13,6 +12,11 @@ JsonLogWriter::JsonLogWriter(bool formatted, const RequestedVariables& variables
       json_(new JsonDocument(formatted)),
       nodes_(new Node[requestCount()]) {}
 
+unsigned int JsonLogWriter::writeHeader() {
+    if (json_ != nullptr) json_->samples().setNeighbour(fileName());
+    return 0;
+}
+
 unsigned int JsonLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
     if (!initializeFilterLogWriter()) return 0;
@@ -23,7 +27,7 @@ unsigned int JsonLogWriter::write(const LogEntry* entry, const Unit* unit) {
 
 void JsonLogWriter::initializeJsonLogWriter() {
     if (placeRequests() && !json_->isEmpty()) jsonLogWriterInitialized_ = true;
-    if (json_->isRefused()) endEarly();
+    if (json_->samples().isRefused()) writeDocument();
 }
 
 bool JsonLogWriter::place(int request) {
@@ -41,36 +45,35 @@ void JsonLogWriter::addVar(int request, const Unit& unit) {
 unsigned int JsonLogWriter::addSample(const DataEntry& entry, int request) {
     if (json_ == nullptr || nodes_[request].leaf_ == nullptr) return 0;
     JsonLeaf& leaf = *nodes_[request].leaf_;
-    const size_t valuesBefore = leaf.values_.length();
-    const size_t timesBefore = leaf.times_.length();
+    const PackedItems::State valuesBefore = leaf.values_.state();
+    const PackedItems::State timesBefore = leaf.times_.state();
     if (!addValue(leaf, entry, request)) return 0;
     leaf.times_.addNumber(std::round(entry.getTimestamp().asDouble() * 1000));
-    if (!leaf.isRefused()) return 0;
-    leaf.values_.cutTo(valuesBefore);
-    leaf.times_.cutTo(timesBefore);
-    endEarly();
+    if (!json_->samples().isRefused()) return 0;
+    leaf.values_.takeBack(valuesBefore);
+    leaf.times_.takeBack(timesBefore);
+    writeDocument();
     return 0;
 }
 
 // Nested arrays of the lengths, from an element of the blob on; elements past its end are null. The result is the
 // element that is next.
-static size_t AddBlob(JsonArray& values, const BlobValue& blob, const Unit& unit, const size_t* lengths, int rank,
+static size_t AddBlob(PackedItems& values, const BlobValue& blob, const Unit& unit, const size_t* lengths, int rank,
                       size_t next) {
-    const size_t count = blob.getCount();
+    const auto addPart = [&] {
+        if (rank > 1) return AddBlob(values, blob, unit, lengths + 1, rank - 1, next);
+        double number = 0;
+        blob.get(next, unit, number);
+        values.addNumber(number);
+        return next + 1;
+    };
+    size_t left = *lengths;
     values.beginArray();
-    for (size_t i = 0; i < *lengths; ++i) {
-        const bool isPastEnd = next >= count;
-        const size_t place = values.nextPlace();
-        if (rank > 1) {
-            next = AddBlob(values, blob, unit, lengths + 1, rank - 1, next);
-        } else {
-            double number = 0;
-            blob.get(next++, unit, number);
-            values.addNumber(number);
-        }
-        if (!isPastEnd) continue;
-        values.addAgain(place, *lengths - i - 1);
-        break;
+    for (; left > 0 && next < blob.getCount(); --left) next = addPart();
+    if (left > 0) {
+        const PackedItems::State begin = values.beginPiece();
+        next = addPart();
+        values.addAgain(values.endPiece(begin), left - 1);
     }
     values.endArray();
     return next;
@@ -125,17 +128,17 @@ unsigned int JsonLogWriter::writeFooter() {
 }
 
 void JsonLogWriter::writeDocument() {
-    if (json_ != nullptr && isValid() && !json_->write(*logStream_)) tellRefused();
+    if (json_ == nullptr) return;
+    if (isValid()) json_->write(*logStream_);
+    if (!json_->failure().isEmpty()) {
+        isWhole_ = false;
+        log_.getLogger().fileFailure("write", fileName(), json_->failure().cStr());
+    }
     json_.reset();
 }
 
-void JsonLogWriter::endEarly() {
-    tellRefused();
-    writeDocument();
-}
-
-void JsonLogWriter::tellRefused() const {
-    log_.getLogger().fileFailure("write", fileName(), strerror(ENOMEM));
+void JsonLogWriter::freeMemory() {
+    if (json_ != nullptr && !json_->samples().moveToFile()) writeDocument();
 }
 
 void JsonLogWriter::resetInputs() {

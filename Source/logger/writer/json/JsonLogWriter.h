@@ -7,8 +7,8 @@
 
 // The samples of the selected variables and settings as one JSON document: an object for each part of a name, and in
 // the last one the arrays of values and times (milliseconds since the epoch). Arrays of the log are nested arrays.
-// All samples stay in memory, as text, until the footer writes the document. When they are refused memory the document
-// is written with what is there by then, and an ERROR tells.
+// The samples wait for the footer, which writes the document, in memory and in a temporary file. When that fails the
+// document is written with what is there by then, and an ERROR tells.
 class JsonLogWriter final : public ArrayLogWriter {
 public:
     // formatted: over many lines, indented.
@@ -18,12 +18,14 @@ public:
         : JsonLogWriter(formatted, RequestedVariables(varCount, varList, unitList),
                         RequestedVariables(attCount, attList)) {}
 
+    unsigned int writeHeader() override;  // writes nothing
     unsigned int write(const LogEntry* entry, const Unit* unit) override;
     // The document, once. When no variable has a place in it, the reasons go to standard output instead.
     unsigned int writeFooter() override;
     void resetInputs() override;
-    size_t heldBytes() override { return json_ == nullptr ? 0 : json_->heldBytes(); }
-    void endEarly() override;  // writes the document
+    size_t heldBytes() override { return json_ == nullptr ? 0 : json_->samples().heldBytes(); }
+    void freeMemory() override;
+    bool isWhole() override { return isWhole_; }
 
 protected:
     bool place(int request) override;
@@ -50,10 +52,10 @@ private:
     void addVar(int request, const Unit& unit);
     bool addValue(JsonLeaf& leaf, const DataEntry& entry, int request);
     void writeDocument();
-    void tellRefused() const;
     const char* fileName() const { return logStream_ == nullptr ? "" : logStream_->getName(); }
 
-    std::unique_ptr<JsonDocument> json_;     // null once it is written
+    std::unique_ptr<JsonDocument> json_;  // null once it is written
+    bool isWhole_ = true;
     bool jsonLogWriterInitialized_ = false;  // some input's requests were all placed; samples are kept from then on
     const std::unique_ptr<Node[]> nodes_;    // per request
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "logger/writer/NameParts.h"
 #include "logger/writer/matlab/MatlabForm.h"
 #include "logger/writer/matlab/MatlabNames.h"
 
@@ -29,16 +30,10 @@ bool MatlabTree::Node::isFree(const Str& identifier) const {
 }
 
 Hdf5Group& MatlabTree::addLeaf(const Str& name) {
-    Str path(name);
-    path.replaceChar(':', '.');
-    path.replaceChar('/', '.');
+    const NameParts parts(name);
     Node* node = root_.get();
-    size_t begin = 0;
-    for (size_t dot = path.find('.'); dot != Str::NO_POS; dot = path.find('.', begin)) {
-        node = &FindOrAdd(*node, path.substr(begin, dot - begin), false);
-        begin = dot + 1;
-    }
-    node = &FindOrAdd(*node, path.substr(begin), true);
+    for (int i = 0; i < parts.groupCount(); ++i) node = &FindOrAdd(*node, parts.group(i), false);
+    node = &FindOrAdd(*node, parts.last(), true);
     node->isLeaf_ = true;
     return node->group_;
 }

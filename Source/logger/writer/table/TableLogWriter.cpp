@@ -124,13 +124,13 @@ size_t TableLogWriter::heldBytes() {
     return outputTo_ == nullptr ? own : own + outputTo_->heldBytes();
 }
 
-void TableLogWriter::endEarly() {
+void TableLogWriter::freeMemory() {
     if (interpolate_) {
         log_.getLogger().fileFailure("write", outputName(), strerror(ENOMEM));
         writeAllInterpolated();
         endedEarly_ = true;
     }
-    if (outputTo_ != nullptr) outputTo_->endEarly();
+    if (outputTo_ != nullptr) outputTo_->freeMemory();
 }
 
 Str TableLogWriter::outputName() {

@@ -32,7 +32,7 @@ public:
     unsigned int writeFooter() override;
     void resetInputs() override;
     size_t heldBytes() override;
-    void endEarly() override;  // writes the pending rows, the table's last
+    void freeMemory() override;  // writes the pending rows, the table's last
 
     // For rows that wait, when interpolating; before the first entry.
     void setRoom(const PageMemory::Room& room);

@@ -1,12 +1,13 @@
 #include "logger/writer/json/JsonLogWriter.h"
 
-#include <gtest/gtest.h>
+#include <csignal>
 
+#include "logger/writer/FileLogWriter.h"
+#include "logger/writer/OutputFixture.h"
+#include "support/FileSizeLimit.h"
 #include "support/MemoryStreams.h"
-#include "support/NameList.h"
-#include "support/SmallLog.h"
 
-class JsonLogWriterTest : public testing::Test {
+class JsonLogWriterTest : public OutputFixture {
 protected:
     // The document that the writer makes of the entries, and a line feed.
     std::string document(std::initializer_list<const char*> names, const std::vector<const LogEntry*>& entries,
@@ -28,8 +29,6 @@ protected:
         const size_t begin = document.find("\"value\":") + 8;
         return document.substr(begin, document.find(",\"units\"") - begin);
     }
-
-    SmallLog log_;
 };
 
 TEST_F(JsonLogWriterTest, NamesNestAndSamplesStandBesideTheirTimes) {
@@ -167,4 +166,39 @@ TEST_F(JsonLogWriterTest, NamesThatTheLogDoesNotKnow) {
     EXPECT_EQ("{\"a\":{" + known + "}}\n", document({"a.x", "a.lost"}, {entry}));
     EXPECT_EQ("{\"a\":{" + known + ",\"lost\":{\"value\":[],\"units\":\"m\",\"time\":[]}}}\n",
               document({"a.x", "a.lost", "a.open", "a.lost"}, {entry}, {nullptr, nullptr, "meter", "meter"}));
+}
+
+// The samples of a document are more bytes than its text here.
+TEST_F(JsonLogWriterTest, MemoryIsGivenBackToAFileAndWhereThatIsFullTheDocumentEnds) {
+    signal(SIGXFSZ, SIG_IGN);
+    DataAccess* blob = log_.declareBlob("a.x", Units::NONE, BLOB_FLOAT64LE, 100);
+    log_.endDirectory();
+    std::vector<double> elements;
+    std::string text;
+    for (int i = 0; i < 100; ++i) {
+        elements.push_back(i % 2 == 0 ? 1e300 : 2e300);
+        text += i % 2 == 0 ? ",1e+300" : ",2e+300";
+    }
+    text[0] = '[';
+    text += "]";
+    NameList names({"a.x"});
+    for (const bool isFull : {false, true}) {
+        const FileSizeLimit limit(isFull ? 850 : 100000);
+        std::shared_ptr<const OutputOutcome> outcome;
+        {
+            FileLogWriter file(dir_.path("out").c_str(), new JsonLogWriter(false, 1, names.list(), nullptr, 0, nullptr),
+                               false, nullptr);
+            outcome = file.getOutcome();
+            file.write(log_.blob(blob, 0, elements), nullptr);
+            EXPECT_LT(0U, file.heldBytes());
+            file.freeMemory();
+            EXPECT_EQ(0U, file.heldBytes());
+            file.write(log_.blob(blob, 1, elements), nullptr);
+        }
+        const std::string message =
+            "ERROR Failed to write " + dir_.path("out") + ": a temporary file in " + dir_.path("") + ": File too large";
+        EXPECT_EQ(isFull ? Lines{message} : Lines{}, messages_.take());
+        EXPECT_EQ(isFull, outcome->isIncomplete());
+        EXPECT_EQ(isFull ? "[" + text + "]" : "[" + text + "," + text + "]", values(dir_.read("out")));
+    }
 }
