@@ -60,6 +60,9 @@ public:
     virtual bool setFrom(const Unit& unit, float value);
     virtual bool setFrom(const Unit& unit, int value);
     virtual bool setFrom(const DataValue& other);  // false, too, when it cannot be read in this base unit
+    // A shorter way for a value of the same class and unit that is not NaN: takes its number over, and tells it in the
+    // unit. False, and nothing has changed, for any other value.
+    virtual bool takeOver(const DataValue&, double&) { return false; }
 
     // The converted number alone, "1.500000", or "2" of an integer; "nan" where the unit does not fit. A text is
     // itself.

@@ -138,6 +138,21 @@ TEST(ScalarValueTest, AnotherValueTakesTheNumberInItsOwnUnit) {
     EXPECT_EQ(293, target.getValue());
 }
 
+TEST(ScalarValueTest, OnlyANumberOfTheSameClassAndUnitIsTakenOver) {
+    const std::unique_ptr<DataValue> taker(Units::FOOT.dataValue(1.0, FLOAT4));
+    double number = 0;
+    const std::tuple<const Unit*, BinaryDataType, double> others[] = {
+        {&Units::FOOT, DOUBLE8, 2.0}, {&Units::METER, FLOAT4, 2.0}, {&Units::FOOT, FLOAT4, NOT_A_NUMBER}};
+    for (const auto& [unit, type, value] : others) {
+        const std::unique_ptr<DataValue> other(unit->dataValue(value, type));
+        EXPECT_FALSE(taker->takeOver(*other, number)) << unit->getName() << type << value;
+    }
+    EXPECT_FLOAT_EQ(1, static_cast<float>(Read(*taker, Units::FOOT)));
+    const std::unique_ptr<DataValue> zero(Units::FOOT.dataValue(-0.0, FLOAT4));
+    EXPECT_TRUE(taker->takeOver(*zero, number));
+    EXPECT_FALSE(std::signbit(number) || std::signbit(Read(*taker, Units::FOOT)));
+}
+
 TEST(ScalarValueTest, UnitlessSidesPassNumbersUnchanged) {
     EXPECT_EQ(5, Read(Double(Units::METER, 5, true), Units::COUNT));
     EXPECT_EQ(50, Read(Float(Units::NONE_FLOAT, 0.5f, true), Units::PERCENT));

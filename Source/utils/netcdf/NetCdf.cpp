@@ -33,6 +33,10 @@ void NetCdf::NetCdfVar::setHolder(DataValue* holder) {
 }
 
 void NetCdf::NetCdfVar::hold(const DataValue* value) {
+    if (value != nullptr && dataValue_ != nullptr && dataValue_->takeOver(*value, number_)) {
+        isMissing_ = false;
+        return;
+    }
     isMissing_ = dataValue_ == nullptr || value == nullptr || !Take(*value, *dataValue_);
     readHolder();
 }

@@ -139,15 +139,10 @@ int NetCdfBlock::flush(const NetCdf::NetCdfVar& var) {
     counts_[0] = count_;
     if (holdsTexts_) pointToTexts();
     const int status = nc_put_vara(var.ncId_, var.varId_, start, counts_, bytes_.data());
-    empty();
-    return status;
-}
-
-void NetCdfBlock::empty() {
-    if (bytes_.length() > KEPT_ROOM) bytes_.clear();
-    bytes_.cutTo(0);
-    texts_.cutTo(0);
+    bytes_.clear();
+    texts_.clear();
     count_ = 0;
+    return status;
 }
 
 void NetCdfBlock::pointToTexts() {

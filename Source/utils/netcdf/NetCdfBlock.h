@@ -22,7 +22,8 @@ struct NetCdfElementKind {
 // type's fill value. Threads: not synchronised.
 class NetCdfBlock {
 public:
-    static const unsigned int DEFAULT_RECORDS = 256;
+    static const unsigned int DEFAULT_RECORDS = 1024;
+    static const size_t ROOM = 65536;  // bytes that the records of a block may well take
 
     // Each record has the given shape: its numbers of elements along nDims - 1 dimensions. The block holds up to
     // maxRecords of them.
@@ -32,7 +33,7 @@ public:
     size_t elements() const { return elements_; }  // of a record
     size_t recordBytes() const { return elements_ * kind_.size_; }
     size_t gatheredBytes() const { return count_ * recordBytes(); }
-    bool isFull() const { return count_ >= capacity_ || texts_.length() >= TEXT_ROOM; }
+    bool isFull() const { return count_ >= capacity_ || texts_.length() >= ROOM; }
     bool isRefused() const { return bytes_.isRefused() || texts_.isRefused(); }  // there was no memory for a record
 
     // Each adds a record; the block is not full. Elements that get no value are as if no call had written them.
@@ -47,11 +48,7 @@ public:
     int flush(const NetCdf::NetCdfVar& var);
 
 private:
-    static const size_t TEXT_ROOM = 65536;  // bytes
-    static const size_t KEPT_ROOM = 65536;  // bytes, for the records to come
-
     void pointToTexts();
-    void empty();
 
     const NetCdfElementKind& kind_;
     const bool holdsTexts_;

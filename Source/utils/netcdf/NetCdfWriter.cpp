@@ -218,7 +218,8 @@ NetCdf::NetCdfVar* NetCdfWriter::defineVar(const Str& name, NetCdfType type, int
 }
 
 // Chunks of 256 records, lightly compressed. Texts cannot be, which is no failure: they are stored as they are.
-// The library would keep 16 MiB of chunks for each variable. None is enough: the blocks are chunks.
+// The library would keep 16 MiB of chunks for each variable. None is enough: the blocks are chunks, several of small
+// records.
 void NetCdfWriter::chunk(const NetCdfVar& var, const size_t* recordShape) {
     size_t sizes[MAX_DIMS] = {CHUNK_RECORDS};
     std::copy_n(recordShape, var.nDims_ - 1, sizes + 1);
@@ -227,6 +228,8 @@ void NetCdfWriter::chunk(const NetCdfVar& var, const size_t* recordShape) {
     status_ &= nc_def_var_chunking(ncId_, var.varId_, NC_CHUNKED, sizes);
     status_ &= nc_def_var_deflate(ncId_, var.varId_, 0, 1, 1);
     nc_set_var_chunk_cache(ncId_, var.varId_, 1, 1, 1);
+    const size_t fitting = NetCdfBlock::ROOM / std::max<size_t>(1, var.block_->recordBytes());
+    var.block_->limitTo(std::max(CHUNK_RECORDS, fitting / CHUNK_RECORDS * CHUNK_RECORDS));
 }
 
 NetCdf::NetCdfAtt* NetCdfWriter::addAtt(NetCdfAtts& atts, int varId, const Str& name, const NetCdfAttValue& value) {

@@ -82,7 +82,7 @@ public:
 
 private:
     static const int GLOBAL_ID = -1;  // stands for the file where a variable's id is asked for
-    static const size_t CHUNK_RECORDS = 256;
+    static constexpr size_t CHUNK_RECORDS = 256;
     static const size_t WORKING_CHUNKS = 4;      // that the library may need beside each other to compress one
     static const size_t GATHER_ROOM = 67108864;  // bytes, for all blocks together
     static const size_t ROW_ROOM = 524288;       // bytes of a classic file over which a block is spread
