@@ -57,6 +57,7 @@ std::string TextOf(const std::string& path, LogEntry::Values values, bool inRuns
     FileLogReader reader(path.c_str(), entries);
     if (inRuns) reader.readAll();
     while (reader.read() > 0) continue;
+    console.processQueue(Timespan::ZERO_TIMESPAN);
     const std::string lines = values == LogEntry::STORE_VALUES ? out.bytes_ : "";
     return lines + std::to_string(reader.getEntriesRead()) + messages.bytes_;
 }

@@ -215,12 +215,14 @@ DataEntry* DataEntry::Read(Timestamp& timeBase, InStream& in, unsigned short hea
     return entry;
 }
 
-// The element's value takes the bytes that come next; false, and nothing has changed, where it cannot.
+// Gives the element the value whose bytes come next: the one that it has, unless another access has left one of another
+// class or unit. False, and nothing has changed, where the bytes cannot be taken as they are.
 static bool Fill(const KnownAccess& known, ByteCursor& from, const Timestamp& t) {
-    DataValue* const value = known.valueToFill();
     unsigned short size = 0;
-    const char* const bytes = value == nullptr ? nullptr : known.form_.takeValue(size, from);
+    const char* const bytes = known.unit_ == nullptr ? nullptr : known.form_.takeValue(size, from);
     if (bytes == nullptr) return false;
+    DataValue* const held = known.valueToFill();
+    DataValue* const value = held != nullptr ? held : NewValue(*known.access_, known.element_);
     known.form_.store(*value, bytes, size);
     known.element_->setDataValue(value);
     known.element_->setTimestamp(t);

@@ -71,7 +71,7 @@ public:
     static DataEntry* Read(Timestamp& timeBase, InStream& in, unsigned short header, const Logger& logger, bool& error,
                            Values values = STORE_VALUES, Log& log = Log::Current());
 
-    // An entry that others follow, one after the other, without one made for each: it has no access and no value yet.
+    // Without an access and a value; made for one entry after the other, by take.
     explicit DataEntry(Log& log);
     // Becomes the entry of a known access whose bytes come next, behind their header, and gives its value to the
     // element. False, and nothing has changed but the cursor, for one that is not whole there or needs a closer look.

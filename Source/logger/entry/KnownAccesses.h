@@ -10,10 +10,10 @@
 
 // An access whose entries need no closer look.
 struct KnownAccess {
-    // The element's value where it takes the log's bytes as they are; null where it does not.
+    // The element's value where it is of the access's class and unit; null where it is not.
     DataValue* valueToFill() const {
         DataValue* const value = element_->getDataValue();
-        return unit_ != nullptr && value != nullptr && value->isOf(form_.getType(), *unit_) ? value : nullptr;
+        return value != nullptr && value->isOf(form_.getType(), *unit_) ? value : nullptr;
     }
 
     // Passes over an entry, of which nothing is wanted; false for one that is not whole there or needs a closer look.
@@ -28,7 +28,7 @@ struct KnownAccess {
     DataForm form_;
     DataAccess* access_ = nullptr;    // borrowed
     DataElement* element_ = nullptr;  // borrowed; null in a scan
-    const Unit* unit_ = nullptr;      // of the values that take the bytes; null: none does
+    const Unit* unit_ = nullptr;      // of its values; null where they do not take the log's bytes as they are
     unsigned int knownAt_ = 0;        // the log's changes then; 0: never
 };
 
