@@ -7,7 +7,7 @@
 #include "utils/Str.h"
 #include "utils/Timestamp.h"
 
-// The outputs a run can make. In which order they are created is for the OutputAssembly to say.
+// The outputs a run can make; how each is made stands in its row of OutputFormat::ALL.
 enum OutputKind : unsigned int {
     BINARY_OUTPUT,
     CSV_OUTPUT,
@@ -71,12 +71,6 @@ struct RunSettings {
     bool writes(OutputKind kind) const { return outputs_.test(kind); }
     // No entry is read.
     bool isDirectoryOnly() const { return outputs_ == OutputKinds(1u << DIRECTORY_OUTPUT); }
-    // Some output has a place for each variable and must know them all before the first entry.
-    bool hasTableOutput() const {
-        static const OutputKinds TABLES(1u << CSV_OUTPUT | 1u << HDF5_OUTPUT | 1u << MATLAB_OUTPUT | 1u << JSON_OUTPUT |
-                                        1u << NETCDF_TABLE_OUTPUT | 1u << NETCDF_OUTPUT);
-        return (outputs_ & TABLES).any();
-    }
     // The file of an output: the name given serves every kind as it stands.
     Str outputFilename(const char* extension) const { return outputNameGiven_ ? outputName_ : slateFile_ + extension; }
 };

@@ -9,6 +9,7 @@
 #include "logger/reader/FileLogReader.h"
 #include "logger/rule/SyslogRules.h"
 #include "logger/unserialize/CommandLine.h"
+#include "logger/unserialize/OutputFormat.h"
 #include "logger/unserialize/OutputNaming.h"
 #include "logger/unserialize/Progress.h"
 #include "logger/writer/text/TextLogWriter.h"
@@ -70,7 +71,7 @@ void Unserialize::reportComplaints() {
 // input they are given what its side file, or in a run that writes one the log itself, says.
 void Unserialize::listVariables() {
     if (settings_.variables_.requested_.count() > 0) return;
-    if (settings_.hasTableOutput()) {
+    if (OutputFormat::AnyNeedsNames(settings_)) {
         variableList_.readFrom(inputs_, log_, directories_, settings_, consoleEngine_);
         variableList_.giveTo(settings_.variables_);
     } else if (inputs_.count() == 1) {
@@ -158,7 +159,7 @@ void Unserialize::nameOutputs() {
     if (!firstTime_.isSet() || !settings_.appendDates_ || settings_.toStandardOutput_) return;
     const OutputNaming naming(settings_, inputs_, firstTime_, lastTime_, logger_);
     for (unsigned int i = 0; i < outputs_.files().size(); ++i) {
-        const OutputAssembly::File& file = *outputs_.files().at(i);
+        const OutputFiles::File& file = *outputs_.files().at(i);
         if (file.outcome_->isWhole()) naming.finish(file.name_);
         if (file.outcome_->isIncomplete()) {
             logger_.syslog("The output " + file.name_ + " is incomplete and keeps its name", Syslog::ERROR);
