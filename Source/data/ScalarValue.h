@@ -53,12 +53,11 @@ public:
         value_ = number;
         return changed;
     }
-    // A negative zero becomes a zero, as by a conversion.
     bool takeOver(const DataValue& other, double& number) override {
         if (binaryType_ == NO_TYPE || other.getBinaryType() != binaryType_ || other.getUnit() != unit_) return false;
         const T value = static_cast<const ScalarValue&>(other).value_;
         if (AuvMath::IsNaN(value)) return false;
-        value_ = static_cast<T>(value + T());
+        value_ = value;
         number = unitOrNone().getScaled(static_cast<double>(value_));
         return true;
     }

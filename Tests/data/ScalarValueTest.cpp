@@ -148,9 +148,12 @@ TEST(ScalarValueTest, OnlyANumberOfTheSameClassAndUnitIsTakenOver) {
         EXPECT_FALSE(taker->takeOver(*other, number)) << unit->getName() << type << value;
     }
     EXPECT_FLOAT_EQ(1, static_cast<float>(Read(*taker, Units::FOOT)));
-    const std::unique_ptr<DataValue> zero(Units::FOOT.dataValue(-0.0, FLOAT4));
-    EXPECT_TRUE(taker->takeOver(*zero, number));
-    EXPECT_FALSE(std::signbit(number) || std::signbit(Read(*taker, Units::FOOT)));
+    for (const double value : {2.5, 0.0, -0.0}) {
+        const std::unique_ptr<DataValue> same(Units::FOOT.dataValue(value, FLOAT4));
+        EXPECT_TRUE(taker->takeOver(*same, number));
+        EXPECT_EQ(Read(*same, Units::FOOT), number);
+        EXPECT_EQ(std::signbit(value), std::signbit(number) && std::signbit(Read(*taker, Units::FOOT))) << value;
+    }
 }
 
 TEST(ScalarValueTest, UnitlessSidesPassNumbersUnchanged) {
