@@ -1,8 +1,10 @@
 #include "io/TemporaryFile.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -24,28 +26,29 @@ TemporaryFile::~TemporaryFile() {
 
 bool TemporaryFile::open(const Str& neighbour) {
     if (IsPlainFile(neighbour.cStr()) && openIn(FolderOf(neighbour))) return true;
-    const char* const folder = getenv("TMPDIR");
-    return openIn(folder == nullptr || *folder == '\0' ? "/tmp" : folder);
+    const char* const chosen = getenv("TMPDIR");
+    if (chosen != nullptr && *chosen != '\0' && openIn(chosen)) return true;
+    return openIn("/var/tmp") || openIn("/tmp");
 }
 
 bool TemporaryFile::openIn(const Str& folder) {
     folder_ = folder;
     char name[PATH_MAX];
     errno = ENAMETOOLONG;
-    if (snprintf(name, sizeof name, "%s/samples.XXXXXX", folder.cStr()) >= PATH_MAX) return false;
-    file_ = mkstemp(name);
+    if (snprintf(name, sizeof name, "%s/slate.XXXXXX", folder.cStr()) >= PATH_MAX) return false;
+    file_ = mkostemp(name, O_CLOEXEC);
     if (isOpen()) unlink(name);
     return isOpen();
 }
 
-bool TemporaryFile::append(const void* bytes, size_t length) {
+bool TemporaryFile::write(off_t place, const void* bytes, size_t length) {
     const char* const from = static_cast<const char*>(bytes);
     for (size_t done = 0; done < length;) {
-        const ssize_t count = pwrite(file_, from + done, length - done, length_ + static_cast<off_t>(done));
+        const ssize_t count = pwrite(file_, from + done, length - done, place + static_cast<off_t>(done));
         if (count < 0 && errno != EINTR) return false;
         if (count > 0) done += static_cast<size_t>(count);
     }
-    length_ += static_cast<off_t>(length);
+    length_ = std::max(length_, place + static_cast<off_t>(length));
     return true;
 }
 

@@ -15,12 +15,15 @@ public:
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-    // In the folder of a plain file, or, where there is none or it takes no file, in TMPDIR, which is /tmp unless set.
+    // In the first folder that takes it: that of a plain file, TMPDIR, /var/tmp (which unlike /tmp is seldom kept in
+    // memory), /tmp.
     bool open(const Str& neighbour);
     bool isOpen() const { return file_ >= 0; }
     const Str& folder() const { return folder_; }  // the last one tried
 
-    bool append(const void* bytes, size_t length);             // all or nothing
+    // All, or as if nothing had been written behind the end.
+    bool write(off_t place, const void* bytes, size_t length);
+    bool append(const void* bytes, size_t length) { return write(length_, bytes, length); }
     bool read(off_t place, void* bytes, size_t length) const;  // exactly so many
     off_t length() const { return length_; }
 

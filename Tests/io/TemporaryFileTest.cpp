@@ -1,12 +1,14 @@
 #include "io/TemporaryFile.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <filesystem>
+#include <tuple>
 
 #include "support/FileSizeLimit.h"
 #include "support/TempDir.h"
@@ -26,22 +28,38 @@ protected:
     const TempDir dir_;
 };
 
-TEST_F(TemporaryFileTest, ItsFolderIsThatOfAPlainFileOrTmpdir) {
+// In a list of neighbour, TMPDIR and what comes of them.
+TEST_F(TemporaryFileTest, ItsFolderIsTheFirstThatTakesIt) {
     std::filesystem::create_directory(dir_.path("folder"));
     const std::string beside = dir_.write("folder/out", "");
-    const std::pair<std::string, std::string> cases[] = {
-        {beside, dir_.path("folder/")}, {"/dev/null", dir_.path("")}, {"unknown", dir_.path("")}};
-    for (const auto& [neighbour, folder] : cases) {
+    const std::string chosen = dir_.path(""), missing = dir_.path("missing");
+    const std::tuple<std::string, std::string, std::string> cases[] = {{beside, chosen, dir_.path("folder/")},
+                                                                       {"/dev/null", chosen, chosen},
+                                                                       {"unknown", chosen, chosen},
+                                                                       {"unknown", "", "/var/tmp"},
+                                                                       {"unknown", missing, "/var/tmp"}};
+    for (const auto& [neighbour, tmpdir, folder] : cases) {
+        setenv("TMPDIR", tmpdir.c_str(), 1);
         TemporaryFile file;
         EXPECT_TRUE(file.open(neighbour.c_str()));
         EXPECT_STREQ(folder.c_str(), file.folder().cStr());
     }
     std::filesystem::remove(beside);
     EXPECT_TRUE(std::filesystem::is_empty(dir_.path("folder"))) << "it has no name";
-    setenv("TMPDIR", dir_.path("missing").c_str(), 1);
-    TemporaryFile none;
-    EXPECT_FALSE(none.open(beside.c_str()));
-    EXPECT_EQ(ENOENT, errno);
+}
+
+TEST_F(TemporaryFileTest, WhereNoneCanBeOpenedTheLastFolderIsToldAndWhy) {
+    rlimit before;
+    getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit none{0, before.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    TemporaryFile file;
+    const bool isOpen = file.open("");
+    const int error = errno;
+    setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_FALSE(isOpen || file.isOpen());
+    EXPECT_EQ(EMFILE, error);
+    EXPECT_STREQ("/tmp", file.folder().cStr());
 }
 
 TEST_F(TemporaryFileTest, GivesBackWhatItTook) {
@@ -53,8 +71,10 @@ TEST_F(TemporaryFileTest, GivesBackWhatItTook) {
     EXPECT_FALSE(file.append("ijkl", 4));
     EXPECT_EQ(EFBIG, errno);
     EXPECT_EQ(8, file.length());
+    EXPECT_TRUE(file.write(3, "DE", 2));
+    EXPECT_EQ(8, file.length());
     char bytes[6] = {};
     EXPECT_TRUE(file.read(2, bytes, 5));
-    EXPECT_STREQ("cdefg", bytes);
+    EXPECT_STREQ("cDEfg", bytes);
     EXPECT_FALSE(file.read(6, bytes, 5));
 }

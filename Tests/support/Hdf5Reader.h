@@ -104,7 +104,10 @@ private:
             }
         } else if (typeClass == H5T_STRING) {
             out << ' ';
-            for (const char* text : read<const char*>(set, type, count)) out << text << '|';
+            for (char* text : read<char*>(set, type, count)) {
+                out << text << '|';
+                H5free_memory(text);  // the library made it
+            }
         } else {
             for (const hobj_ref_t& reference : read<hobj_ref_t>(set, H5T_STD_REF_OBJ, count)) {
                 const hid_t item = H5Rdereference2(set, H5P_DEFAULT, H5R_OBJECT, &reference);

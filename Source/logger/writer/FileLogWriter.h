@@ -26,6 +26,7 @@ public:
     void resetInputs() override;
     size_t heldBytes() override { return logWriter_->heldBytes(); }
     void freeMemory() override { logWriter_->freeMemory(); }
+    bool isWhole() override { return !outcome_->isIncomplete() && logWriter_->isWhole(); }
 
     virtual bool valid();                                    // a file is open
     const Str& getFilename() override { return filename_; }  // empty when closed

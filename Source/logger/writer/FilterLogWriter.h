@@ -32,6 +32,7 @@ public:
     void freeMemory() override {
         if (outputTo_ != nullptr) outputTo_->freeMemory();
     }
+    bool isWhole() override { return outputTo_ == nullptr || outputTo_->isWhole(); }
 
     // Each returns the number of bytes written.
     virtual unsigned int writeCycleStart(const EventEntry* entry);

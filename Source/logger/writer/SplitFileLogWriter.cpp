@@ -54,7 +54,8 @@ bool SplitFileLogWriter::isDue(const LogEntry* entry) const {
 void SplitFileLogWriter::split(bool reopen, int number) {
     const Str finished = valid() ? filename_ : Str::EMPTY_STR;
     close();
-    if (!finished.isEmpty() && fileEncoder_ != nullptr) fileEncoder_->encode(finished.cStr(), nullptr, nullptr);
+    const bool isEncoded = fileEncoder_ != nullptr && outcome_->isWhole();
+    if (!finished.isEmpty() && isEncoded) fileEncoder_->encode(finished.cStr(), nullptr, nullptr);
     if (reopen) open(nextFilename(number).cStr(), false);
 }
 

@@ -99,7 +99,7 @@ unsigned int NetCdfTableLogWriter::writeFooter() {
     wroteFooter_ = true;
     unsigned int rows = TableLogWriter::writeFooter();
     if (netCdfInitialized_) {
-        rows += writeRow();
+        if (isWhole()) rows += writeRow();
         settings_.put(*netCdfWriter_);
     } else {
         NetCdfConventions::PrintNothingWritten(columns_, [this](int column) { return vars_[column] != nullptr; });

@@ -36,22 +36,32 @@ CellForms::Cell CellForms::keep(const DataEntry& entry) {
 }
 
 CellForms::Cell CellForms::share(const Cell& cell) const {
-    if (isText(cell)) ++cell.text_->uses_;
+    if (isText(cell) && cell.text_ != nullptr) ++cell.text_->uses_;
     return cell;
 }
 
 void CellForms::release(const Cell& cell) const {
-    if (isText(cell)) Release(cell.text_);
+    if (isText(cell) && cell.text_ != nullptr) Release(cell.text_);
 }
 
 void CellForms::Release(Text* text) {
-    if (--text->uses_ == 0) delete text;
+    if (--text->uses_ == 0) Drop(text);
+}
+
+void CellForms::Drop(Text* text) {
+    *text->link_ = text->next_;
+    if (text->next_ != nullptr) text->next_->link_ = text->link_;
+    delete text;
+}
+
+CellForms::Text* CellForms::newText(const Str& bytes) {
+    texts_ = new Text{bytes, 1, &texts_, texts_};
+    if (texts_->next_ != nullptr) texts_->next_->link_ = &texts_->next_;
+    return texts_;
 }
 
 void CellForms::forget() {
-    for (int code = 0; latest_ != nullptr && code < ElementURI::NUM_CODES; ++code) {
-        if (latest_[code] != nullptr) Release(latest_[code]);
-    }
+    while (texts_ != nullptr) Drop(texts_);
     latest_.reset();
     buckets_.reset();
     forms_.clear();
@@ -62,7 +72,7 @@ const DataEntry* CellForms::entry(const Cell& cell, const Timestamp& t) const {
     DataValue* const value = form.entry_->getDataValue();
     form.entry_->setTimestamp(t);
     if (form.isText_) {
-        static_cast<StrValue*>(value)->setFrom(cell.text_->bytes_);
+        static_cast<StrValue*>(value)->setFrom(cell.text_ == nullptr ? Str::EMPTY_STR : cell.text_->bytes_);
     } else if (value != nullptr) {
         value->setFrom(value->getBaseUnit(), cell.number_);
     }
@@ -133,5 +143,5 @@ CellForms::Text* CellForms::textOf(const DataEntry& entry) {
     const Str& bytes = TextIn(entry).getValue();
     if (latest != nullptr && latest->bytes_ == bytes) return latest;
     if (latest != nullptr) Release(latest);
-    return latest = new Text{bytes, 1};
+    return latest = newText(bytes);
 }

@@ -13,12 +13,12 @@ class CellForms {
     struct Text;
 
 public:
-    // A cell with a text is one use of it, which is released in the end.
+    // A cell with a text is one use of it, which is released in the end. One of zeros stands for a lost cell.
     struct Cell {
         unsigned int form_ = 0;
         union {
             double number_ = 0;  // in the base unit
-            Text* text_;         // or array
+            Text* text_;         // or array; null: lost
         };
     };
 
@@ -30,7 +30,7 @@ public:
     Cell keep(const DataEntry& entry);
     Cell share(const Cell& cell) const;  // another use
     void release(const Cell& cell) const;
-    void forget();  // when all cells have been released
+    void forget();  // when all cells have been released or lost
 
     // The cell as an entry again, borrowed until the next of its form is asked for.
     const DataEntry* entry(const Cell& cell, const Timestamp& t) const;
@@ -46,7 +46,9 @@ public:
 private:
     struct Text {
         Str bytes_;
-        unsigned long uses_;
+        unsigned long uses_ = 0;
+        Text** link_ = nullptr;  // to it, in the list of all
+        Text* next_ = nullptr;
     };
     struct Form {
         std::unique_ptr<DataEntry> entry_;  // with the value of the last cell that it stood for
@@ -60,10 +62,13 @@ private:
     const Form& form(const Cell& cell) const { return *forms_.at(cell.form_); }
     Form* formOf(const DataEntry& entry);
     Text* textOf(const DataEntry& entry);
+    Text* newText(const Str& bytes);
+    static void Drop(Text* text);
     static void Release(Text* text);
     static bool Stands(const DataEntry& example, const DataEntry& entry);
 
     mutable FlexArray<Form*> forms_{true};
     std::unique_ptr<Form*[]> buckets_;  // by access code; null before the first cell
     std::unique_ptr<Text*[]> latest_;   // by element code, a use each; null before the first text
+    Text* texts_ = nullptr;             // owned, a list of all
 };

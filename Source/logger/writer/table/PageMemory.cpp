@@ -1,41 +1,11 @@
 #include "logger/writer/table/PageMemory.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
-#include <climits>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <utility>
 
-static const int FAILURE_STATUS = 1;
-
-namespace {
-
-// The file is gone with the process, however that ends. Below 0 when it cannot be had.
-int OpenNamelessFile(const char* directory) {
-    if (directory == nullptr) return -1;
-    char name[PATH_MAX];
-    const int length = snprintf(name, sizeof name, "%s/slateXXXXXX", directory);
-    const int file = length < PATH_MAX ? mkostemp(name, O_CLOEXEC) : -1;
-    if (file >= 0) unlink(name);
-    return file;
-}
-
-int OpenNamelessFile() {
-    for (const char* directory : {static_cast<const char*>(getenv("TMPDIR")), "/var/tmp", "/tmp"}) {
-        const int file = OpenNamelessFile(directory);
-        if (file >= 0) return file;
-    }
-    return -1;
-}
-
-}  // namespace
-
 struct PageMemory::FreePlace {
-    long place_;
+    off_t place_;
     FreePlace* next_;
 };
 
@@ -44,7 +14,6 @@ PageMemory::~PageMemory() {
         freePlaces_ = free->next_;
         delete free;
     }
-    if (file_ >= 0) close(file_);
 }
 
 void PageMemory::drop(Page& page) {
@@ -94,22 +63,22 @@ std::unique_ptr<char[]> PageMemory::takeBytes() {
 }
 
 bool PageMemory::store(Page& page) {
-    if (file_ < 0) file_ = OpenNamelessFile();
-    if (file_ < 0) return false;
+    if (!file_.isOpen() && !file_.open(neighbour_())) return false;
     if (page.place_ == NOWHERE) page.place_ = newPlace();
-    return pwrite(file_, page.bytes_.get(), pageBytes(), page.place_) == static_cast<ssize_t>(pageBytes());
+    return file_.write(page.place_, page.bytes_.get(), pageBytes());
 }
 
 void PageMemory::load(Page& page) {
-    if (pread(file_, page.bytes_.get(), pageBytes(), page.place_) == static_cast<ssize_t>(pageBytes())) return;
-    fflush(nullptr);
-    fprintf(stderr, "Failed to read the temporary file of a table's waiting rows: %s; what was written stays\n",
-            strerror(errno));
-    _exit(FAILURE_STATUS);
+    if (!hasLost() && !file_.read(page.place_, page.bytes_.get(), pageBytes())) lossError_ = errno;
+    if (hasLost()) memset(page.bytes_.get(), 0, pageBytes());
 }
 
-long PageMemory::newPlace() {
-    if (freePlaces_ == nullptr) return std::exchange(fileEnd_, fileEnd_ + static_cast<long>(pageBytes()));
+Str PageMemory::lossReason() const {
+    return "a temporary file in " + file_.folder() + ": " + strerror(lossError_);
+}
+
+off_t PageMemory::newPlace() {
+    if (freePlaces_ == nullptr) return file_.length();
     const std::unique_ptr<FreePlace> free(freePlaces_);
     freePlaces_ = free->next_;
     return free->place_;

@@ -1,11 +1,16 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
+#include <utility>
+
+#include "io/TemporaryFile.h"
 
 // Pages of plain bytes, of which a limited number is in memory: those that were not used for the longest time lie in a
 // temporary file without a name, which is made when the first one has to leave. When the file cannot be had or takes no
-// more, all stay in memory. What cannot be read back ends the process, as memory that is refused twice does.
+// more, all stay in memory.
+// Errors: once a page cannot be read back hasLost is true, and every page comes back from the file as zeros.
 class PageMemory {
 public:
     struct Room {
@@ -19,12 +24,17 @@ public:
         friend class PageMemory;
 
         std::unique_ptr<char[]> bytes_;  // null: not in memory
-        long place_ = NOWHERE;           // in the file
+        off_t place_ = NOWHERE;          // in the file
         Page* newer_ = nullptr;          // of the pages in memory, by their last use
         Page* older_ = nullptr;
     };
 
-    explicit PageMemory(const Room& room) : room_(room) {}
+    // The name of the file beside which the temporary file is made, asked for when that is needed; empty: none.
+    typedef std::function<Str()> Neighbour;
+
+    explicit PageMemory(
+        const Room& room, Neighbour neighbour = [] { return Str(); })
+        : room_(room), neighbour_(std::move(neighbour)) {}
     ~PageMemory();
     PageMemory(const PageMemory&) = delete;
     PageMemory& operator=(const PageMemory&) = delete;
@@ -38,8 +48,11 @@ public:
     size_t pageBytes() const { return room_.pageBytes_; }
     size_t heldBytes() const { return pageCount_ * pageBytes(); }  // in memory
 
+    bool hasLost() const { return lossError_ != 0; }
+    Str lossReason() const;  // the temporary file's folder, and what went wrong there
+
 private:
-    static constexpr long NOWHERE = -1;
+    static constexpr off_t NOWHERE = -1;
     struct FreePlace;
 
     void renew(Page& page);
@@ -49,14 +62,15 @@ private:
     std::unique_ptr<char[]> takeBytes();
     bool store(Page& page);
     void load(Page& page);
-    long newPlace();
+    off_t newPlace();
 
     const Room room_;
+    const Neighbour neighbour_;
     size_t pageCount_ = 0;  // in memory
     Page* newest_ = nullptr;
     Page* oldest_ = nullptr;
-    int file_ = -1;
-    bool isFull_ = false;  // the file takes no more
-    long fileEnd_ = 0;
+    TemporaryFile file_;
+    bool isFull_ = false;              // the file takes no more
+    int lossError_ = 0;                // of the first page that could not be read back; 0: none
     FreePlace* freePlaces_ = nullptr;  // owned
 };

@@ -9,9 +9,9 @@
 
 static const double NOT_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
-PendingRows::PendingRows(int columnCount, const PageMemory::Room& room)
+PendingRows::PendingRows(int columnCount, const PageMemory::Room& room, PageMemory::Neighbour neighbour)
     : columnCount_(columnCount),
-      memory_(room),
+      memory_(room, std::move(neighbour)),
       rows_(memory_),
       messages_(memory_),
       columns_(new std::unique_ptr<Column>[columnCount]) {
@@ -52,6 +52,7 @@ const DataEntry* PendingRows::frontCell(int index) {
     if (!place) return nullptr;
     const Row& front = rows_.at(rows_.first());
     const Sample& sample = column.samples_.at(place);
+    if (hasLost()) return nullptr;
     if (sample == front) return forms_.entry(sample.cell_, front.time());
     if (sample.fill_ == NOTHING || !column.hasLeft_ || front.serial_ >= sample.filledBefore_) return nullptr;
     const CellForms::Cell made = between(front, column.left_, sample);
@@ -120,6 +121,7 @@ void PendingRows::put(Column& column, const Sample& sample, Rows::Place row) {
     if (place && samples.at(place) == sample) {
         settleSpan(column, samples.next(place));
         place = samples.lastUpTo(sample);
+        if (!place) return forms_.release(sample.cell_);  // it is lost
         forms_.release(std::exchange(samples.at(place).cell_, sample.cell_));
     } else {
         place = samples.insertAfter(place, sample);
@@ -144,7 +146,7 @@ void PendingRows::settleSpan(Column& column, Samples::Place end) {
     const Sample before = place ? column.samples_.at(place) : column.left_;
     const Sample after = column.samples_.at(end);
     column.samples_.at(end).fill_ = NOTHING;
-    for (Rows::Place at = place ? rows_.next(rows_.lastUpTo(before)) : rows_.first(); rows_.at(at) < after;
+    for (Rows::Place at = place ? rows_.firstAfter(before) : rows_.first(); at && rows_.at(at) < after;
          at = rows_.next(at)) {
         const Row row = rows_.at(at);
         if (row.serial_ >= after.filledBefore_) continue;
@@ -158,7 +160,7 @@ void PendingRows::fillBack(Column& column, Samples::Place place, Rows::Place row
     if (!previous) return;
     const Sample before = column.samples_.at(previous);
     const Rows::Place gap = rows_.previous(row);
-    if (rows_.at(gap) == before) return;
+    if (!gap || rows_.at(gap) == before) return;
     Sample& sample = column.samples_.at(place);
     const Fill fill = fillFor(before, sample);
     if (fill == NOTHING || fill == NOT_A_NUMBER) column.isReader_ = true;

@@ -19,7 +19,9 @@
 // in pages, of which only so many are in memory however many rows wait.
 class PendingRows {
 public:
-    explicit PendingRows(int columnCount, const PageMemory::Room& room = {4096, 16384});  // 64 MB
+    static constexpr PageMemory::Room ROOM = {4096, 16384};  // 64 MB
+
+    PendingRows(int columnCount, const PageMemory::Room& room, PageMemory::Neighbour neighbour);
     ~PendingRows();
     PendingRows(const PendingRows&) = delete;
     PendingRows& operator=(const PendingRows&) = delete;
@@ -30,12 +32,15 @@ public:
 
     bool isEmpty() const { return rows_.isEmpty(); }
     size_t heldBytes() const { return memory_.heldBytes(); }  // about
+    // Something that waited in the file could not be read back: what the other operations give is nothing to go by.
+    bool hasLost() const { return memory_.hasLost(); }
+    Str lossReason() const { return memory_.lossReason(); }
     // The oldest row can no longer change. Judged by the last add alone: call it after each.
-    bool hasReadyRow() { return hasReady_ && rows_.at(rows_.first()) < ready_; }
+    bool hasReadyRow() { return hasReady_ && !hasLost() && rows_.at(rows_.first()) < ready_; }
 
     // The oldest row; what the accessors give is borrowed until the next call.
     Timestamp frontTime() { return rows_.at(rows_.first()).time(); }
-    const DataEntry* frontCell(int column);  // null for an empty cell
+    const DataEntry* frontCell(int column);  // null for an empty cell, or a lost one
     const SyslogEntry* frontSyslog();        // null when the row has none
     void dropFront();                        // only while there is a row
     void forgetSamples();                    // when all rows have left: nothing to interpolate from

@@ -13,7 +13,7 @@
 TableLogWriter::TableLogWriter(LogWriter* outputTo, const RequestedVariables& variables, bool interpolate)
     : outputTo_(outputTo), columns_(variables, log_), interpolate_(interpolate), lastTime_(Timestamp::NOT_SET_TIME) {
     if (outputTo_ != nullptr) outputTo_->addParent();
-    if (interpolate_) pendingRows_.reset(new PendingRows(columns_.count()));
+    if (interpolate_) waitIn(PendingRows::ROOM);
 }
 
 TableLogWriter::~TableLogWriter() {
@@ -21,7 +21,11 @@ TableLogWriter::~TableLogWriter() {
 }
 
 void TableLogWriter::setRoom(const PageMemory::Room& room) {
-    if (interpolate_) pendingRows_.reset(new PendingRows(columns_.count(), room));
+    if (interpolate_) waitIn(room);
+}
+
+void TableLogWriter::waitIn(const PageMemory::Room& room) {
+    pendingRows_.reset(new PendingRows(columns_.count(), room, [this] { return outputName(); }));
 }
 
 unsigned int TableLogWriter::writeHeader() {
@@ -61,6 +65,7 @@ unsigned int TableLogWriter::writeCells(const DataEntry& entry, unsigned short c
 
 unsigned int TableLogWriter::writeCell(const DataEntry& entry, int column) {
     if (!interpolate_) return writeToColumn(&entry, column);
+    if (endedEarly_) return 0;
     pendingRows_->add(entry, column, lastTime_);
     return writeReadyRows();
 }
@@ -85,6 +90,7 @@ unsigned int TableLogWriter::writeMessage(const SyslogEntry& entry) {
 unsigned int TableLogWriter::writeReadyRows() {
     unsigned int bytes = 0;
     while (pendingRows_->hasReadyRow()) bytes += writeFrontRow();
+    endWhereRowsAreLost();
     return bytes;
 }
 
@@ -96,14 +102,16 @@ unsigned int TableLogWriter::writeFrontRow() {
         if (cell != nullptr || pendingRows_->isReaderColumn(column)) bytes += writeToColumn(cell, column);
     }
     if (const SyslogEntry* message = pendingRows_->frontSyslog()) bytes += writeSyslog(message);
+    if (!pendingRows_->hasLost()) bytes += writeRow();
     pendingRows_->dropFront();
-    return bytes + writeRow();
+    return bytes;
 }
 
 unsigned int TableLogWriter::writeAllInterpolated() {
     if (!interpolate_) return 0;
     unsigned int bytes = 0;
-    while (!pendingRows_->isEmpty()) bytes += writeFrontRow();
+    while (!pendingRows_->isEmpty() && !pendingRows_->hasLost()) bytes += writeFrontRow();
+    endWhereRowsAreLost();
     pendingRows_->forgetSamples();
     return bytes;
 }
@@ -126,16 +134,32 @@ size_t TableLogWriter::heldBytes() {
 
 void TableLogWriter::freeMemory() {
     if (interpolate_) {
-        log_.getLogger().fileFailure("write", outputName(), strerror(ENOMEM));
         writeAllInterpolated();
-        endedEarly_ = true;
+        endEarly(strerror(ENOMEM));
     }
     if (outputTo_ != nullptr) outputTo_->freeMemory();
 }
 
+void TableLogWriter::endWhereRowsAreLost() {
+    if (!pendingRows_->hasLost()) return;
+    endEarly(pendingRows_->lossReason().cStr());
+    waitIn(PendingRows::ROOM);
+}
+
+// A file that is written to without this writer being asked whether it is whole is told here.
+void TableLogWriter::endEarly(const char* reason) {
+    if (endedEarly_) return;
+    endedEarly_ = true;
+    log_.getLogger().fileFailure("write", outputName(), reason);
+    if (HasFilename* const file = outputFile()) file->countAsIncomplete();
+}
+
+HasFilename* TableLogWriter::outputFile() {
+    return dynamic_cast<HasFilename*>(outputTo_ == nullptr ? this : outputTo_);
+}
+
 Str TableLogWriter::outputName() {
-    LogWriter* const last = outputTo_ == nullptr ? this : outputTo_;
-    HasFilename* const file = dynamic_cast<HasFilename*>(last);
+    HasFilename* const file = outputFile();
     return file != nullptr ? file->getFilename() : logStream_ != nullptr ? Str(logStream_->getName()) : Str();
 }
 

@@ -9,6 +9,7 @@
 
 class DataEntry;
 class EventEntry;
+class HasFilename;
 class PendingRows;
 class SyslogEntry;
 
@@ -16,6 +17,8 @@ class SyslogEntry;
 // row is one control cycle, emitted when the next one starts and stamped with the start of its own. With interpolation
 // there is a row per distinct entry time; cells without a sample are interpolated in time, and a row is emitted once it
 // can no longer change. What a row looks like is left to derived writers.
+// Errors: where rows that wait cannot be read back from their temporary file the table ends with those that have left,
+// and an ERROR tells.
 class TableLogWriter : public LogWriter {
 public:
     // outputTo, which may be null, receives what the base operations forward; it is shared.
@@ -33,6 +36,7 @@ public:
     void resetInputs() override;
     size_t heldBytes() override;
     void freeMemory() override;  // writes the pending rows, the table's last
+    bool isWhole() override { return !endedEarly_ && (outputTo_ == nullptr || outputTo_->isWhole()); }
 
     // For rows that wait, when interpolating; before the first entry.
     void setRoom(const PageMemory::Room& room);
@@ -62,6 +66,10 @@ private:
     unsigned int writeMessage(const SyslogEntry& entry);
     unsigned int writeReadyRows();
     unsigned int writeFrontRow();
+    void endWhereRowsAreLost();
+    void endEarly(const char* reason);
+    void waitIn(const PageMemory::Room& room);
+    HasFilename* outputFile();
     Str outputName();
 
     std::unique_ptr<PendingRows> pendingRows_;  // with interpolation only

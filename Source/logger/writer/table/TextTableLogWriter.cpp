@@ -88,7 +88,7 @@ unsigned int TextTableLogWriter::writeFooter() {
     if (wroteFooter_) return 0;
     TableLogWriter::writeFooter();
     wroteFooter_ = true;
-    return writeRow();
+    return isWhole() ? writeRow() : 0;
 }
 
 void TextTableLogWriter::Cell::keep(const TextBuffer& text) {

@@ -29,6 +29,7 @@ private:
 // end costs next to nothing, in between the logarithm of the number of pages. Item is derived from Timed, goes as its
 // bytes and has an Item::PageNote, what is to be known of a page without looking into it; the note's
 // summarize(earlier, later) is called when those of the pages below it in the tree have changed.
+// Where the memory has lost items they are zeros out of order: a search may miss then, but every operation ends.
 template <typename Item>
 class TimePages {
 public:
@@ -62,6 +63,11 @@ public:
     // The reference is good until PageMemory::RECENT other pages have been used.
     Item& at(Place place) { return items(place.page_)[place.index_]; }
 
+    // The first item after the time; nowhere when there is none.
+    Place firstAfter(const Timed& time) {
+        const Place last = lastUpTo(time);
+        return last ? next(last) : first();
+    }
     Place next(Place place) const {
         if (++place.index_ < place.page_->count()) return place;
         return {place.page_->next_, 0};
@@ -80,7 +86,7 @@ public:
         const Item* const begin = items(page);
         const Item* const end = begin + page->count();
         if (!(time < end[-1])) return lastOf(page);
-        return {page, static_cast<unsigned int>(std::upper_bound(begin, end, time) - begin) - 1};
+        return {page, static_cast<unsigned int>(std::upper_bound(begin + 1, end, time) - begin) - 1};
     }
 
     // Behind an item, or, when that is nowhere, in front of all.

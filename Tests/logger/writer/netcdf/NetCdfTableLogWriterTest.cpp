@@ -124,3 +124,18 @@ TEST_F(NetCdfTableLogWriterTest, AnotherInputContinuesTheTable) {
     EXPECT_EQ(Numbers({0, 1}), NetCdfFile(path_).numbers("A.a"));
     expectAttributes({{"", "S.s", "6"}});
 }
+
+// Its rows so far stay.
+TEST_F(NetCdfTableLogWriterTest, OneThatEndsForWantOfMemoryIsIncomplete) {
+    DataAccess* const depth = log_.declare("Depth.depth", Units::METER);
+    log_.endDirectory();
+    NameList names{"Depth.depth", "No.such"};
+    NetCdfTableLogWriter table(path_.c_str(), false, names.count(), names.list(), nullptr, true, 0, nullptr);
+    for (int i = 0; i < 3; ++i) table.write(log_.data(depth, i, i), nullptr);
+    table.freeMemory();
+    table.write(log_.data(depth, 3, 3), nullptr);
+    table.writeFooter();
+    EXPECT_EQ(Numbers({0, 1, 2}), NetCdfFile(path_).numbers("Depth.depth"));
+    EXPECT_FALSE(table.isWhole() || table.getOutcome()->isWhole());
+    EXPECT_EQ(Lines{"ERROR Failed to write " + path_ + ": Cannot allocate memory"}, messages_.take());
+}

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstring>
 
 #include "support/FileSizeLimit.h"
+#include "support/NamelessFiles.h"
+#include "support/TempDir.h"
 
 namespace {
 
@@ -48,11 +51,24 @@ TEST(PageMemoryTest, WhereTheFileTakesNoMoreTheyStay) {
         PageMemory memory(ROOM);
         writeAndReadPages(memory);
     }
-    setenv("TMPDIR", "/no/such/directory", 1);  // passed over
-    PageMemory memory(ROOM);
-    writeAndReadPages(memory);
-    unsetenv("TMPDIR");
     signal(SIGXFSZ, SIG_DFL);
+}
+
+TEST(PageMemoryTest, PagesThatCannotBeReadAreZerosAndTold) {
+    const TempDir dir;
+    const std::string neighbour = dir.write("out", "");
+    PageMemory memory(ROOM, [&] { return Str(neighbour.c_str()); });
+    PageMemory::Page pages[PAGES];
+    for (PageMemory::Page& page : pages) memset(memory.use(page), 1, ROOM.pageBytes_);
+    ASSERT_EQ(1, NamelessFiles::MakeUnreadable(dir.path("")));
+    const char* const here = static_cast<const char*>(memory.use(pages[PAGES - 1]));
+    EXPECT_EQ(ROOM.pageBytes_, static_cast<size_t>(std::count(here, here + ROOM.pageBytes_, 1)));
+    EXPECT_FALSE(memory.hasLost());
+    const char* const lost = static_cast<const char*>(memory.use(pages[0]));
+    EXPECT_EQ(ROOM.pageBytes_, static_cast<size_t>(std::count(lost, lost + ROOM.pageBytes_, 0)));
+    EXPECT_TRUE(memory.hasLost());
+    EXPECT_EQ("a temporary file in " + dir.path("") + ": Bad file descriptor", memory.lossReason().cStr());
+    for (PageMemory::Page& page : pages) memory.drop(page);
 }
 
 }  // namespace

@@ -6,8 +6,14 @@
 #include <optional>
 #include <random>
 
+#include "../OutputFixture.h"
+#include "logger/writer/FileLogWriter.h"
+#include "logger/writer/FilterLogWriter.h"
+#include "logger/writer/table/TextTableLogWriter.h"
+#include "support/CountOf.h"
 #include "support/EntryCollector.h"
 #include "support/NameList.h"
+#include "support/NamelessFiles.h"
 #include "utils/AuvMath.h"
 
 namespace {
@@ -209,6 +215,104 @@ TEST(TableLogWriterTest, RandomSeriesFollowTheRuleStepByStep) {
         table.writeFooter();
         rule.emitAll();
         ASSERT_EQ(rule.emitted_, table.rows_) << "seed " << seed;
+    }
+}
+
+// Wherever the file fails, the rows are those of a table that did not, up to some row.
+TEST(TableLogWriterTest, RowsThatAreLostEndTheTableBehindWholeOnes) {
+    const TempDir dir;
+    setenv("TMPDIR", dir.path("").c_str(), 1);
+    int lost = 0;
+    for (unsigned int seed = 0; seed < 400; ++seed) {
+        std::mt19937 random(seed);
+        SmallLog log;
+        CapturedLog messages;
+        Slate::SetLogger(&static_cast<const Logger&>(messages));
+        DataAccess* const accesses[] = {log.declare("A.x"), log.declare("A.held"), log.declareText("A.text")};
+        accesses[1]->setNoInterpFlag(true);
+        NameList names({"A.x", "A.held", "A.text"});
+        RecordingTable table(names, true), whole(names, true);
+        table.setRoom({seed % 5 * 40 + 80, PageMemory::RECENT + 1});
+        const auto upTo = [&random](unsigned int n) { return static_cast<unsigned int>(random() % n); };
+        const unsigned int failsAt = 50 + upTo(350);
+        for (unsigned int i = 0; i < 400; ++i) {
+            const unsigned int column = i < 3 ? i : seed / 4 % 2 == 0 ? upTo(2) : 2 - (upTo(100) != 0);
+            const unsigned int times[] = {i, 400 - i, upTo(400), i - i % 3};
+            const double t = times[seed % 4];
+            if (i == failsAt) NamelessFiles::MakeUnreadable(dir.path(""));
+            const DataEntry* const entry =
+                column == 2 ? log.text(accesses[2], t, "a") : log.data(accesses[column], t, i);
+            for (RecordingTable* const each : {&table, &whole}) each->write(entry, nullptr);
+        }
+        for (RecordingTable* const each : {&table, &whole}) each->writeFooter();
+        lost += !table.isWhole();
+        ASSERT_EQ(table.isWhole() ? 0u : 1u, messages.take().size());
+        ASSERT_TRUE(table.isWhole() || table.rows_.size() < whole.rows_.size());
+        ASSERT_LE(table.rows_.size(), whole.rows_.size());
+        ASSERT_TRUE(std::equal(table.rows_.begin(), table.rows_.end(), whole.rows_.begin())) << "seed " << seed;
+    }
+    unsetenv("TMPDIR");
+    EXPECT_LT(100, lost);
+}
+
+// A table's file is incomplete whether the table stands in it, also behind a writer that asks, or in front of it.
+class EarlyEndTest : public OutputFixture {
+protected:
+    enum Place { INSIDE, BEHIND_A_FILTER, IN_FRONT, PLACES };
+
+    // The file's outcome when `mishap` comes behind the first row and some that wait.
+    template <typename Mishap>
+    std::shared_ptr<const OutputOutcome> outcomeAfter(Place place, Mishap mishap) {
+        LogWriter* inside = inner(0);
+        TableLogWriter* table = nullptr;
+        if (place != IN_FRONT) inside = table = new TextTableLogWriter(",", requested_, true, true);
+        FileLogWriter* const file = new FileLogWriter(dir_.path("out").c_str(), inside, false, nullptr);
+        LogWriter* outer = file;
+        if (place == BEHIND_A_FILTER) outer = new FilterLogWriter(file, requested_, false, RequestedVariables());
+        if (place == IN_FRONT) outer = table = new TableLogWriter(file, requested_, true);
+        outer->addParent();
+        table->setRoom({80, PageMemory::RECENT + 1});
+        const std::shared_ptr<const OutputOutcome> outcome = file->getOutcome();
+        for (int i = 0; i < 2; ++i) {
+            outer->write(log_.data(x_, i, i), nullptr);
+            outer->write(log_.data(y_, i, i), nullptr);
+        }
+        for (int i = 2; i < 100; ++i) outer->write(log_.data(x_, i, i), nullptr);
+        mishap(*outer);
+        EXPECT_FALSE(outer->isWhole());
+        outer->write(log_.data(y_, 100, 100), nullptr);
+        LogWriter::Release(outer);
+        return outcome;
+    }
+
+    DataAccess* const x_ = log_.declare("A.x");
+    DataAccess* const y_ = log_.declare("A.y");
+    NameList names_{"A.x", "A.y"};
+    const RequestedVariables requested_{names_.count(), names_.list(), nullptr};
+};
+
+TEST_F(EarlyEndTest, OfRowsThatAreLostTheFileIsIncomplete) {
+    for (int place = INSIDE; place < PLACES; ++place) {
+        const auto lose = [this](LogWriter& writer) {
+            EXPECT_EQ(1, NamelessFiles::MakeUnreadable(dir_.path("")));
+            writer.write(log_.data(y_, 99, 99), nullptr);
+        };
+        EXPECT_TRUE(outcomeAfter(static_cast<Place>(place), lose)->isIncomplete()) << place;
+        EXPECT_EQ(Lines{"ERROR Failed to write " + dir_.path("out") + ": a temporary file in " + dir_.path("") +
+                        ": Bad file descriptor"},
+                  messages_.take());
+        if (place == IN_FRONT) continue;
+        EXPECT_EQ("Timestamp,EpochSeconds,A.x,A.y\n2012-06-01T12:30:00.000Z,1338553800.000,0.000000,0.000000\n",
+                  dir_.read("out"));
+    }
+}
+
+TEST_F(EarlyEndTest, ForWantOfMemoryTheFileIsIncomplete) {
+    for (int place = INSIDE; place < PLACES; ++place) {
+        const auto refuse = [](LogWriter& writer) { writer.freeMemory(); };
+        EXPECT_TRUE(outcomeAfter(static_cast<Place>(place), refuse)->isIncomplete()) << place;
+        EXPECT_EQ(Lines{"ERROR Failed to write " + dir_.path("out") + ": Cannot allocate memory"}, messages_.take());
+        EXPECT_EQ(place == IN_FRONT ? 0u : 101u, CountOf(dir_.read("out"), "\n"));
     }
 }
 
