@@ -55,13 +55,31 @@ TEST_F(SplitFileLogWriterTest, SplitsWhenAsked) {
 // A file that cannot be encoded is kept as it is.
 class FailingEncoder : public FileEncoder {
 public:
-    bool encode(const char*, const char*, const char*) override { return false; }
+    explicit FailingEncoder(int* attempts = nullptr) : attempts_(attempts) {}
+    bool encode(const char*, const char*, const char*) override {
+        if (attempts_ != nullptr) ++*attempts_;
+        return false;
+    }
+
+private:
+    int* const attempts_;  // borrowed
 };
 
 TEST_F(SplitFileLogWriterTest, FilesAreEncodedQuietly) {
     testing::internal::CaptureStdout();
     { SplitFileLogWriter(base_, inner(), new FailingEncoder, 1).write(log_.cycle(0), nullptr); }
     EXPECT_EQ("", testing::internal::GetCapturedStdout());
+}
+
+TEST_F(SplitFileLogWriterTest, AnIncompleteFileIsNotEncoded) {
+    int attempts = 0;
+    SplitFileLogWriter writer(base_, inner(), new FailingEncoder(&attempts), 1);
+    writer.write(log_.cycle(0), nullptr);
+    writer.countAsIncomplete();
+    writer.split(true, -1);
+    EXPECT_EQ(0, attempts);
+    writer.split(false, -1);
+    EXPECT_EQ(1, attempts);
 }
 
 // No number helps in a folder that does not exist as one; the search for a name ends all the same.

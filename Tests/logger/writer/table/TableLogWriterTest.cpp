@@ -263,9 +263,8 @@ protected:
     // The file's outcome when `mishap` comes behind the first row and some that wait.
     template <typename Mishap>
     std::shared_ptr<const OutputOutcome> outcomeAfter(Place place, Mishap mishap) {
-        LogWriter* inside = inner(0);
-        TableLogWriter* table = nullptr;
-        if (place != IN_FRONT) inside = table = new TextTableLogWriter(",", requested_, true, true);
+        TableLogWriter* table = place == IN_FRONT ? nullptr : new TextTableLogWriter(",", requested_, true, true);
+        LogWriter* const inside = place == IN_FRONT ? inner(0) : static_cast<LogWriter*>(table);
         FileLogWriter* const file = new FileLogWriter(dir_.path("out").c_str(), inside, false, nullptr);
         LogWriter* outer = file;
         if (place == BEHIND_A_FILTER) outer = new FilterLogWriter(file, requested_, false, RequestedVariables());
