@@ -50,7 +50,10 @@ public:
     const Unit* getUnit() const {  // null when the log's unit name names no unit
         return unit_ != nullptr || unitLookedUp_ ? unit_ : lookUpUnit();
     }
-    const Unit& unitOrNone() const { return getUnit() == nullptr ? Units::NONE : *getUnit(); }
+    const Unit& unitOrNone() const {
+        const Unit* const unit = getUnit();
+        return unit == nullptr ? Units::NONE : *unit;
+    }
     Str getUnitName() const;  // the name as the log gave it; "none" without a unit
     // How its values lie in the log, and in how many bytes; of a text the size says only that it has a type.
     BinaryDataType getBinaryType() const { return binaryType_; }

@@ -13,6 +13,13 @@
 // Few enough to be in the processor's cache still when the system takes them.
 static const size_t BUFFER_BYTES = 262144;
 
+FileOutStream* FileOutStream::First_ = nullptr;
+
+static Mutex& ListMutex() {
+    static Mutex mutex;
+    return mutex;
+}
+
 static bool IsStandard(const FILE* file) {
     return file == stdout || file == stderr;
 }
@@ -34,10 +41,24 @@ FileOutStream::FileOutStream(const char* path, bool append, bool update) : FileO
     open(path, append, update);
 }
 
-FileOutStream::FileOutStream(FILE* file, bool autoClose) : file_(file), autoClose_(autoClose), filename_("unknown") {}
+FileOutStream::FileOutStream(FILE* file, bool autoClose) : file_(file), autoClose_(autoClose), filename_("unknown") {
+    MutexLocker lock(ListMutex());
+    next_ = First_;
+    if (next_ != nullptr) next_->link_ = &next_;
+    link_ = &First_;
+    First_ = this;
+}
 
 FileOutStream::~FileOutStream() {
     if (autoClose_) close();
+    MutexLocker lock(ListMutex());
+    *link_ = next_;
+    if (next_ != nullptr) next_->link_ = link_;
+}
+
+void FileOutStream::FlushAll() {
+    MutexLocker lock(ListMutex());
+    for (FileOutStream* stream = First_; stream != nullptr; stream = stream->next_) stream->flush();
 }
 
 OutStream& FileOutStream::write(const char* buf, size_t n) {

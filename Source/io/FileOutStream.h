@@ -30,6 +30,7 @@ public:
     bool open(const char* path, bool append, bool update);
     void close();                    // the file, owned or not; standard output and standard error stay open and held
     void flush();                    // hands what is gathered to the system
+    static void FlushAll();          // of all streams, without allocating: for a process that has to end at once
     bool seek(unsigned int offset);  // bytes from the start; false with no file or on failure
     int tell();  // bytes from the start; 0 with no file, the greatest int past it, -1 where there are no positions
     const char* getName() override { return filename_.cStr(); }  // the path; until the next open
@@ -44,6 +45,10 @@ private:
     void passOn();  // what is gathered, to the file
     size_t gathered() const { return static_cast<size_t>(room_ - buffer_.get()); }
     void noteError();
+
+    static FileOutStream* First_;  // of all streams
+    FileOutStream* next_ = nullptr;
+    FileOutStream** link_ = nullptr;  // to it
 
     FILE* file_;
     bool autoClose_;                  // the file is owned

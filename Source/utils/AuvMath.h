@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <type_traits>
@@ -15,6 +16,14 @@ const double PI = 3.14159265358979323846;
 template <typename T>
 bool IsNaN(T x) {
     return x != x;
+}
+
+// The same bit by bit: NaN is itself, and 0 is not -0.
+inline bool AreSameBits(double a, double b) {
+    uint64_t bitsOfA, bitsOfB;
+    memcpy(&bitsOfA, &a, sizeof a);
+    memcpy(&bitsOfB, &b, sizeof b);
+    return bitsOfA == bitsOfB;
 }
 
 // The value with its bytes in reverse order.

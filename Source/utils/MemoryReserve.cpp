@@ -16,6 +16,7 @@ bool MemoryReserve::WasTaken_ = false;
 int MemoryReserve::Loans_ = 0;
 size_t MemoryReserve::Assured_ = 0;
 Str MemoryReserve::Task_;
+void (*MemoryReserve::LastAct_)() = [] {};
 
 // From the system itself and back to it at once, which the heap would not do. Null when it is refused.
 static void* Map(size_t bytes) {
@@ -43,6 +44,7 @@ void MemoryReserve::Take() {
         WasTaken_ = true;
         return;
     }
+    LastAct_();
     fflush(nullptr);
     fprintf(stderr, "No memory is left in the middle of %s; what was written stays\n", Task_.cStr());
     _exit(FAILURE_STATUS);

@@ -20,7 +20,7 @@ class FileStreamTest : public testing::Test {
 protected:
     const char* path() const { return path_.c_str(); }
     void write(const char* text) const { dir_.write("file", text); }
-    std::string content() const { return dir_.read("file"); }
+    std::string content(const char* name = "file") const { return dir_.read(name); }
     // Bytes taken on loan; none where they are not at hand.
     static std::string lent(InStream& in, size_t n) {
         InStream::Loan loan(in);
@@ -113,6 +113,18 @@ TEST_F(FileStreamTest, LendsRoomToNumbersAndTexts) {
     out.close();
     EXPECT_TRUE(expected.bytes_ == content());
     EXPECT_EQ(nullptr, out.roomFor(1));
+}
+
+TEST_F(FileStreamTest, AllThatAreOpenCanBeFlushedAtOnce) {
+    FileOutStream out(path(), false, false);
+    FileOutStream other((path() + std::string("2")).c_str(), false, false);
+    { const FileOutStream gone((path() + std::string("3")).c_str(), false, false); }
+    out << "one";
+    other << "two";
+    EXPECT_EQ("", content());
+    FileOutStream::FlushAll();
+    EXPECT_EQ("one", content());
+    EXPECT_EQ("two", content("file2"));
 }
 
 TEST_F(FileStreamTest, LendsNoRoomWhileThereAreOtherThreads) {

@@ -89,6 +89,22 @@ TEST_F(TableRunTest, ANameListedTwiceFillsBothColumns) {
     EXPECT_EQ(rows, table(DiveLog::Of(2), {"-ih", "dive", "Depth.depth", "1", "Depth.depth", "0.01"}));
 }
 
+// An access may tell any code for its element, and still bring texts as the best of its universal.
+TEST_F(TableRunTest, TextsOfAnElementThatNobodyCanName) {
+    std::string log =
+        "*v 0008\n*n code=0000 name=\"A\"\n*e code=0001 elementURI=\"depth\" type=04\n"
+        "*a code=0000 owner=0000 element=FFFF universal=0001 unitName=\"none\" type=00 size=0001 fl=01\n";
+    for (long long second = 0; second < 3; ++second) {
+        const long long changed = (1338553800 + 32445541 + second) << 21 | 1;
+        log += std::string("\x0C\xFF") + std::string(reinterpret_cast<const char*>(&changed), sizeof changed);
+        log += std::string("\x04\0text", 6);
+    }
+    write("dive", log);
+    for (const char* options : {"-cqOi", "-kqOi", "-nqOi"}) {
+        EXPECT_EQ(0, program_.run({options, "dive", "depth"}).status_) << options;
+    }
+}
+
 // What a log and a user can bring that is no plain number in its unit.
 TEST_F(TableRunTest, EveryRowHasItsColumns) {
     DiveLog dive;

@@ -6,10 +6,10 @@
 #include "logger/rule/Rule.h"
 
 // One writer and the rule that decides which entries reach it.
-class LogAssociation {
+class LogAssociation final {
 public:
     LogAssociation(LogWriter* writer, Rule* rule);  // counts the writer, owns the rule; a null rule admits everything
-    virtual ~LogAssociation();
+    ~LogAssociation();
     LogAssociation(const LogAssociation&) = delete;
     LogAssociation& operator=(const LogAssociation&) = delete;
 

@@ -27,7 +27,7 @@ struct KnownAccess {
 
     DataForm form_;
     DataAccess* access_ = nullptr;    // borrowed
-    DataElement* element_ = nullptr;  // borrowed; null in a scan
+    DataElement* element_ = nullptr;  // borrowed; null only where values are skipped
     const Unit* unit_ = nullptr;      // of its values; null where they do not take the log's bytes as they are
     unsigned int knownAt_ = 0;        // the log's changes then; 0: never
 };

@@ -74,9 +74,8 @@ unsigned int BinaryLogReader::readData() {
 
 // Of an entry that is passed on nothing is to be noted but its time as the last one.
 bool BinaryLogReader::passesAll() const {
-    const bool hasWindow = startTime_ != Timestamp::NOT_SET_TIME || endTime_ != Timestamp::NOT_SET_TIME;
-    return writeEngine_ != nullptr && !hasWindow && whileRunningName_.isEmpty() &&
-           firstTime_ != Timestamp::NOT_SET_TIME;
+    const bool hasWindow = startTime_.isSet() || endTime_.isSet();
+    return writeEngine_ != nullptr && !hasWindow && whileRunningName_.isEmpty() && firstTime_.isSet();
 }
 
 inline bool BinaryLogReader::takeData(ByteCursor& from) {

@@ -24,7 +24,7 @@ public:
     // nothing can be made of.
     unsigned int read() override;
     // Data entries of known accesses that lie whole in the stream's buffer; failing any, as read. It ends when memory
-    // was refused. Entries whose values are skipped are not handled.
+    // was refused. Of these none is handled when values are skipped.
     unsigned int readRun() override;
     MessageGate* getMessageGate() override { return &gate_; }
     EntryNotes* getEntryNotes() override { return &notes_; }

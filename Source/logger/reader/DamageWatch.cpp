@@ -51,9 +51,9 @@ void DamageWatch::sumUp() const {
     if (notes_ != nullptr) {
         text.append(", cycles whose time went back or jumped by more than an hour ").appendInt(notes_->getJumps());
         text.append(", cycle starts that stand at one time ").appendInt(notes_->getStanding());
-        if (gate_->getTooMany() > 0) text.append(", messages not shown ").appendInt(gate_->getTooMany());
-        const bool isReadByAnother = !notes_->hasDirectory() && !log_.getSideFile().isEmpty();
-        if (isReadByAnother) text.append("; all that is known of its codes is from ").append(log_.getSideFile());
     }
+    if (gate_->getTooMany() > 0) text.append(", messages not shown ").appendInt(gate_->getTooMany());
+    const bool isReadByAnother = notes_ != nullptr && !notes_->hasDirectory() && !log_.getSideFile().isEmpty();
+    if (isReadByAnother) text.append("; all that is known of its codes is from ").append(log_.getSideFile());
     gate_->getOutside().syslog(text.toStr(), Syslog::ERROR);
 }

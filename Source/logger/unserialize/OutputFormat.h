@@ -10,8 +10,8 @@ struct OutputFormat {
     enum Need : unsigned int {
         NOTHING = 0,
         ALL_NAMES = 1,  // it has a place for each variable, and must know them all before the first entry
-        PLAIN_FILE =
-            2,  // opened by name, also in a run to standard output, by a library that goes back and forth in it
+        // Opened by name, also in a run to standard output, by a library that goes back and forth in it.
+        PLAIN_FILE = 2,
     };
 
     OutputKind kind_;

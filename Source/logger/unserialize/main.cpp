@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "io/FileOutStream.h"
 #include "logger/unserialize/Unserialize.h"
 #include "utils/MemoryReserve.h"
 
@@ -13,6 +14,7 @@ static void HoldStandardFiles() {
 
 int main(int argc, char** argv) {
     HoldStandardFiles();
+    MemoryReserve::SetLastAct(&FileOutStream::FlushAll);
     MemoryReserve::Hold();
     return Unserialize::Run(argc, argv);
 }

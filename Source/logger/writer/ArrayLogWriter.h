@@ -18,7 +18,6 @@ public:
 
     ArrayLogWriter(Order order, const RequestedVariables& variables, const RequestedVariables& settings);
 
-    unsigned int writeHeader() override { return 0; }
     // Each puts one sample into its place; the result is addSample's, 0 where there is no entry.
     unsigned int writeData(const DataEntry* entry, int varIndex, const Unit* unit) override;
     unsigned int writeAtt(const DataEntry* entry, int attIndex, const Unit* unit) override;

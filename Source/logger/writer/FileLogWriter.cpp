@@ -117,5 +117,5 @@ void FileLogWriter::resetFilename(const Str& filename) {
 void FileLogWriter::tellFailure(const char* failedTo) {
     const int error = fileStream_.firstError();
     outcome_->fail(failedTo, filename_.isEmpty() ? Str(fileStream_.getName()) : filename_,
-                   error == ENXIO ? "nobody reads it" : strerror(error));
+                   error == ENXIO ? "nobody reads it" : strerror(error), log_.getLogger());
 }

@@ -1,8 +1,8 @@
 #include "logger/writer/OutputOutcome.h"
 
-#include "data/Log.h"
+#include "data/Logger.h"
 
-void OutputOutcome::fail(const char* failedTo, const Str& filename, const char* reason) {
-    if (isWhole()) Log::Current().getLogger().fileFailure(failedTo, filename, reason);
+void OutputOutcome::fail(const char* failedTo, const Str& filename, const char* reason, const Logger& logger) {
+    if (isWhole()) logger.fileFailure(failedTo, filename, reason);
     fail();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+class Logger;
 class Str;
 
 // How the writing of one output went. It outlives the writer, for those who name the file when that is closed.
@@ -11,7 +12,7 @@ public:
 
     void begin() { state_ = WHOLE; }  // another file
     // The first failure of the file is one ERROR message: a full disk fails every write that follows.
-    void fail(const char* failedTo, const Str& filename, const char* reason);
+    void fail(const char* failedTo, const Str& filename, const char* reason, const Logger& logger);
     void fail() { state_ = INCOMPLETE; }  // it is told already
     void removed() { state_ = ABSENT; }   // by the writer: it had nothing to write
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "data/BlobValue.h"
-#include "data/Log.h"
+#include "data/Logger.h"
 #include "logger/entry/DataEntry.h"
 
 static const unsigned long long FREE_BYTES = 268435456;
@@ -22,10 +22,10 @@ bool PaddingLimit::admits(const DataEntry& entry, size_t room, size_t elements) 
     return true;
 }
 
-void PaddingLimit::report(const char* file, const char* name) {
+void PaddingLimit::report(const char* file, const char* name, const Logger& logger) {
     if (reported_) return;
     reported_ = true;
-    Log::Current().getLogger().syslog(Str("Not all samples are in ") + file + ": arrays such as " + name +
-                                          " have dimensions that are far larger than what the log holds of them",
-                                      Syslog::ERROR);
+    logger.syslog(Str("Not all samples are in ") + file + ": arrays such as " + name +
+                      " have dimensions that are far larger than what the log holds of them",
+                  Syslog::ERROR);
 }

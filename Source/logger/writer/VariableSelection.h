@@ -18,10 +18,7 @@ public:
     void reset();  // forget all codes and units; look everything up again
     // Looks up what is not resolved yet, when the directory has changed since the last try. True when every name is
     // resolved or, the directory having been read, can no longer be.
-    bool resolve() { return resolved_ || (isStale() && lookUpAll()); }
-    bool isResolved() const { return resolved_; }  // as the last resolve answered
-    // The directory has grown, or was read to its end, since the last resolve.
-    bool isStale() const { return watch_.hasChanged(); }
+    bool resolve() { return resolved_ || (watch_.hasChanged() && lookUpAll()); }
 
     int count() const { return requested_.count(); }
     const char* name(int index) const { return requested_.at(index).name_; }       // as asked for

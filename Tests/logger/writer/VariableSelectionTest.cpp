@@ -31,7 +31,7 @@ TEST_F(VariableSelectionTest, FindsCodesAndUnits) {
     EXPECT_EQ(&Units::NONE, selection.shownUnit(2));
     selection.reset();
     EXPECT_EQ(-1, selection.indexOf(depth->getElementCode()));
-    EXPECT_FALSE(selection.isFound(0) || selection.isUniversal(1) || selection.isResolved());
+    EXPECT_FALSE(selection.isFound(0) || selection.isUniversal(1));
 }
 
 TEST_F(VariableSelectionTest, ANameListedTwiceMapsToItsLastIndex) {

@@ -19,8 +19,7 @@ unsigned int JsonLogWriter::writeHeader() {
 
 unsigned int JsonLogWriter::write(const LogEntry* entry, const Unit* unit) {
     const MutexLocker lock(writeMutex_);
-    if (!initializeFilterLogWriter()) return 0;
-    if (json_ == nullptr) return 0;
+    if (json_ == nullptr || !initializeFilterLogWriter()) return 0;
     initializeJsonLogWriter();
     return jsonLogWriterInitialized_ ? FilterLogWriter::write(entry, unit) : 0;
 }
@@ -95,7 +94,7 @@ bool JsonLogWriter::addValue(JsonLeaf& leaf, const DataEntry& entry, int request
     } else {
         const Shape shape(log_.getElementURI(selectionOf(request).code(positionOf(request))), blob->getCount());
         if (!padding_.admits(entry, shape.elements() * NULL_TEXT, shape.elements())) {
-            padding_.report(fileName(), nameOf(request));
+            padding_.report(fileName(), nameOf(request), log_.getLogger());
             return false;
         }
         leaf.addOnce(entry.getElementCode(), *blob,

@@ -4,13 +4,10 @@
 #include <climits>
 #include <cmath>
 
+#include "utils/AuvMath.h"
 #include "utils/TextBuffer.h"
 
 static const size_t LONGEST_ITEM = 32;  // characters of a number or a bracket, with what separates it from the next
-
-static bool AreSame(double a, double b) {
-    return memcmp(&a, &b, sizeof a) == 0;
-}
 
 template <typename T>
 void PackedItems::put(Kind kind, const T& value) {
@@ -26,12 +23,12 @@ void PackedItems::addNumber(double number) {
     if (!std::isfinite(number)) return put(NOTHING);
     const double last = last_;
     last_ = number;
-    if (AreSame(number, last)) return put(SAME);
+    if (AuvMath::AreSameBits(number, last)) return put(SAME);
     const double change = number - last;
     const short step = std::fabs(change) <= SHRT_MAX ? static_cast<short>(change) : 0;
-    if (AreSame(last + step, number)) return put(STEP, step);
+    if (AuvMath::AreSameBits(last + step, number)) return put(STEP, step);
     const float narrow = static_cast<float>(number);
-    if (AreSame(narrow, number)) return put(FLOAT, narrow);
+    if (AuvMath::AreSameBits(narrow, number)) return put(FLOAT, narrow);
     put(DOUBLE, number);
 }
 

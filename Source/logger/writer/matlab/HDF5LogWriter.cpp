@@ -77,7 +77,7 @@ unsigned int HDF5LogWriter::addSample(const DataEntry& entry, int request) {
     MatlabLeaf* const leaf = leafOf_[request];
     if (leaf == nullptr) return 0;
     if (!firstTime_.isSet()) firstTime_ = entry.getTimestamp();
-    if (!leaf->add(entry, padding_)) padding_.report(filename_.cStr(), nameOf(request));
+    if (!leaf->add(entry, padding_)) padding_.report(filename_.cStr(), nameOf(request), log_.getLogger());
     checkFile("write");
     return 1;
 }
@@ -96,5 +96,5 @@ unsigned int HDF5LogWriter::writeFooter() {
 }
 
 void HDF5LogWriter::checkFile(const char* toDo) {
-    if (!hdf5_.isOk()) outcome_->fail(toDo, filename_, hdf5_.status().cStr());
+    if (!hdf5_.isOk()) outcome_->fail(toDo, filename_, hdf5_.status().cStr(), log_.getLogger());
 }

@@ -167,7 +167,7 @@ bool NetCdfLogWriter::admits(const DataEntry& entry, int request) {
     if (varUris_[request] == nullptr) return true;
     const NetCdf::NetCdfVar& var = *vars_[request];
     if (padding_.admits(entry, NetCdfWriter::NewRoom(var), var.block_->elements())) return true;
-    padding_.report(filename_.cStr(), nameOf(request));
+    padding_.report(filename_.cStr(), nameOf(request), log_.getLogger());
     return false;
 }
 

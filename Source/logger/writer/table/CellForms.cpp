@@ -1,12 +1,13 @@
 #include "logger/writer/table/CellForms.h"
 
+#include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <typeinfo>
 
 #include "data/DataAccess.h"
 #include "data/StrValue.h"
 #include "units/Units.h"
+#include "utils/AuvMath.h"
 
 namespace {
 
@@ -40,28 +41,34 @@ CellForms::Cell CellForms::share(const Cell& cell) const {
     return cell;
 }
 
-void CellForms::release(const Cell& cell) const {
-    if (isText(cell) && cell.text_ != nullptr) Release(cell.text_);
+void CellForms::release(const Cell& cell) {
+    if (isText(cell) && cell.text_ != nullptr) release(cell.text_);
 }
 
-void CellForms::Release(Text* text) {
-    if (--text->uses_ == 0) Drop(text);
+void CellForms::release(Text* text) {
+    if (--text->uses_ == 0) drop(text);
 }
 
-void CellForms::Drop(Text* text) {
+void CellForms::drop(Text* text) {
     *text->link_ = text->next_;
     if (text->next_ != nullptr) text->next_->link_ = text->link_;
+    textBytes_ -= text->bytes_.length();
     delete text;
 }
 
 CellForms::Text* CellForms::newText(const Str& bytes) {
+    textBytes_ += bytes.length();
     texts_ = new Text{bytes, 1, &texts_, texts_};
     if (texts_->next_ != nullptr) texts_->next_->link_ = &texts_->next_;
     return texts_;
 }
 
 void CellForms::forget() {
-    while (texts_ != nullptr) Drop(texts_);
+    for (Text* text = texts_; text != nullptr;) {
+        Text* const next = text->next_;
+        drop(text);
+        text = next;
+    }
     latest_.reset();
     buckets_.reset();
     forms_.clear();
@@ -89,7 +96,7 @@ const Unit& CellForms::unit(const Cell& cell) const {
 
 bool CellForms::areSame(const Cell& a, const Cell& b) const {
     if (a.form_ != b.form_) return false;
-    return isText(a) ? a.text_ == b.text_ : memcmp(&a.number_, &b.number_, sizeof a.number_) == 0;
+    return isText(a) ? a.text_ == b.text_ : AuvMath::AreSameBits(a.number_, b.number_);
 }
 
 CellForms::Cell CellForms::withNumber(const Cell& cell, double number) {
@@ -136,12 +143,12 @@ bool CellForms::Stands(const DataEntry& example, const DataEntry& entry) {
     return typeid(*a) == typeid(*b) && a->getUnit() == b->getUnit() && a->getBinaryType() == b->getBinaryType();
 }
 
-// The latest text or array of the element, as far as it still is that.
+// The latest text or array of the element, as far as it still is that. Codes that no name can have share a place.
 CellForms::Text* CellForms::textOf(const DataEntry& entry) {
-    if (latest_ == nullptr) latest_.reset(new Text*[ElementURI::NUM_CODES]());
-    Text*& latest = latest_[entry.getElementCode()];
+    if (latest_ == nullptr) latest_.reset(new Text*[ElementURI::NUM_CODES + 1]());
+    Text*& latest = latest_[std::min<size_t>(entry.getElementCode(), ElementURI::NUM_CODES)];
     const Str& bytes = TextIn(entry).getValue();
     if (latest != nullptr && latest->bytes_ == bytes) return latest;
-    if (latest != nullptr) Release(latest);
+    if (latest != nullptr) release(latest);
     return latest = newText(bytes);
 }

@@ -29,8 +29,9 @@ public:
 
     Cell keep(const DataEntry& entry);
     Cell share(const Cell& cell) const;  // another use
-    void release(const Cell& cell) const;
-    void forget();  // when all cells have been released or lost
+    void release(const Cell& cell);
+    void forget();                                   // when all cells have been released or lost
+    size_t textBytes() const { return textBytes_; }  // in memory
 
     // The cell as an entry again, borrowed until the next of its form is asked for.
     const DataEntry* entry(const Cell& cell, const Timestamp& t) const;
@@ -63,12 +64,13 @@ private:
     Form* formOf(const DataEntry& entry);
     Text* textOf(const DataEntry& entry);
     Text* newText(const Str& bytes);
-    static void Drop(Text* text);
-    static void Release(Text* text);
+    void drop(Text* text);
+    void release(Text* text);
     static bool Stands(const DataEntry& example, const DataEntry& entry);
 
     mutable FlexArray<Form*> forms_{true};
     std::unique_ptr<Form*[]> buckets_;  // by access code; null before the first cell
     std::unique_ptr<Text*[]> latest_;   // by element code, a use each; null before the first text
     Text* texts_ = nullptr;             // owned, a list of all
+    size_t textBytes_ = 0;
 };

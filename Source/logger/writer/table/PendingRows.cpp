@@ -9,6 +9,10 @@
 
 static const double NOT_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
+static size_t BytesOf(const SyslogEntry* entry) {
+    return entry == nullptr ? 0 : sizeof *entry + entry->getMessage().length();
+}
+
 PendingRows::PendingRows(int columnCount, const PageMemory::Room& room, PageMemory::Neighbour neighbour)
     : columnCount_(columnCount),
       memory_(room, std::move(neighbour)),
@@ -42,7 +46,10 @@ void PendingRows::add(const SyslogEntry& entry, const Timestamp& earliest) {
     const Rows::Place row = rowAt(t);
     TimePages<Message>::Place place = messages_.lastUpTo(Timed(t));
     if (!place || messages_.at(place) != Timed(t)) place = messages_.insertAfter(place, Message(t));
-    delete std::exchange(messages_.at(place).entry_, new SyslogEntry(entry));
+    SyslogEntry*& kept = messages_.at(place).entry_;
+    messageBytes_ -= BytesOf(kept);
+    delete std::exchange(kept, new SyslogEntry(entry));
+    messageBytes_ += BytesOf(kept);
     judgeReadiness(row);
 }
 
@@ -77,8 +84,9 @@ void PendingRows::dropFront() {
         column.hasLeft_ = true;
         column.samples_.dropFirst();
     }
-    if (frontSyslog() != nullptr) {
-        delete frontSyslog();
+    if (const SyslogEntry* const message = frontSyslog()) {
+        messageBytes_ -= BytesOf(message);
+        delete message;
         messages_.dropFirst();
     }
     rows_.dropFirst();

@@ -31,7 +31,7 @@ public:
     void add(const SyslogEntry& entry, const Timestamp& earliest);  // one per row; a later one replaces it
 
     bool isEmpty() const { return rows_.isEmpty(); }
-    size_t heldBytes() const { return memory_.heldBytes(); }  // about
+    size_t heldBytes() const { return memory_.heldBytes() + forms_.textBytes() + messageBytes_; }  // about
     // Something that waited in the file could not be read back: what the other operations give is nothing to go by.
     bool hasLost() const { return memory_.hasLost(); }
     Str lossReason() const { return memory_.lossReason(); }
@@ -126,4 +126,5 @@ private:
     Timed ready_;  // the rows before it can leave
     bool hasReady_ = false;
     unsigned long nextSerial_ = 0;
+    size_t messageBytes_ = 0;
 };

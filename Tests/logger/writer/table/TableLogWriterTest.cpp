@@ -255,6 +255,22 @@ TEST(TableLogWriterTest, RowsThatAreLostEndTheTableBehindWholeOnes) {
     EXPECT_LT(100, lost);
 }
 
+// For those who look for memory to be given back.
+TEST(TableLogWriterTest, WaitingTextsAreHeld) {
+    SmallLog log;
+    DataAccess* const text = log.declareText("A.text");
+    log.declare("A.absent");
+    log.endDirectory();
+    NameList names({"A.text", "A.absent"});
+    RecordingTable table(names, true);
+    for (int i = 0; i < 10; ++i) {
+        table.write(log.text(text, i, std::string(10000, static_cast<char>('a' + i)).c_str()), nullptr);
+    }
+    EXPECT_LT(100000u, table.heldBytes());
+    table.writeFooter();
+    EXPECT_GT(50000u, table.heldBytes());
+}
+
 // A table's file is incomplete whether the table stands in it, also behind a writer that asks, or in front of it.
 class EarlyEndTest : public OutputFixture {
 protected:
