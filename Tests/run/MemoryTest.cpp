@@ -72,9 +72,10 @@ TEST_F(MemoryTest, ADocumentThatIsRefusedMemoryIsWhole) {
         }
         if (CountOf(cut, refused) == 0) continue;
         const Limited whole = runWithin(megabytes, "-qO -aj dive");
-        needsAFile = whole.status_ == 0;
-        EXPECT_EQ(needsAFile, whole.out_.empty()) << megabytes << " MB " << whole.out_;
-        EXPECT_EQ(needsAFile, document == read("dive.js") && text == read("dive.asc")) << megabytes << " MB";
+        needsAFile = whole.out_.empty();  // else there was no memory for the names of the document, or for the run
+        if (!needsAFile) continue;
+        EXPECT_EQ(0, whole.status_) << megabytes << " MB";
+        EXPECT_TRUE(document == read("dive.js") && text == read("dive.asc")) << megabytes << " MB";
     }
     EXPECT_TRUE(needsAFile);
 }
