@@ -9,8 +9,8 @@
 namespace Digits {
 
 // "000" to "999", each followed by a NUL: four bytes are moved at once.
-inline constexpr std::array<char, 4004> TRIPLES = [] {
-    std::array<char, 4004> triples{};
+inline constexpr std::array<char, 4000> TRIPLES = [] {
+    std::array<char, 4000> triples{};
     for (size_t i = 0; i < 1000; ++i) {
         triples[4 * i] = static_cast<char>('0' + i / 100);
         triples[4 * i + 1] = static_cast<char>('0' + i / 10 % 10);

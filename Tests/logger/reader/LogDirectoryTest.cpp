@@ -52,6 +52,8 @@ TEST_F(LogDirectoryTest, AScanOfWhatIsReadAgainLogsNothing) {
 
 TEST_F(LogDirectoryTest, TheWholeDirectoryIsWrittenNamesFirst) {
     readDirectory(WorkedLogBytes());
+    Slate::ClearDirectory();
+    Slate::ReadDirectory(dir_.path("slate").c_str());
     LineCollector collector(lines_);
     Slate::WriteDirectory(&collector, false);
     Slate::WriteNameEntry(Slate::GetName(0), &collector, false);
