@@ -73,6 +73,7 @@ void PackedItems::takeBack(const State& end) {
     series_.cutTo(end.length_);
     longestText_ = end.longestText_;
     pending_ = end.pending_;
+    last_ = end.last_;
 }
 
 bool PackedItems::Reader::next() {

@@ -28,6 +28,7 @@ public:
         size_t length_;
         size_t longestText_;
         Repetition pending_;
+        double last_;
     };
 
     explicit PackedItems(SampleStore& store) : series_(store) {}
@@ -41,7 +42,7 @@ public:
     // What is added between these two is a piece.
     State beginPiece();
     Piece endPiece(const State& begin);
-    State state() const { return {series_.length(), longestText_, pending_}; }
+    State state() const { return {series_.length(), longestText_, pending_, last_}; }
     void takeBack(const State& end);  // what came since
 
     // All that there is: a piece, and how often one comes again behind it.

@@ -68,6 +68,17 @@ TEST(JsonArrayTest, WhatIsRepeatedMayHoldRepetitions) {
     EXPECT_EQ("null], [null", text.substr(text.size() / 2 - 6, 12));
 }
 
+TEST(JsonArrayTest, GoesOnFromWhereItWasTakenBackTo) {
+    SampleStore store;
+    JsonArray array(store, false);
+    array.addNumber(7);
+    const PackedItems::State end = array.state();
+    array.addNumber(8);
+    array.takeBack(end);
+    array.addNumber(8);
+    EXPECT_EQ("[7,8]", TextOf(array));
+}
+
 TEST(JsonArrayTest, KeepsWhatItHadWhenNothingTakesMore) {
     signal(SIGXFSZ, SIG_IGN);
     const FileSizeLimit limit(5000);
